@@ -1,0 +1,47 @@
+// The composition root: the only place that knows which desktop the program is built for.
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <memory>
+
+#include "app/AppDelegate.h"
+#include "platform/qt/QtMainQueue.h"
+#include "platform/qt/QtSystemLog.h"
+#include "platform/qt/StopSignals.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11HotKeys.h"
+#include "platform/x11/X11WindowProvider.h"
+
+namespace {
+
+int runOnDesktop() {
+  using namespace tilwin;
+  qt::QtSystemLog log;
+  qt::QtMainQueue queue;
+  const qt::StopSignals stopSignals(queue);
+  x11::X11Connection x(log);
+  x11::X11HotKeys hotKeys(x, queue, log);
+  Platform platform{queue, log, hotKeys, std::make_shared<x11::X11WindowProvider>(x, queue)};
+
+  queue.watch(x.fileDescriptor(), [&x] { x.dispatch(); });
+  x.onLost([&] {
+    log.write("Tilwin: the X server has gone");
+    queue.stop(0);
+  });
+
+  AppDelegate delegate(platform);
+  delegate.start();
+  return queue.run();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  try {
+    return runOnDesktop();
+  } catch (const tilwin::x11::X11Unavailable& reason) {
+    std::fprintf(stderr, "Tilwin: %s\n", reason.what());
+    return 1;
+  }
+}

@@ -1,0 +1,41 @@
+# How every target of the project is made: one language level, one set of warnings, one include root.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(TILWIN_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+add_library(TilwinBuildRules INTERFACE)
+target_include_directories(TilwinBuildRules INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(TilwinBuildRules INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(TILWIN_SANITIZE)
+  target_compile_options(TilwinBuildRules INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(TilwinBuildRules INTERFACE -fsanitize=address,undefined)
+endif()
+
+# tilwin_library(NAME SOURCES a.cpp ... [LINK TargetA ...]): a static library of the project.
+function(tilwin_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC TilwinBuildRules ${arg_LINK})
+endfunction()
+
+# tilwin_program(NAME SOURCES a.cpp ... [LINK TargetA ...]): a program, put at the top of the build folder.
+function(tilwin_program name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE TilwinBuildRules ${arg_LINK})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+endfunction()
+
+# tilwin_test_run(RUN COMMAND command ...): one run of a test program, its results kept as XML for the final count.
+function(tilwin_test_run run)
+  cmake_parse_arguments(arg "" "" "COMMAND" ${ARGN})
+  add_test(NAME ${run} COMMAND ${arg_COMMAND})
+  set_tests_properties(${run} PROPERTIES
+    ENVIRONMENT "GTEST_OUTPUT=xml:${CMAKE_BINARY_DIR}/results/${run}.xml")
+endfunction()

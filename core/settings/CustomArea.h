@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/geometry/NormalizedRect.h"
+#include "core/settings/HotKeySpec.h"
+#include "core/support/Uuid.h"
+
+namespace tilwin {
+
+/// A place for windows that the user has named.
+struct CustomArea {
+  Uuid id{};  ///< stays the same when the area is renamed
+  std::string name{};
+  NormalizedRect rect{};  ///< fractions of a display's visible frame
+  std::optional<HotKeySpec> shortcut{};
+
+  bool operator==(const CustomArea&) const = default;
+};
+
+}  // namespace tilwin

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/settings/CustomArea.h"
+#include "core/settings/HotKeySpec.h"
+#include "core/snap/SnapAction.h"
+
+namespace tilwin {
+
+/// The user's preferences. Shortcuts hold only what differs from the built-in ones, so that a change of those
+/// reaches everyone who never touched that action.
+struct TilwinSettings {
+  struct DefaultShortcut {
+    SnapAction action;
+    HotKeySpec spec;
+  };
+
+  double gap = 0;    ///< points between tiled windows
+  double outer = 0;  ///< points around the edge of the screen
+  bool cycleWidths = true;
+  bool dragToSnap = true;
+  bool shadowRecording = false;
+  bool showMenuBarIcon = true;
+  bool restoreOnDisplayChange = true;
+  std::map<std::string, HotKeySpec> shortcuts;  ///< overrides, by the action's raw value
+  std::set<std::string> disabled;               ///< raw values of actions whose shortcut the user removed
+  std::vector<std::string> ignoredApps;         ///< bundle identifiers
+  std::vector<CustomArea> customAreas;
+
+  bool operator==(const TilwinSettings&) const = default;
+
+  /// The built-in shortcuts; an action without a row has none.
+  [[nodiscard]] static std::span<const DefaultShortcut> defaults();
+  /// The shortcut in force: none when disabled, else the override, else the built-in one.
+  [[nodiscard]] std::optional<HotKeySpec> shortcut(SnapAction action) const;
+};
+
+}  // namespace tilwin

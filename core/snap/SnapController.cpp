@@ -1,0 +1,153 @@
+#include "core/snap/SnapController.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "core/geometry/DisplayOrder.h"
+#include "core/geometry/NormalizedRect.h"
+
+namespace tilwin {
+namespace {
+
+constexpr double inPlaceTolerance = 1;
+constexpr double cycleTolerance = 2;
+constexpr double titleStripHeight = 40;
+
+using Cycle = std::array<SnapAction, 3>;
+constexpr std::array<Cycle, 2> cycles{{
+    {SnapAction::leftHalf, SnapAction::leftTwoThirds, SnapAction::leftThird},
+    {SnapAction::rightHalf, SnapAction::rightTwoThirds, SnapAction::rightThird},
+}};
+
+/// Whether enough of the top of a window would be in view there for the user to get hold of it.
+bool isReachable(const Rect& frame, const std::vector<DisplayInfo>& displays) {
+  const Rect strip{frame.x, frame.y, frame.width, std::min(frame.height, titleStripHeight)};
+  return std::any_of(displays.begin(), displays.end(), [&](const DisplayInfo& display) {
+    return strip.overlapFraction(display.visibleFrame) > 0.5;
+  });
+}
+
+}  // namespace
+
+/// What one action works on.
+struct SnapController::Scene {
+  WindowProvider& provider;
+  const WindowInfo& window;
+  const std::vector<DisplayInfo>& displays;
+  const DisplayInfo& display;  ///< the one the window belongs to
+};
+
+SnapController::SnapController(std::weak_ptr<WindowProvider> provider) : provider_(std::move(provider)) {}
+
+bool SnapController::perform(SnapAction action) {
+  const auto provider = provider_.lock();
+  if (!provider) return false;
+  const auto window = provider->focusedWindow();
+  if (!window || !act(action, *provider, *window)) return false;
+  if (onEvent) onEvent(window->id, action);
+  return true;
+}
+
+bool SnapController::act(SnapAction action, WindowProvider& provider, const WindowInfo& window) {
+  if (ignoredBundleIDs.contains(window.bundleID)) return false;
+  const auto displays = provider.displays();
+  const DisplayInfo* home = display(window.frame, displays);
+  if (home == nullptr) return false;
+  const Scene scene{provider, window, displays, *home};
+  switch (action) {
+    case SnapAction::nextDisplay:
+    case SnapAction::previousDisplay:
+      return moveToNeighbour(action, scene);
+    case SnapAction::restore:
+      return restore(scene);
+    default:
+      return place(action, scene);
+  }
+}
+
+bool SnapController::moveToNeighbour(SnapAction action, const Scene& scene) {
+  const auto ordered = DisplayOrder::sorted(scene.displays);
+  if (ordered.size() < 2) return false;
+  const auto here = std::find_if(ordered.begin(), ordered.end(),
+                                 [&](const DisplayInfo& display) { return display.id == scene.display.id; });
+  if (here == ordered.end()) return false;
+  const auto index = static_cast<std::size_t>(here - ordered.begin());
+  const std::size_t step = action == SnapAction::nextDisplay ? 1 : ordered.size() - 1;
+  const DisplayInfo& target = ordered[(index + step) % ordered.size()];
+  const auto share = NormalizedRect::of(scene.window.frame, scene.display.visibleFrame);
+  remember(scene.window);
+  return scene.provider.setFrame(scene.window.id, share.rect(target.visibleFrame));
+}
+
+bool SnapController::restore(const Scene& scene) {
+  const auto entry = previous_.extract(scene.window.id);
+  if (entry.empty()) return false;
+  const Rect& saved = entry.mapped();
+  const Rect target = isReachable(saved, scene.displays) ? saved : saved.moved(scene.display.visibleFrame);
+  return scene.provider.setFrame(scene.window.id, target);
+}
+
+bool SnapController::place(SnapAction action, const Scene& scene) {
+  const Rect& current = scene.window.frame;
+  const Rect& area = scene.display.visibleFrame;
+  if (cycleWidths) action = cycled(action, current, area, outer, gap).value_or(action);
+  const auto target = SnapActions::frame(action, current, area, outer, gap);
+  if (!target) return false;
+  if (current.isClose(*target, inPlaceTolerance)) return true;
+  remember(scene.window);
+  return scene.provider.setFrame(scene.window.id, *target);
+}
+
+bool SnapController::snap(std::int64_t windowID, SnapAction to, const DisplayInfo& on,
+                          const Rect& currentFrame) {
+  const auto provider = provider_.lock();
+  if (!provider) return false;
+  const auto target = SnapActions::frame(to, currentFrame, on.visibleFrame, outer, gap);
+  if (!target) return false;
+  previous_.try_emplace(windowID, currentFrame);
+  if (!provider->setFrame(windowID, *target)) return false;
+  if (onEvent) onEvent(windowID, to);
+  return true;
+}
+
+void SnapController::remember(const WindowInfo& window) { previous_.try_emplace(window.id, window.frame); }
+
+void SnapController::forget(std::int64_t windowID) { previous_.erase(windowID); }
+
+std::optional<Rect> SnapController::originalFrame(std::int64_t windowID) const {
+  const auto entry = previous_.find(windowID);
+  if (entry == previous_.end()) return std::nullopt;
+  return entry->second;
+}
+
+const DisplayInfo* SnapController::display(const Rect& containing, const std::vector<DisplayInfo>& displays) {
+  const DisplayInfo* best = nullptr;
+  double most = 0;
+  for (const DisplayInfo& candidate : displays) {
+    const double share = containing.overlapFraction(candidate.frame);
+    if (share > most) {
+      best = &candidate;
+      most = share;
+    }
+  }
+  if (best != nullptr || displays.empty()) return best;
+  const auto primary = std::find_if(displays.begin(), displays.end(),
+                                    [](const DisplayInfo& display) { return display.isPrimary; });
+  return primary == displays.end() ? &displays.front() : &*primary;
+}
+
+std::optional<SnapAction> SnapController::cycled(SnapAction action, const Rect& current, const Rect& area,
+                                                 double outer, double gap) {
+  const auto cycle = std::find_if(cycles.begin(), cycles.end(), [&](const Cycle& members) {
+    return std::find(members.begin(), members.end(), action) != members.end();
+  });
+  if (cycle == cycles.end()) return std::nullopt;
+  for (std::size_t index = 0; index < cycle->size(); ++index) {
+    const auto frame = SnapActions::frame((*cycle)[index], current, area, outer, gap);
+    if (frame && frame->isClose(current, cycleTolerance)) return (*cycle)[(index + 1) % cycle->size()];
+  }
+  return std::nullopt;
+}
+
+}  // namespace tilwin

@@ -1,0 +1,140 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <variant>
+#include <vector>
+
+#include "core/support/JsonError.h"
+#include "core/support/JsonReader.h"
+#include "core/support/JsonValue.h"
+
+/// How values become JSON and come back. A record says which keys it has by specialising `JsonFields`; a type
+/// with a form of its own specialises `JsonCoding`.
+
+namespace tilwin {
+
+template <typename Record, typename Member>
+struct JsonField {
+  std::string_view key;
+  Member Record::*member;
+};
+
+template <typename Record, typename Member>
+JsonField(const char*, Member Record::*) -> JsonField<Record, Member>;
+
+/// A record's keys in the order written: a constexpr tuple `table` of `JsonField`s. An optional member may be
+/// absent or null, and is left out when it holds nothing; every other key is required.
+template <typename Record>
+struct JsonFields;
+
+template <typename T>
+struct JsonCoding {
+  static T decode(const JsonReader& reader) {
+    T record;
+    std::apply([&](const auto&... field) { (take(reader, field, record), ...); }, JsonFields<T>::table);
+    return record;
+  }
+  static JsonValue encode(const T& record) {
+    JsonValue object = JsonValue::object();
+    std::apply([&](const auto&... field) { (put(object, field.key, record.*field.member), ...); },
+               JsonFields<T>::table);
+    return object;
+  }
+
+private:
+  template <typename Member>
+  static void take(const JsonReader& reader, const JsonField<T, Member>& field, T& record) {
+    record.*field.member = JsonCoding<Member>::decode(reader.member(field.key));
+  }
+  template <typename Member>
+  static void take(const JsonReader& reader, const JsonField<T, std::optional<Member>>& field, T& record) {
+    const auto found = reader.find(field.key);
+    if (found) record.*field.member = JsonCoding<Member>::decode(*found);
+  }
+  template <typename Member>
+  static void put(JsonValue& object, std::string_view key, const Member& value) {
+    object.set(key, JsonCoding<Member>::encode(value));
+  }
+  template <typename Member>
+  static void put(JsonValue& object, std::string_view key, const std::optional<Member>& value) {
+    if (value) put(object, key, *value);
+  }
+};
+
+template <>
+struct JsonCoding<bool> {
+  static bool decode(const JsonReader& reader) { return reader.flag(); }
+  static JsonValue encode(bool value) { return JsonValue::of(value); }
+};
+
+template <>
+struct JsonCoding<double> {
+  static double decode(const JsonReader& reader) { return reader.number(); }
+  static JsonValue encode(double value) { return JsonValue::of(value); }
+};
+
+template <>
+struct JsonCoding<std::int64_t> {
+  using Limits = std::numeric_limits<std::int64_t>;
+  static std::int64_t decode(const JsonReader& reader) {
+    return reader.wholeNumber(Limits::min(), Limits::max());
+  }
+  static JsonValue encode(std::int64_t value) { return JsonValue::of(value); }
+};
+
+template <>
+struct JsonCoding<std::uint32_t> {
+  using Limits = std::numeric_limits<std::uint32_t>;
+  static std::uint32_t decode(const JsonReader& reader) {
+    return static_cast<std::uint32_t>(reader.wholeNumber(Limits::min(), Limits::max()));
+  }
+  static JsonValue encode(std::uint32_t value) { return JsonValue::of(std::int64_t{value}); }
+};
+
+template <>
+struct JsonCoding<std::string> {
+  static std::string decode(const JsonReader& reader) { return reader.text(); }
+  static JsonValue encode(const std::string& value) { return JsonValue::of(std::string_view(value)); }
+};
+
+template <typename Element>
+struct JsonCoding<std::vector<Element>> {
+  static std::vector<Element> decode(const JsonReader& reader) {
+    std::vector<Element> values;
+    for (const JsonReader& element : reader.elements())
+      values.push_back(JsonCoding<Element>::decode(element));
+    return values;
+  }
+  static JsonValue encode(const std::vector<Element>& values) {
+    JsonValue array = JsonValue::array();
+    for (const Element& value : values) array.append(JsonCoding<Element>::encode(value));
+    return array;
+  }
+};
+
+/// Reads a whole text: the value, or why there is none.
+template <typename T>
+[[nodiscard]] std::variant<T, JsonError> decodeJson(std::string_view text) {
+  try {
+    return JsonCoding<T>::decode(JsonReader::parse(text));
+  } catch (const JsonError& error) {
+    return error;
+  }
+}
+
+/// Writes a whole text, compact: the text, or why there is none.
+template <typename T>
+[[nodiscard]] std::variant<std::string, JsonError> encodeJson(const T& value) {
+  try {
+    return JsonCoding<T>::encode(value).text();
+  } catch (const JsonError& error) {
+    return error;
+  }
+}
+
+}  // namespace tilwin

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/support/JsonError.h"
+
+namespace tilwin {
+
+/// One place in a JSON text that has been read. Cheap to copy; the text's content lives as long as any reader
+/// of it does. Every reading function throws `JsonError` when something else stands there.
+class JsonReader {
+public:
+  [[nodiscard]] static JsonReader parse(std::string_view text);
+
+  [[nodiscard]] bool isNull() const;
+  [[nodiscard]] bool flag() const;
+  /// Any number, with a fraction or without.
+  [[nodiscard]] double number() const;
+  /// A number without a fraction, within the bounds.
+  [[nodiscard]] std::int64_t wholeNumber(std::int64_t least, std::int64_t most) const;
+  [[nodiscard]] std::string text() const;
+  [[nodiscard]] std::vector<JsonReader> elements() const;
+
+  /// The value under a key that must be there.
+  [[nodiscard]] JsonReader member(std::string_view key) const;
+  /// The value under a key that may be absent or null.
+  [[nodiscard]] std::optional<JsonReader> find(std::string_view key) const;
+  /// The keys of an object in the order written.
+  [[nodiscard]] std::vector<std::string> keys() const;
+
+  [[noreturn]] void fail(JsonError::Kind kind, const std::string& message) const;
+
+private:
+  JsonReader(std::shared_ptr<const void> node, std::string path);
+
+  std::shared_ptr<const void> node_;  ///< shares the document, points at the value
+  std::string path_;
+};
+
+}  // namespace tilwin

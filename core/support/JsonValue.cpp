@@ -1,0 +1,62 @@
+#include "core/support/JsonValue.h"
+
+#include <cmath>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "core/support/JsonError.h"
+
+namespace tilwin {
+
+struct JsonValue::Node {
+  nlohmann::ordered_json json;
+};
+
+namespace {
+
+/// Below this size every whole float is a whole number that reads back to the same float.
+constexpr double largestExactWhole = 0x1p53;
+
+bool isWrittenWhole(double number) {
+  const bool negativeZero = number == 0 && std::signbit(number);
+  return number == std::trunc(number) && std::abs(number) <= largestExactWhole && !negativeZero;
+}
+
+}  // namespace
+
+JsonValue::JsonValue(Node&& node) : node_(std::make_unique<Node>(std::move(node))) {}
+JsonValue::JsonValue(JsonValue&&) noexcept = default;
+JsonValue& JsonValue::operator=(JsonValue&&) noexcept = default;
+JsonValue::~JsonValue() = default;
+
+JsonValue JsonValue::object() { return JsonValue(Node{nlohmann::ordered_json::object()}); }
+
+JsonValue JsonValue::array() { return JsonValue(Node{nlohmann::ordered_json::array()}); }
+
+JsonValue JsonValue::of(bool flag) { return JsonValue(Node{flag}); }
+
+JsonValue JsonValue::of(std::int64_t number) { return JsonValue(Node{number}); }
+
+JsonValue JsonValue::of(double number) {
+  if (!std::isfinite(number)) throw JsonError(JsonError::Kind::badValue, "", "not a finite number");
+  if (isWrittenWhole(number)) return of(static_cast<std::int64_t>(number));
+  return JsonValue(Node{number});
+}
+
+JsonValue JsonValue::of(std::string_view text) { return JsonValue(Node{std::string(text)}); }
+
+void JsonValue::set(std::string_view key, JsonValue value) {
+  node_->json[std::string(key)] = std::move(value.node_->json);
+}
+
+void JsonValue::append(JsonValue value) { node_->json.push_back(std::move(value.node_->json)); }
+
+std::string JsonValue::text() const {
+  try {
+    return node_->json.dump();
+  } catch (const nlohmann::ordered_json::exception& error) {
+    throw JsonError(JsonError::Kind::badValue, "", error.what());
+  }
+}
+
+}  // namespace tilwin

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tilwin {
+
+/// A 128-bit identifier (RFC 4122).
+struct Uuid {
+  std::array<std::uint8_t, 16> bytes{};
+
+  auto operator<=>(const Uuid&) const = default;
+
+  /// A fresh random identifier (version 4).
+  [[nodiscard]] static Uuid random();
+  /// Reads the hyphenated form in either case; nothing for any other text.
+  [[nodiscard]] static std::optional<Uuid> parse(std::string_view text);
+  /// Upper-case hyphenated text, 36 characters.
+  [[nodiscard]] std::string text() const;
+};
+
+}  // namespace tilwin
+
+template <>
+struct std::hash<tilwin::Uuid> {
+  std::size_t operator()(const tilwin::Uuid& uuid) const noexcept;
+};

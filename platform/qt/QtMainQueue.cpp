@@ -1,0 +1,66 @@
+#include "platform/qt/QtMainQueue.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <chrono>
+#include <utility>
+
+namespace tilwin::qt {
+
+namespace {
+
+/// Below this share of the interval Qt may not delay a timer of the precise kind at all.
+constexpr double coarseShare = 0.05;
+
+std::chrono::milliseconds rounded(MainQueue::Seconds time) {
+  return std::chrono::ceil<std::chrono::milliseconds>(time);
+}
+
+class TimerRepetition : public MainQueue::Repetition {
+public:
+  TimerRepetition(MainQueue::Seconds interval, MainQueue::Seconds tolerance, MainQueue::Task task) {
+    timer_.setTimerType(tolerance >= interval * coarseShare ? Qt::CoarseTimer : Qt::PreciseTimer);
+    timer_.callOnTimeout(std::move(task));
+    timer_.start(rounded(interval));
+  }
+
+private:
+  QTimer timer_;
+};
+
+}  // namespace
+
+void QtMainQueue::post(Task task) {
+  QMetaObject::invokeMethod(&context_, std::move(task), Qt::QueuedConnection);
+}
+
+void QtMainQueue::postAfter(Seconds delay, Task task) {
+  QTimer::singleShot(rounded(delay), Qt::PreciseTimer, &context_, std::move(task));
+}
+
+std::unique_ptr<MainQueue::Repetition> QtMainQueue::repeat(Seconds interval, Seconds tolerance, Task task) {
+  return std::make_unique<TimerRepetition>(interval, tolerance, std::move(task));
+}
+
+MainQueue::WallTime QtMainQueue::now() const { return std::chrono::system_clock::now(); }
+
+MainQueue::Seconds QtMainQueue::uptime() const { return std::chrono::steady_clock::now().time_since_epoch(); }
+
+int QtMainQueue::run() {
+  const int exitStatus = QCoreApplication::exec();
+  for (const auto& task : std::exchange(aboutToStop_, {})) task();
+  return exitStatus;
+}
+
+void QtMainQueue::stop(int exitStatus) { QCoreApplication::exit(exitStatus); }
+
+void QtMainQueue::watch(int fileDescriptor, const Task& task) {
+  auto* notifier = new QSocketNotifier(fileDescriptor, QSocketNotifier::Read, &context_);
+  QObject::connect(notifier, &QSocketNotifier::activated, &context_, task);
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &context_,
+                   task);
+}
+
+}  // namespace tilwin::qt

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <vector>
+
+#include "platform/ports/MainQueue.h"
+
+namespace tilwin::qt {
+
+/// The main queue on Qt's event loop. A QCoreApplication must exist for as long as this does.
+class QtMainQueue : public MainQueue {
+public:
+  QtMainQueue() = default;
+
+  void post(Task task) override;
+  void postAfter(Seconds delay, Task task) override;
+  [[nodiscard]] std::unique_ptr<Repetition> repeat(Seconds interval, Seconds tolerance, Task task) override;
+  [[nodiscard]] WallTime now() const override;
+  [[nodiscard]] Seconds uptime() const override;
+  int run() override;
+  void stop(int exitStatus) override;
+  void onAboutToStop(Task task) override { aboutToStop_.push_back(std::move(task)); }
+
+  /// Calls the task when the descriptor becomes readable, and before each sleep: a library that reads the
+  /// descriptor ahead, as xcb does, may hold events that the descriptor no longer shows.
+  void watch(int fileDescriptor, const Task& task);
+
+private:
+  QObject context_;
+  std::vector<Task> aboutToStop_;
+};
+
+}  // namespace tilwin::qt

@@ -1,0 +1,83 @@
+#include "platform/simulated/SimulatedWindowProvider.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace tilwin {
+
+SimulatedWindowProvider::SimulatedWindowProvider(SimulatedWindows& windows) : windows_(windows) {}
+
+std::vector<DisplayInfo> SimulatedWindowProvider::displays() { return windows_.displays(); }
+
+std::optional<WindowInfo> SimulatedWindowProvider::focusedWindow() {
+  const auto focused = windows_.focused();
+  if (!focused || windows_.find(*focused)->isOfThisProgram) return std::nullopt;
+  return described(*focused, 0);
+}
+
+std::vector<WindowInfo> SimulatedWindowProvider::allWindows() {
+  handedOut_.clear();
+  std::vector<WindowInfo> result;
+  for (const auto handle : listed()) {
+    result.push_back(described(handle, static_cast<std::int64_t>(result.size())));
+  }
+  return result;
+}
+
+/// The frontmost application's windows first, the other applications by name, each one's windows from the
+/// front backwards.
+std::vector<SimulatedWindows::Handle> SimulatedWindowProvider::listed() const {
+  std::vector<SimulatedWindows::Handle> handles;
+  std::copy_if(windows_.stack().begin(), windows_.stack().end(), std::back_inserter(handles),
+               [&](SimulatedWindows::Handle handle) {
+                 const SimulatedWindow& window = *windows_.find(handle);
+                 return window.isStandard && !window.isOfThisProgram;
+               });
+  const auto focused = windows_.focused();
+  const std::string front = focused ? windows_.find(*focused)->bundleID : "";
+  const auto rank = [&](SimulatedWindows::Handle handle) {
+    const SimulatedWindow& window = *windows_.find(handle);
+    return std::tie(window.appName, window.bundleID);
+  };
+  std::stable_sort(handles.begin(), handles.end(), [&](auto first, auto second) {
+    const bool firstInFront = focused && windows_.find(first)->bundleID == front;
+    const bool secondInFront = focused && windows_.find(second)->bundleID == front;
+    if (firstInFront != secondInFront) return firstInFront;
+    return rank(first) < rank(second);
+  });
+  return handles;
+}
+
+bool SimulatedWindowProvider::setFrame(std::int64_t id, const Rect& frame) {
+  if (!handedOut_.contains(id)) return false;
+  windows_.unmaximize(id);
+  if (!windows_.request(id, frame)) return false;
+  const SimulatedWindow& window = *windows_.find(id);
+  if (window.answer == SimulatedWindow::Answer::obeys) answers_[id] = {frame, window.frame};
+  return true;
+}
+
+WindowInfo SimulatedWindowProvider::described(SimulatedWindows::Handle handle, std::int64_t zOrder) {
+  handedOut_.insert(handle);
+  const SimulatedWindow& window = *windows_.find(handle);
+  WindowInfo info{.id = handle,
+                  .bundleID = window.bundleID,
+                  .appName = window.appName,
+                  .title = window.title,
+                  .frame = reportedFrame(handle, window.frame),
+                  .isMinimized = window.isMinimized,
+                  .zOrder = zOrder};
+  if (window.vanishesOnceSeen) windows_.close(handle);
+  return info;
+}
+
+Rect SimulatedWindowProvider::reportedFrame(SimulatedWindows::Handle handle, const Rect& standing) {
+  const auto answer = answers_.find(handle);
+  if (answer == answers_.end()) return standing;
+  if (answer->second.standing == standing) return answer->second.asked;
+  answers_.erase(answer);
+  return standing;
+}
+
+}  // namespace tilwin

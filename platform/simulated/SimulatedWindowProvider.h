@@ -1,0 +1,37 @@
+#pragma once
+
+#include <unordered_map>
+#include <unordered_set>
+
+#include "core/geometry/WindowProvider.h"
+#include "platform/simulated/SimulatedWindows.h"
+
+namespace tilwin {
+
+/// Windows of the simulated desktop as the program sees them. A window whose size did not follow a request to
+/// the point is reported at the frame asked for, as long as it stands where that request put it.
+class SimulatedWindowProvider final : public WindowProvider {
+public:
+  explicit SimulatedWindowProvider(SimulatedWindows& windows);
+
+  std::vector<DisplayInfo> displays() override;
+  std::optional<WindowInfo> focusedWindow() override;
+  std::vector<WindowInfo> allWindows() override;
+  bool setFrame(std::int64_t id, const Rect& frame) override;
+
+private:
+  struct Answer {
+    Rect asked;
+    Rect standing;
+  };
+
+  [[nodiscard]] std::vector<SimulatedWindows::Handle> listed() const;
+  WindowInfo described(SimulatedWindows::Handle handle, std::int64_t zOrder);
+  Rect reportedFrame(SimulatedWindows::Handle handle, const Rect& standing);
+
+  SimulatedWindows& windows_;
+  std::unordered_set<std::int64_t> handedOut_;
+  std::unordered_map<std::int64_t, Answer> answers_;
+};
+
+}  // namespace tilwin

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <unordered_map>
+
+namespace tilwin::x11 {
+
+/// The localised names of applications by the id of their desktop entry, each looked up once.
+/// Source: XDG Desktop Entry Specification; entries are sought in `applications` under XDG_DATA_HOME and
+/// XDG_DATA_DIRS.
+class DesktopEntries {
+public:
+  /// The entry's Name in the user's language; `otherwise` when there is no such entry.
+  [[nodiscard]] const std::string& nameOf(const std::string& id, const std::string& otherwise);
+
+private:
+  std::unordered_map<std::string, std::string> names_;
+};
+
+}  // namespace tilwin::x11

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace tilwin::x11 {
+
+/// What an X server and its window manager offer of the things this program cannot do without.
+struct ServerNeeds {
+  struct Version {
+    unsigned major = 0;
+    unsigned minor = 0;
+
+    auto operator<=>(const Version&) const = default;
+  };
+
+  Version randr;               ///< RandR; monitors need 1.5
+  Version xinput;              ///< X Input; raw events need 2.0
+  Version xkb;                 ///< X Keyboard; 1.0
+  bool windowManager = false;  ///< an EWMH window manager runs: _NET_SUPPORTING_WM_CHECK names a live window
+  bool moveResize = false;     ///< it takes _NET_MOVERESIZE_WINDOW
+
+  bool operator==(const ServerNeeds&) const = default;
+};
+
+/// One line that names the first thing missing and what to do about it; nothing when all is there.
+[[nodiscard]] std::optional<std::string> missing(const ServerNeeds& offered);
+
+}  // namespace tilwin::x11

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vector>
+
+#include "core/geometry/DisplayInfo.h"
+#include "platform/ports/MainQueue.h"
+#include "platform/x11/DeferredWork.h"
+#include "platform/x11/Strut.h"
+#include "platform/x11/X11Connection.h"
+
+namespace tilwin::x11 {
+
+/// The monitors with what panels leave free of them, kept between events so that a key press reads none of
+/// it. Sources: RandR 1.5, monitors; EWMH, _NET_WM_STRUT_PARTIAL.
+class X11Displays {
+public:
+  /// Connection and queue must outlive this.
+  X11Displays(X11Connection& x, MainQueue& queue);
+
+  /// The primary monitor first, then in the server's order; the first one stands in where none is primary.
+  [[nodiscard]] const std::vector<DisplayInfo>& current();
+
+private:
+  void propertyChanged(const xcb_property_notify_event_t& event);
+  void refresh();
+  [[nodiscard]] std::vector<Strut> readStruts(const Rect& desktop);
+
+  X11Connection& x_;
+  std::vector<xcb_window_t> panels_;  ///< windows that keep room, whose properties are watched
+  std::vector<DisplayInfo> displays_;
+  DeferredWork reading_;
+};
+
+/// The windows that the manager looks after, in the order of the given property: oldest first for
+/// `netClientList`, bottom first for `netClientListStacking`.
+[[nodiscard]] std::vector<xcb_window_t> readClientList(const X11Connection& x, Atom property);
+
+}  // namespace tilwin::x11

@@ -1,0 +1,143 @@
+#include "platform/x11/X11WindowProvider.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/x11/Property.h"
+#include "platform/x11/WindowRequests.h"
+
+namespace tilwin::x11 {
+
+namespace {
+
+constexpr MainQueue::Seconds atOnce{0};
+
+bool isOwn(const WindowSnapshot& snapshot) {
+  return snapshot.process == static_cast<std::uint32_t>(getpid());
+}
+
+}  // namespace
+
+X11WindowProvider::X11WindowProvider(X11Connection& x, MainQueue& queue)
+    : x_(x), queue_(queue), displays_(x, queue), closing_(queue, atOnce, [this] { forgetClosedWindows(); }) {
+  listenToEvents();
+  activeWindow_ =
+      PropertyRequest(x_.get(), x_.root(), x_.atom(Atom::netActiveWindow)).number().value_or(XCB_WINDOW_NONE);
+}
+
+void X11WindowProvider::listenToEvents() {
+  x_.onEvent(XCB_PROPERTY_NOTIFY, [this](const xcb_generic_event_t& event) {
+    propertyChanged(reinterpret_cast<const xcb_property_notify_event_t&>(event));
+  });
+  x_.onEvent(XCB_CONFIGURE_NOTIFY, [this](const xcb_generic_event_t& event) {
+    windowConfigured(reinterpret_cast<const xcb_configure_notify_event_t&>(event).window);
+  });
+  x_.onEvent(XCB_DESTROY_NOTIFY, [this](const xcb_generic_event_t& event) {
+    ledger_.forget(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+  });
+}
+
+std::vector<DisplayInfo> X11WindowProvider::displays() { return displays_.current(); }
+
+std::optional<WindowInfo> X11WindowProvider::focusedWindow() {
+  closing_.doNow();
+  auto snapshot = readActiveWindow(x_, activeWindow_);
+  if (!snapshot) return std::nullopt;
+  activeWindow_ = snapshot->window;
+  if (snapshot->furniture || isOwn(*snapshot)) return std::nullopt;
+  lastSeen_ = {std::move(*snapshot), x_.generation()};
+  return infoFor(lastSeen_->snapshot, 0);
+}
+
+std::vector<WindowInfo> X11WindowProvider::allWindows() {
+  auto stacking = readClientList(x_, Atom::netClientListStacking);
+  std::ranges::reverse(stacking);
+  const auto snapshots = readWindows(x_, stacking);
+  // The manager may still list a window that has just gone.
+  std::vector<xcb_window_t> open;
+  std::ranges::transform(snapshots, std::back_inserter(open), &WindowSnapshot::window);
+  ids_.keepOnly(open);
+  std::vector<WindowInfo> result;
+  for (const auto& snapshot : snapshots) {
+    if (!snapshot.standard || isOwn(snapshot)) continue;
+    result.push_back(infoFor(snapshot, static_cast<std::int64_t>(result.size())));
+  }
+  return result;
+}
+
+bool X11WindowProvider::setFrame(std::int64_t id, const Rect& frame) {
+  const auto window = ids_.windowOf(id);
+  if (!window) return false;
+  const auto snapshot = freshSnapshot(*window);
+  if (!snapshot) return false;
+  requestRelease(x_, *snapshot);
+  move(*snapshot, frame);
+  return true;
+}
+
+std::optional<WindowSnapshot> X11WindowProvider::freshSnapshot(xcb_window_t window) const {
+  if (lastSeen_ && lastSeen_->snapshot.window == window && lastSeen_->generation == x_.generation()) {
+    return lastSeen_->snapshot;
+  }
+  auto read = readWindows(x_, std::span(&window, 1));
+  return read.empty() ? std::nullopt : std::optional(std::move(read.front()));
+}
+
+void X11WindowProvider::move(const WindowSnapshot& snapshot, const Rect& frame) {
+  watch(snapshot.window, true);
+  requestFrame(x_, snapshot, frame);
+  x_.flush();
+  ledger_.asked(snapshot.window, {frame, snapshot.shape}, queue_.uptime());
+  lastSeen_.reset();
+}
+
+void X11WindowProvider::propertyChanged(const xcb_property_notify_event_t& event) {
+  const bool onRoot = event.window == x_.root();
+  if (onRoot && event.atom == x_.atom(Atom::netActiveWindow)) {
+    activeWindow_ = PropertyRequest(x_.get(), x_.root(), event.atom).number().value_or(XCB_WINDOW_NONE);
+  } else if (onRoot && event.atom == x_.atom(Atom::netClientList)) {
+    closing_.need();
+  } else if (event.atom == x_.atom(Atom::netFrameExtents) || event.atom == x_.atom(Atom::gtkFrameExtents) ||
+             event.atom == x_.atom(Atom::netWmState)) {
+    correctShape(event.window);
+  }
+}
+
+void X11WindowProvider::windowConfigured(xcb_window_t window) {
+  if (window == x_.root()) return;
+  if (!ledger_.configured(window, queue_.uptime())) watch(window, false);
+}
+
+/// The request was worked out with the decoration and shadow that the window had; leaving the maximised or
+/// full-screen state changes them, which shows only when the manager and the client have done it.
+void X11WindowProvider::correctShape(xcb_window_t window) {
+  const auto request = ledger_.correctable(window, queue_.uptime());
+  if (!request) return;
+  const auto read = readWindows(x_, std::span(&window, 1));
+  if (read.empty()) return;
+  const auto& snapshot = read.front();
+  if (snapshot.maximized || snapshot.fullScreen || snapshot.shape == request->shape) return;
+  move(snapshot, request->frame);
+}
+
+void X11WindowProvider::forgetClosedWindows() { ids_.keepOnly(readClientList(x_, Atom::netClientList)); }
+
+WindowInfo X11WindowProvider::infoFor(const WindowSnapshot& snapshot, std::int64_t zOrder) {
+  return {.id = ids_.idOf(snapshot.window, snapshot.process),
+          .bundleID = snapshot.application,
+          .appName = desktopEntries_.nameOf(snapshot.application, snapshot.windowClass),
+          .title = snapshot.title,
+          .frame = ledger_.reported(snapshot.window, snapshot.frame(), queue_.uptime()),
+          .isMinimized = snapshot.hidden,
+          .zOrder = zOrder};
+}
+
+void X11WindowProvider::watch(xcb_window_t window, bool on) const {
+  const std::uint32_t mask =
+      on ? XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE : XCB_EVENT_MASK_NO_EVENT;
+  xcb_change_window_attributes(x_.get(), window, XCB_CW_EVENT_MASK, &mask);
+}
+
+}  // namespace tilwin::x11

@@ -1,0 +1,145 @@
+"""clang-tidy over every source of the compile database.
+
+Going through the system headers takes seconds and going through a source takes next to nothing, so the sources
+of a top folder that are built alike are linted together, as one translation unit. Sources whose private names clash
+are found by compiling first and are linted apart.
+"""
+
+import dataclasses
+import hashlib
+import re
+import subprocess
+from pathlib import Path
+
+from cache import Cache, key_of
+from source_tree import Finding
+
+TOGETHER = 16  # sources in one translation unit
+FOLDERS = ("core", "app", "platform", "tests", "bench", "fuzz")
+FUNCTION_LINES = 30  # as in .clang-tidy
+
+_MESSAGE = re.compile(
+    r"^(?P<file>/[^:\n]+):(?P<line>\d+):\d+: (?P<kind>warning|error|fatal error|note): (?P<text>.*?)(?: \[(?P<check>[\w.,-]+)\])?$"
+)
+_LENGTH = re.compile(r"(\d+) lines including whitespace")
+_CLANG_ONLY = ("-Wno-unknown-warning-option", "-Wno-unused-command-line-argument")
+
+
+def groups(tree, database):
+    """Lists of sources to lint together: from the same top folder, same flags, in order of path."""
+    alike = {}
+    for path in sorted(database.entries):
+        if path.startswith(FOLDERS) and path in tree.files:
+            entry = database.entries[path]
+            alike.setdefault((path.split("/")[0], entry.flags), []).append(entry)
+    for entries in alike.values():
+        for start in range(0, len(entries), TOGETHER):
+            yield entries[start:start + TOGETHER]
+
+
+def _hint(message):
+    """clang 14 cannot read all of the <ranges> of g++ 12: what gives back a subrange."""
+    if "ranges" in message.group("text") or "__begin" in message.group("text"):
+        return "; clang cannot read this std::ranges function, use its elder in std::"
+    return ""
+
+
+def _messages(output):
+    """Each warning or error of a compiler's output with the notes that follow it."""
+    message, notes = None, []
+    for match in filter(None, map(_MESSAGE.match, output.splitlines())):
+        if match.group("kind") == "note":
+            notes.append(match)
+            continue
+        if message:
+            yield message, notes
+        message, notes = match, []
+    if message:
+        yield message, notes
+
+
+class Linter:
+    def __init__(self, tree, work_folder):
+        self.tree = tree
+        self.work_folder = Path(work_folder)
+        self.cache = Cache(self.work_folder / "cache")
+        self.config = tree.files[".clang-tidy"].text
+        self.headers = f"^{re.escape(str(tree.root))}/({'|'.join(FOLDERS)})/"
+
+    def job(self, entries):
+        """A callable that lints the group, or nothing when what is cached still holds: then its findings."""
+        key = key_of(self.tree, [entry.path for entry in entries], entries[0].flags, self.config)
+        kept = self.cache.get(key)
+        if kept is not None:
+            return None, [Finding(**finding) for finding in kept]
+        return (lambda: self._lint(entries, key)), []
+
+    def _lint(self, entries, key):
+        findings = [finding for unit in self._units(entries) for finding in self._tidy(unit)]
+        if all(finding.is_warning for finding in findings):
+            self.cache.put(key, [dataclasses.asdict(finding) for finding in findings])
+        return findings
+
+    def _units(self, entries):
+        """The group in as few parts as compile; a part of one is for clang-tidy to complain about."""
+        blamed = self._clashing(entries) if len(entries) > 1 else set()
+        if not blamed:
+            return [entries]
+        if len(blamed) == len(entries):
+            return [[entry] for entry in entries]
+        return (self._units([entry for entry in entries if entry.path not in blamed]) +
+                self._units([entry for entry in entries if entry.path in blamed]))
+
+    def _unit_file(self, entries):
+        if len(entries) == 1:
+            return self.tree.root / entries[0].path
+        text = "".join(f'#include "{self.tree.root / entry.path}"\n' for entry in entries)
+        unit = self.work_folder / f"{hashlib.sha256(text.encode()).hexdigest()[:16]}.cpp"
+        unit.write_text(text)
+        return unit
+
+    def _clashing(self, entries):
+        """The sources that an error stands in when the group is compiled as one; all, when it stands elsewhere."""
+        command = ["clang++", *entries[0].flags, *_CLANG_ONLY, "-w", "-fsyntax-only", self._unit_file(entries)]
+        run = subprocess.run(command, cwd=self.tree.root, capture_output=True, text=True, check=False)
+        if run.returncode == 0:
+            return set()
+        errors = (message for message in _messages(run.stderr) if "error" in message[0].group("kind"))
+        places = filter(None, (self._place(*message) for message in errors))
+        paths = {entry.path for entry in entries}
+        return {self._path(place) for place in places} & paths or paths
+
+    def _tidy(self, entries):
+        command = ["clang-tidy", "--quiet", f"--config-file={self.tree.root / '.clang-tidy'}",
+                   f"--header-filter={self.headers}", self._unit_file(entries), "--", *entries[0].flags, *_CLANG_ONLY]
+        run = subprocess.run(command, cwd=self.tree.root, capture_output=True, text=True, check=False)
+        findings = [found for message in _messages(run.stdout) for found in self._finding(*message)]
+        if run.returncode and not findings:
+            text = (run.stderr or run.stdout).strip().splitlines()
+            findings = [Finding(entries[0].path, 1, "lint", f"clang-tidy failed: {text[-1] if text else '?'}")]
+        return findings
+
+    def _place(self, message, notes):
+        """Where in the project a message points: itself, else the first of its notes that is not elsewhere."""
+        return next((match for match in [message, *notes] if self._path(match) in self.tree.files), None)
+
+    def _finding(self, message, notes):
+        place = self._place(message, notes)
+        if place is None:  # in the unit made here, not in the project
+            return
+        check, text = message.group("check") or "lint", message.group("text")
+        if check == "readability-function-size":
+            yield self._too_long(place, text, notes)
+            return
+        if place is not message:
+            text = f"{text} (in {Path(message.group('file')).name}, because of this line{_hint(message)})"
+        yield Finding(self._path(place), int(place.group("line")), check, text)
+
+    def _path(self, match):
+        return match.group("file").removeprefix(f"{self.tree.root}/")
+
+    def _too_long(self, place, text, notes):
+        length = next(found for note in notes if (found := _LENGTH.search(note.group("text")))).group(1)
+        return Finding(self._path(place), int(place.group("line")), "function-size",
+                       f"{text.split(chr(39))[1]} has {length} lines, more than {FUNCTION_LINES}; "
+                       f"give a part of it a name of its own", is_warning=True)

@@ -1,0 +1,229 @@
+"""Breaks each rule in a small sample tree and sees it reported, at the right line and by that rule alone."""
+
+import json
+import shutil
+import tempfile
+from pathlib import Path
+
+import formatting
+import headers
+import lint
+import shells
+import texts
+import walls
+from compile_database import CompileDatabase
+from source_tree import SourceTree
+
+# A tree that breaks nothing; each sample adds or replaces files.
+CLEAN = {
+    "core/geometry/Rect.h": "#pragma once\n\nnamespace tilwin {\n\nstruct Rect {\n  double x = 0;\n};\n\n"
+                            "}  // namespace tilwin\n",
+    "core/geometry/Rect.cpp": '#include "core/geometry/Rect.h"\n',
+    "core/support/Json.h": "#pragma once\n#include <nlohmann/json.hpp>\n",
+    "core/layouts/Store.cpp": '#include "core/geometry/Rect.h"\n#include "core/support/Json.h"\n',
+    "platform/ports/Screens.h": '#pragma once\n#include "core/geometry/Rect.h"\n',
+    "platform/x11/Displays.cpp": '#include <xcb/xcb.h>\n#include "platform/ports/Screens.h"\n',
+    "platform/qt/Menu.cpp": "#include <QMenu>\n",
+    "platform/macos/Screens.mm": "#import <AppKit/AppKit.h>\n",
+    "app/Delegate.cpp": '#include "core/geometry/Rect.h"\n#include "platform/ports/Screens.h"\n',
+    "app/main.cpp": '#ifdef __linux__\n#include "platform/qt/Menu.h"\n#endif\n',
+    "tests/core/RectTests.cpp": '#include <gtest/gtest.h>\n#include "core/geometry/Rect.h"\n',
+    "scripts/hello": '#!/usr/bin/env bash\necho "hello"\n',
+}
+
+
+def _long_function():
+    body = "".join(f"  total += total / {number};\n" for number in range(2, 40))
+    return f"int halved(int total) {{\n{body}  return total;\n}}\n"
+
+
+# (what is broken, the rule that says so, the files, the place it names)
+SAMPLES = [
+    ("a standard header of C is no C++ header", "walls",
+     {"core/geometry/A.h": "#pragma once\n#include <stdint.h>\n"}, "core/geometry/A.h:2"),
+    ("geometry uses JSON", "walls",
+     {"core/geometry/A.cpp": "#include <nlohmann/json.hpp>\n"}, "core/geometry/A.cpp:1"),
+    ("geometry knows snapping", "walls",
+     {"core/geometry/A.cpp": '\n#include "core/snap/A.h"\n', "core/snap/A.h": "#pragma once\n"},
+     "core/geometry/A.cpp:2"),
+    ("core uses Qt", "walls", {"core/snap/A.cpp": "#include <QString>\n"}, "core/snap/A.cpp:1"),
+    ("core uses xcb", "walls", {"core/support/A.cpp": "#include <xcb/xcb.h>\n"}, "core/support/A.cpp:1"),
+    ("core uses a system framework", "walls",
+     {"core/drag/A.cpp": "#import <Foundation/Foundation.h>\n"}, "core/drag/A.cpp:1"),
+    ("core knows the program", "walls",
+     {"core/snap/A.cpp": '#include "app/A.h"\n', "app/A.h": "#pragma once\n"}, "core/snap/A.cpp:1"),
+    ("core knows a port", "walls",
+     {"core/snap/A.cpp": '#include "platform/ports/Screens.h"\n'}, "core/snap/A.cpp:1"),
+    ("the program uses Qt", "walls", {"app/A.cpp": "#include <QMenu>\n"}, "app/A.cpp:1"),
+    ("the program uses xcb", "walls", {"app/A.cpp": "#include <xcb/randr.h>\n"}, "app/A.cpp:1"),
+    ("the program uses a system framework", "walls", {"app/A.mm": "#import <AppKit/AppKit.h>\n"}, "app/A.mm:1"),
+    ("the program knows an adapter", "walls",
+     {"app/A.cpp": '#include "platform/x11/A.h"\n', "platform/x11/A.h": "#pragma once\n"}, "app/A.cpp:1"),
+    ("a port knows an adapter", "walls",
+     {"platform/ports/A.h": '#pragma once\n#include "platform/qt/A.h"\n', "platform/qt/A.h": "#pragma once\n"},
+     "platform/ports/A.h:2"),
+    ("a port shows an xcb type", "walls",
+     {"platform/ports/A.h": "#pragma once\n#include <xcb/xcb.h>\n"}, "platform/ports/A.h:2"),
+    ("the X11 adapter knows the Qt adapter", "walls",
+     {"platform/x11/A.cpp": '#include "platform/qt/A.h"\n', "platform/qt/A.h": "#pragma once\n"},
+     "platform/x11/A.cpp:1"),
+    ("the X11 adapter uses Qt", "walls", {"platform/x11/A.cpp": "#include <QObject>\n"}, "platform/x11/A.cpp:1"),
+    ("the Qt adapter uses xcb", "walls", {"platform/qt/A.cpp": "#include <xcb/xcb.h>\n"}, "platform/qt/A.cpp:1"),
+    ("the macOS adapter uses Qt", "walls", {"platform/macos/A.mm": "#include <QMenu>\n"}, "platform/macos/A.mm:1"),
+    ("the macOS adapter knows the X11 adapter", "walls",
+     {"platform/macos/A.mm": '#include "platform/x11/A.h"\n', "platform/x11/A.h": "#pragma once\n"},
+     "platform/macos/A.mm:1"),
+    ("the simulated adapter uses xcb", "walls",
+     {"platform/simulated/A.cpp": "#include <xcb/xcb.h>\n"}, "platform/simulated/A.cpp:1"),
+    ("an adapter knows the program", "walls",
+     {"platform/simulated/A.cpp": '#include "app/A.h"\n', "app/A.h": "#pragma once\n"},
+     "platform/simulated/A.cpp:1"),
+    ("a core test uses a real desktop", "walls",
+     {"tests/core/A.cpp": '#include "platform/x11/A.h"\n', "platform/x11/A.h": "#pragma once\n"},
+     "tests/core/A.cpp:1"),
+    ("a desktop test looks inside the program", "walls",
+     {"tests/desktop/A.cpp": '#include "app/A.h"\n', "app/A.h": "#pragma once\n"}, "tests/desktop/A.cpp:1"),
+    ("a fuzz target uses the program", "walls",
+     {"fuzz/A.cpp": '#include "app/A.h"\n', "app/A.h": "#pragma once\n"}, "fuzz/A.cpp:1"),
+    ("a benchmark uses Qt", "walls", {"bench/A.cpp": "#include <QMenu>\n"}, "bench/A.cpp:1"),
+    ("an include by a relative path", "walls",
+     {"core/geometry/A.cpp": '#include "Rect.h"\n'}, "core/geometry/A.cpp:1"),
+    ("an include inside a condition", "walls",
+     {"core/geometry/A.cpp": "#if 0\n  #  include <QMenu>\n#endif\n"}, "core/geometry/A.cpp:2"),
+    ("a folder nobody gave a row", "walls", {"extras/A.cpp": "int a = 1;\n"}, "extras/A.cpp:1"),
+    ("an #ifdef on the system", "os-if", {"core/snap/A.cpp": "#ifdef __APPLE__\n#endif\n"}, "core/snap/A.cpp:1"),
+    ("an #if over two lines", "os-if",
+     {"app/A.cpp": "#if defined(NDEBUG) || \\\n    defined(__linux__)\n#endif\n"}, "app/A.cpp:2"),
+    ("an #elif on Windows", "os-if", {"bench/A.cpp": "#if 0\n#elif _WIN32\n#endif\n"}, "bench/A.cpp:2"),
+    ("a Qt macro for the system", "os-if",
+     {"platform/qt/A.cpp": "#if defined(Q_OS_MACOS)\n#endif\n"}, "platform/qt/A.cpp:1"),
+    ("asking for a header of the system", "os-if",
+     {"tests/core/A.cpp": "#if __has_include(<AppKit/AppKit.h>)\n#endif\n"}, "tests/core/A.cpp:1"),
+    ("a JSON type in a header", "inner-types",
+     {"core/layouts/A.h": "#pragma once\nvoid read(const nlohmann::json& from);\n"}, "core/layouts/A.h:2"),
+    ("an ICU type in a header", "inner-types",
+     {"core/layouts/A.h": "#pragma once\nclass A {\n  icu::UnicodeString text_;\n};\n"}, "core/layouts/A.h:3"),
+    ("a header that brings JSON with it", "inner-types",
+     {"app/A.h": '#pragma once\n#include "core/support/B.h"\n',
+      "core/support/B.h": '#pragma once\n#include "core/support/Json.h"\n'}, "app/A.h:2"),
+    ("a platform for everybody", "global-platform",
+     {"app/A.h": "#pragma once\nstruct Platform;\nPlatform& platform();\n"}, "app/A.h:3"),
+    ("a platform in a static variable", "global-platform",
+     {"app/A.cpp": "struct Platform;\nstatic Platform* current = nullptr;\n"}, "app/A.cpp:2"),
+    ("a file of two ideas (a warning)", "file-size",
+     {"core/snap/A.cpp": "int a();\n" * (texts.FILE_WARNS_OVER + 1)}, "core/snap/A.cpp:251"),
+    ("a file far too long", "file-size",
+     {"core/snap/A.cpp": "int a();\n" * (texts.FILE_FAILS_OVER + 1)}, "core/snap/A.cpp:351"),
+    ("unfinished work in C++", "leftover", {"core/snap/A.cpp": "// TO" + "DO later\n"}, "core/snap/A.cpp:1"),
+    ("unfinished work in a guide", "leftover", {"docs/guide.md": "Guide\n\nFIX" + "ME\n"}, "docs/guide.md:3"),
+    ("white space at the end of a line", "white-space", {"docs/guide.md": "Guide \n"}, "docs/guide.md:1"),
+    ("a last line without an end", "white-space", {"docs/guide.md": "Guide\n\nEnd"}, "docs/guide.md:3"),
+    ("a header that can be included twice", "header-guard", {"core/snap/A.h": "int a();\n"}, "core/snap/A.h:1"),
+    ("a skip without a reason", "honest-tests",
+     {"tests/app/A.cpp": "void a() {\n  GTEST_SKIP();\n}\n"}, "tests/app/A.cpp:2"),
+    ("a disabled test", "honest-tests",
+     {"tests/app/A.cpp": "TEST(Menu, DISABLED_Opens) {}\n"}, "tests/app/A.cpp:1"),
+    ("a script that does not parse", "shell",
+     {"scripts/broken": "#!/usr/bin/env bash\nif true; then\n"}, "scripts/broken:3"),
+    ("a script that loses words", "shell",
+     {"scripts/careless": '#!/usr/bin/env bash\nrm "a b"; rm $1\n'}, "scripts/careless:2"),
+    ("a file not formatted", "format", {"core/snap/A.cpp": "int  a();\n"}, "core/snap/A.cpp:1"),
+    ("a header that needs another first", "header-alone",
+     {"core/snap/A.h": "#pragma once\n\nstd::string a();\n"}, "core/snap/A.h:3"),
+    ("a header its source does not prove", "header-alone",
+     {"core/snap/A.h": "#pragma once\n\nRect a();\n",
+      "core/snap/A.cpp": '#include "core/geometry/Rect.h"\n#include "core/snap/A.h"\n'}, "core/snap/A.h:3"),
+    ("a type named like a variable", "readability-identifier-naming",
+     {"core/snap/A.cpp": "struct small_rect {};\n"}, "core/snap/A.cpp:1"),
+    ("a private member without its underscore", "readability-identifier-naming",
+     {"core/snap/A.h": "#pragma once\n\nclass A {\n  int count = 0;\n};\n",
+      "core/snap/A.cpp": '#include "core/snap/A.h"\n'}, "core/snap/A.h:4"),
+    ("a value used after it was moved", "bugprone-use-after-move",
+     {"core/snap/A.cpp": "#include <string>\n#include <utility>\n\n"
+                         "std::string twice(std::string a) {\n  std::string b = std::move(a);\n  return a + b;\n}\n"},
+     "core/snap/A.cpp:6"),
+    ("a long function (a warning)", "function-size", {"core/snap/A.cpp": _long_function()}, "core/snap/A.cpp:1"),
+    ("private names that clash between files", "readability-identifier-naming",
+     {"core/snap/A.cpp": "namespace {\nstruct Row {};\n}  // namespace\n\nint first(Row /*row*/);\n",
+      "core/snap/B.cpp": "namespace {\nstruct Row {};\n}  // namespace\n\nint Second(Row /*row*/);\n"},
+     "core/snap/B.cpp:5"),
+]
+
+
+def _text_rule(function):
+    return lambda tree: list(function(tree))
+
+
+def _walk_compiled(tree, jobs_of):
+    database = CompileDatabase(tree.root, tree.root / "build/sample")
+    return [finding for job in jobs_of(database) for finding in job()]
+
+
+def _headers_alone(tree):
+    return _walk_compiled(tree, lambda database: headers.jobs(tree, database, tree.root / "build/headers"))
+
+
+def _lint(tree):
+    linter = lint.Linter(tree, tree.root / "build/lint")
+    return _walk_compiled(
+        tree, lambda database: [linter.job(entries)[0] for entries in lint.groups(tree, database)])
+
+
+# How each rule is asked; the rest are lint checks, which go by the names clang-tidy gives them.
+CHECKERS = {
+    "walls": walls.includes, "os-if": walls.operating_systems, "inner-types": walls.inner_types,
+    "global-platform": walls.global_platform, "file-size": texts.file_size, "leftover": texts.leftovers,
+    "white-space": texts.white_space, "header-guard": texts.header_guards, "honest-tests": texts.honest_tests,
+    "shell": shells.check, "format": formatting.check, "header-alone": _headers_alone,
+}
+
+
+def _write_tree(root, project, files):
+    for path, text in files.items():
+        target = root / path
+        target.parent.mkdir(parents=True, exist_ok=True)
+        target.write_text(text)
+    for name in (".clang-format", ".clang-tidy"):
+        shutil.copy(project / name, root / name)
+
+
+def _write_database(root, sources):
+    commands = [{"directory": str(root), "file": source,
+                 "command": f"g++ -std=c++20 -Wall -Werror -I{root} -c {source}"} for source in sources]
+    (root / "build/sample").mkdir(parents=True)
+    (root / "build/sample/compile_commands.json").write_text(json.dumps(commands))
+
+
+def _reported(project, rule, files):
+    needs_compiler = rule not in CHECKERS or rule == "header-alone"
+    with tempfile.TemporaryDirectory() as folder:
+        root = Path(folder).resolve()
+        small = {path: CLEAN[path] for path in ("core/geometry/Rect.h", "core/geometry/Rect.cpp")}
+        _write_tree(root, project, {**(small if needs_compiler else CLEAN), **files})
+        _write_database(root, [path for path in {**small, **files} if path.endswith(".cpp")])
+        tree = SourceTree(root)
+        return list(CHECKERS.get(rule, _lint)(tree))
+
+
+def _problem(project, rule, files, place):
+    found = _reported(project, rule, files)
+    at_place = [finding for finding in found if f"{finding.file}:{finding.line}" == place and finding.rule == rule]
+    if len(found) == len(at_place) == 1:
+        return None
+    return f"expected one {rule} at {place}, got: {'; '.join(map(str, found)) or 'nothing'}"
+
+
+def main():
+    project = Path(__file__).resolve().parents[3]
+    problems = []
+    for rule in [*CHECKERS, "lint"]:
+        found = _reported(project, rule, {})
+        if found:
+            problems.append(f"the clean sample: {'; '.join(map(str, found))}")
+    for what, rule, files, place in SAMPLES:
+        problem = _problem(project, rule, files, place)
+        if problem:
+            problems.append(f"{what}: {problem}")
+    print("\n".join(problems), end="\n" if problems else "")
+    print(f"check --self-test: {len(SAMPLES)} broken samples, {len(problems)} problems")
+    return 1 if problems else 0

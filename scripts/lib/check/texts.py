@@ -1,0 +1,61 @@
+"""Rules that need only the text: sizes, leftovers, white space, header guards, honest tests."""
+
+import re
+
+from source_tree import Finding
+
+FILE_WARNS_OVER = 250
+FILE_FAILS_OVER = 350
+
+# Put together here so that this file does not report itself.
+_LEFTOVER = re.compile(r"\b(" + "|".join(["TO" + "DO", "FIX" + "ME", "XX" + "X", "HA" + "CK"]) + r")\b")
+_SILENT_SKIP = re.compile(r"\bGTEST_SKIP\(\)\s*;")
+_DISABLED_TEST = re.compile(r"\bTEST(?:_F|_P)?\(\s*(?:DISABLED_\w+|\w+\s*,\s*DISABLED_)")
+
+
+def file_size(tree):
+    for file in tree.cpp_files:
+        count = len(file.lines)
+        if count > FILE_WARNS_OVER:
+            yield Finding(file.path, count, "file-size",
+                          f"{count} lines, more than {FILE_WARNS_OVER} (over {FILE_FAILS_OVER} fails); find the "
+                          f"second idea in this file and give it one of its own",
+                          is_warning=count <= FILE_FAILS_OVER)
+
+
+def leftovers(tree):
+    for file in tree.text_files:
+        for number, line in enumerate(file.lines, 1):
+            found = _LEFTOVER.search(line)
+            if found:
+                yield Finding(file.path, number, "leftover",
+                              f"{found.group()} marks unfinished work; finish it, or write down the fact without it")
+
+
+def white_space(tree):
+    for file in tree.text_files:
+        for number, line in enumerate(file.text.split("\n"), 1):
+            if line != line.rstrip():
+                yield Finding(file.path, number, "white-space", "white space at the end of the line; remove it")
+        if file.text and not file.text.endswith("\n"):
+            yield Finding(file.path, len(file.lines), "white-space", "the last line has no end; add a newline")
+
+
+def header_guards(tree):
+    for file in tree.headers:
+        code = [line.strip() for line in file.code_lines if line.strip()]
+        if not code or code[0] != "#pragma once":
+            yield Finding(file.path, 1, "header-guard", "start the header with #pragma once")
+
+
+def honest_tests(tree):
+    for file in tree.cpp_files:
+        for number, line in enumerate(file.code_lines, 1):
+            if _SILENT_SKIP.search(line):
+                yield Finding(file.path, number, "honest-tests",
+                              'a skip without a reason; write GTEST_SKIP() << "why"')
+            if _DISABLED_TEST.search(line):
+                yield Finding(file.path, number, "honest-tests", "a disabled test; make it pass or remove it")
+
+
+RULES = [file_size, leftovers, white_space, header_guards, honest_tests]

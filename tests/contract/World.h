@@ -1,0 +1,122 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/geometry/Rect.h"
+#include "core/geometry/WindowProvider.h"
+#include "core/settings/HotKeySpec.h"
+#include "platform/ports/HotKeys.h"
+#include "platform/ports/MainQueue.h"
+#include "tests/Printing.h"
+
+/// What every adapter of a desktop must do, whatever the desktop. The suites of this folder are written
+/// against a `World`; each adapter brings one and runs the same suites in it.
+
+namespace tilwin::contract {
+
+/// A window that another program opens.
+struct NewWindow {
+  std::string bundleID = "ContractEditor";
+  std::string title = "Untitled";
+  Rect frame{120, 90, 520, 400};
+  double minimumWidth = 1;
+  double minimumHeight = 1;
+  double widthStep = 1;  ///< the size follows these steps, as a terminal's follows its cells
+  double heightStep = 1;
+  bool isDialog = false;
+};
+
+/// A desktop with the adapter under test, and hands to work it from outside. What a call begins may take
+/// effect later: `settle` waits for it.
+class World {
+public:
+  using Window = std::uint64_t;
+
+  World() = default;
+  World(const World&) = delete;
+  World& operator=(const World&) = delete;
+  virtual ~World() = default;
+
+  virtual std::shared_ptr<WindowProvider> provider() = 0;
+  virtual HotKeys& hotKeys() = 0;
+  virtual MainQueue& mainQueue() = 0;
+
+  virtual Window open(const NewWindow& window) = 0;
+  virtual void close(Window window) = 0;
+  virtual void focus(Window window) = 0;
+  virtual void minimize(Window window) = 0;
+  virtual void maximize(Window window) = 0;
+  virtual void moveByHand(Window window, const Rect& frame) = 0;
+  /// Where the window really stands, decorations included, as seen without the adapter; nothing when it is
+  /// not open.
+  virtual std::optional<Rect> standing(Window window) = 0;
+  /// Whether the window is maximised, as seen without the adapter.
+  virtual bool isMaximized(Window window) = 0;
+
+  /// Key events of a physical keyboard. Modifiers go down before the key and come up after it.
+  virtual void press(const HotKeySpec& spec) = 0;
+  /// Holds the combination until the keyboard has repeated the key at least twice.
+  virtual void pressUntilItRepeats(const HotKeySpec& spec) = 0;
+  virtual void setLocks(bool capsLock, bool numLock) = 0;
+  /// Another program registers the combination, or gives it back.
+  virtual void holdElsewhere(const HotKeySpec& spec) = 0;
+  virtual void letGoElsewhere(const HotKeySpec& spec) = 0;
+
+  /// Lets the desktop and the main queue work until the condition holds. False when it does not within the
+  /// world's patience.
+  virtual bool settle(const std::function<bool()>& condition) = 0;
+};
+
+using WorldMaker = std::unique_ptr<World> (*)();
+
+/// Each test has a world of its own.
+class Contract : public testing::TestWithParam<WorldMaker> {
+protected:
+  std::unique_ptr<World> world = GetParam()();
+};
+
+class WindowProviderContract : public Contract {
+protected:
+  /// Opens a window, gives it the focus and waits until the provider says so.
+  World::Window openFocused(const NewWindow& window);
+  bool hasFocus(const std::string& title);
+  WindowInfo focused();
+  /// Moves the focused window and waits until it stands at the frame, give or take a few points.
+  void moveFocusedTo(World::Window window, const Rect& frame);
+  /// A frame well inside the primary display: the shares of its visible frame, in whole points.
+  Rect place(double x, double y, double width, double height);
+
+  std::shared_ptr<WindowProvider> provider = world->provider();
+};
+
+class HotKeysContract : public Contract {
+protected:
+  HotKeysContract();
+  ~HotKeysContract() override;
+
+  [[nodiscard]] std::optional<HotKeys::Reference> add(const HotKeySpec& spec, std::uint32_t id);
+  /// Whether exactly these presses have come, in this order; waits until there are as many.
+  testing::AssertionResult received(const std::vector<std::uint32_t>& ids);
+
+  HotKeys& hotKeys = world->hotKeys();
+  std::vector<std::uint32_t> presses;
+};
+
+class MainQueueContract : public Contract {
+protected:
+  /// Runs the queue until something stops it; a run that nothing stops ends with `nobodyStopped`.
+  int run();
+  void stopAfter(MainQueue::Seconds delay, int exitStatus = 0);
+
+  static constexpr int nobodyStopped = 99;
+  MainQueue& queue = world->mainQueue();
+};
+
+}  // namespace tilwin::contract

@@ -1,0 +1,136 @@
+#include "core/settings/TilwinSettings.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "core/settings/KeyNames.h"
+#include "core/settings/ShortcutOwner.h"
+#include "tests/Printing.h"
+
+namespace tilwin {
+namespace {
+
+constexpr HotKeySpec override{96, 0};
+
+std::string shown(SnapAction action) {
+  const auto spec = TilwinSettings().shortcut(action);
+  return spec ? KeyNames::describe(*spec) : "none";
+}
+
+TEST(TilwinSettings, AFreshRecordTilesEdgeToEdge) {
+  const TilwinSettings settings;
+  EXPECT_EQ(settings.gap, 0);
+  EXPECT_EQ(settings.outer, 0);
+  EXPECT_TRUE(settings.cycleWidths);
+  EXPECT_TRUE(settings.dragToSnap);
+  EXPECT_FALSE(settings.shadowRecording);
+  EXPECT_TRUE(settings.showMenuBarIcon);
+  EXPECT_TRUE(settings.restoreOnDisplayChange);
+  EXPECT_TRUE(settings.shortcuts.empty() && settings.disabled.empty());
+  EXPECT_TRUE(settings.ignoredApps.empty() && settings.customAreas.empty());
+}
+
+TEST(DefaultShortcuts, ThereAreTwentyNineAndNoTwoAreTheSame) {
+  std::unordered_set<SnapAction> actions;
+  std::unordered_set<HotKeySpec> specs;
+  for (const auto& row : TilwinSettings::defaults()) {
+    actions.insert(row.action);
+    specs.insert(row.spec);
+  }
+  EXPECT_EQ(TilwinSettings::defaults().size(), 29);
+  EXPECT_EQ(actions.size(), 29);
+  EXPECT_EQ(specs.size(), 29);
+}
+
+TEST(DefaultShortcuts, TheSixthsAndTheLargeCentreHaveNone) {
+  for (const SnapAction action :
+       {SnapAction::topLeftSixth, SnapAction::topCenterSixth, SnapAction::topRightSixth,
+        SnapAction::bottomLeftSixth, SnapAction::bottomCenterSixth, SnapAction::bottomRightSixth,
+        SnapAction::centerLarge}) {
+    EXPECT_EQ(TilwinSettings().shortcut(action), std::nullopt) << SnapActions::rawValue(action);
+  }
+}
+
+TEST(DefaultShortcuts, AreTheseKeys) {
+  const std::vector<std::pair<SnapAction, std::string>> expected{{SnapAction::leftHalf, "⌃⌥←"},
+                                                                 {SnapAction::rightHalf, "⌃⌥→"},
+                                                                 {SnapAction::topHalf, "⌃⌥↑"},
+                                                                 {SnapAction::bottomHalf, "⌃⌥↓"},
+                                                                 {SnapAction::topLeft, "⌃⌥U"},
+                                                                 {SnapAction::topRight, "⌃⌥I"},
+                                                                 {SnapAction::bottomLeft, "⌃⌥J"},
+                                                                 {SnapAction::bottomRight, "⌃⌥K"},
+                                                                 {SnapAction::leftThird, "⌃⌥D"},
+                                                                 {SnapAction::centerThird, "⌃⌥F"},
+                                                                 {SnapAction::rightThird, "⌃⌥G"},
+                                                                 {SnapAction::leftTwoThirds, "⌃⌥E"},
+                                                                 {SnapAction::rightTwoThirds, "⌃⌥T"},
+                                                                 {SnapAction::maximize, "⌃⌥↩"},
+                                                                 {SnapAction::almostMaximize, "⌃⌥="},
+                                                                 {SnapAction::center, "⌃⌥C"},
+                                                                 {SnapAction::restore, "⌃⌥⌫"},
+                                                                 {SnapAction::nextDisplay, "⌃⌥⌘→"},
+                                                                 {SnapAction::previousDisplay, "⌃⌥⌘←"},
+                                                                 {SnapAction::firstFourth, "⌃⌥1"},
+                                                                 {SnapAction::secondFourth, "⌃⌥2"},
+                                                                 {SnapAction::thirdFourth, "⌃⌥3"},
+                                                                 {SnapAction::lastFourth, "⌃⌥4"},
+                                                                 {SnapAction::leftThreeFourths, "⌃⌥⇧←"},
+                                                                 {SnapAction::rightThreeFourths, "⌃⌥⇧→"},
+                                                                 {SnapAction::maximizeHeight, "⌃⌥⇧↑"},
+                                                                 {SnapAction::maximizeWidth, "⌃⌥⇧↓"},
+                                                                 {SnapAction::larger, "⌃⌥⇧="},
+                                                                 {SnapAction::smaller, "⌃⌥⇧-"}};
+  EXPECT_EQ(expected.size(), 29);
+  for (const auto& [action, keys] : expected) EXPECT_EQ(shown(action), keys) << SnapActions::rawValue(action);
+}
+
+TEST(ShortcutInForce, IsTheDefaultUnlessTheUserChoseAnother) {
+  TilwinSettings settings;
+  EXPECT_EQ(settings.shortcut(SnapAction::topLeft), (HotKeySpec{32, 6144}));
+  settings.shortcuts["topLeft"] = override;
+  EXPECT_EQ(settings.shortcut(SnapAction::topLeft), override);
+  EXPECT_EQ(settings.shortcut(SnapAction::topRight), (HotKeySpec{34, 6144}));
+}
+
+TEST(ShortcutInForce, IsNoneForADisabledActionEvenWithAnOverride) {
+  TilwinSettings settings;
+  settings.shortcuts["topLeft"] = override;
+  settings.disabled.insert("topLeft");
+  EXPECT_EQ(settings.shortcut(SnapAction::topLeft), std::nullopt);
+}
+
+TEST(ShortcutInForce, CanBeGivenToAnActionWithoutADefault) {
+  TilwinSettings settings;
+  EXPECT_EQ(settings.shortcut(SnapAction::centerLarge), std::nullopt);
+  settings.shortcuts["centerLarge"] = override;
+  EXPECT_EQ(settings.shortcut(SnapAction::centerLarge), override);
+}
+
+TEST(HotKeySpec, ModifierBitsAreThoseThatDesktopsRegister) {
+  EXPECT_EQ(HotKeySpec::cmd, 256);
+  EXPECT_EQ(HotKeySpec::shift, 512);
+  EXPECT_EQ(HotKeySpec::option, 2048);
+  EXPECT_EQ(HotKeySpec::control, 4096);
+}
+
+TEST(ShortcutOwner, ActionsAndAreasAreDifferentKeys) {
+  const Uuid area = Uuid::random();
+  const std::unordered_set<ShortcutOwner> owners{SnapAction::leftHalf, SnapAction::leftHalf,
+                                                 SnapAction::rightHalf, area, Uuid::random()};
+  EXPECT_EQ(owners.size(), 4);
+  EXPECT_TRUE(owners.contains(area));
+}
+
+TEST(CustomArea, ComparesByAllItsFields) {
+  const CustomArea area{.id = Uuid::random(), .name = "Notes", .rect = {0.2, 0, 0.6, 1}};
+  CustomArea other = area;
+  EXPECT_EQ(area, other);
+  other.shortcut = override;
+  EXPECT_NE(area, other);
+}
+
+}  // namespace
+}  // namespace tilwin

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "tests/desktop/DefaultShortcuts.h"
+#include "tests/desktop/TilwinProcess.h"
+#include "tests/desktop/harness/Session.h"
+
+namespace tilwin::desktop {
+
+/// What this run of the test program was asked to test with.
+struct Arguments {
+  std::filesystem::path tilwin;
+  Manager manager = Manager::openbox;
+};
+
+[[nodiscard]] Arguments& arguments();
+
+/// One desktop of 1920×1080 points with Tilwin running, shared by the tests of a suite: whatever one test
+/// does to it, Tilwin has to serve the next.
+class DesktopTest : public testing::Test {
+public:
+  static void SetUpTestSuite();
+  static void TearDownTestSuite();
+
+protected:
+  void TearDown() override;
+
+  static Session& session() { return *session_; }
+  static Desktop& desktop() { return session_->desktop(); }
+  static TilwinProcess& tilwin() { return *tilwin_; }
+  static void endTilwin() { tilwin_.reset(); }
+  static void restartTilwin();
+
+  static void press(const std::string& chord) { session_->input().press(chord); }
+
+  /// A window with the focus.
+  static void focus(WindowId window);
+  /// A window with the focus, its frame at `startFrame`, that Tilwin has not moved yet.
+  static void focusAtStart(WindowId window);
+
+  /// Whether the frame comes to be that, within the tolerance, and stays.
+  static testing::AssertionResult stands(WindowId window, const Rect& frame, double tolerance = 0);
+  /// Whether Tilwin still does what it is for.
+  static testing::AssertionResult serves();
+
+private:
+  static std::unique_ptr<Session> session_;
+  static std::unique_ptr<TilwinProcess> tilwin_;
+};
+
+[[nodiscard]] std::string text(const Rect& frame);
+
+}  // namespace tilwin::desktop

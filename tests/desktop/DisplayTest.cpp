@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "tests/desktop/DesktopTest.h"
+
+namespace tilwin::desktop {
+
+namespace {
+
+const PluggedDisplay laptop{.output = "DUMMY0", .mode = {1440, 900}, .position = {0, 0}, .primary = true};
+const PluggedDisplay monitor{.output = "DUMMY1", .mode = {1920, 1080}, .position = {1440, 0}};
+const PluggedDisplay beyond{.output = "DUMMY2", .mode = {1280, 1024}, .position = {3360, 0}};
+
+/// A desktop whose displays come and go, with Tilwin running.
+class Displays : public testing::Test {
+protected:
+  void SetUp() override {
+    std::string whyNot;
+    session_ = Session::tryStart({.manager = arguments().manager, .displays = {laptop, monitor}}, whyNot);
+    if (!session_) {
+      std::printf("Displays that come and go cannot be tested here: %s\n", whyNot.c_str());
+      GTEST_SKIP() << whyNot;
+    }
+    tilwin_ = std::make_unique<TilwinProcess>(*session_, arguments().tilwin);
+    window_ = std::make_unique<TestWindow>(session_->server().display());
+    ASSERT_TRUE(desktop().activate(window_->id()));
+  }
+
+  Session& session() { return *session_; }
+  Desktop& desktop() { return session_->desktop(); }
+  void press(const std::string& chord) { session_->input().press(chord); }
+
+  void place(const Rect& frame) {
+    desktop().place(window_->id(), frame);
+    ASSERT_TRUE(desktop().waitForFrame(window_->id(), frame));
+  }
+
+  testing::AssertionResult stands(const Rect& frame) {
+    if (desktop().waitForFrame(window_->id(), frame)) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "expected " << text(frame) << ", saw "
+                                       << text(desktop().frame(window_->id()).value_or(Rect())) << "\n"
+                                       << tilwin_->log();
+  }
+
+  std::unique_ptr<Session> session_;
+  std::unique_ptr<TilwinProcess> tilwin_;
+  std::unique_ptr<TestWindow> window_;
+};
+
+}  // namespace
+
+TEST_F(Displays, AWindowSnapsOnTheDisplayItIsOn) {
+  place({1700, 200, 800, 600});
+  press(leftHalfKeys);
+  EXPECT_TRUE(stands({1440, 0, 960, 1080}));
+}
+
+TEST_F(Displays, NextAndPreviousDisplayKeepTheShareOfTheDisplayAndWrapAround) {
+  place({0, 0, 720, 900});
+  press(nextDisplayKeys);
+  EXPECT_TRUE(stands({1440, 0, 960, 1080}));
+  press(nextDisplayKeys);
+  EXPECT_TRUE(stands({0, 0, 720, 900}));
+  press(previousDisplayKeys);
+  EXPECT_TRUE(stands({1440, 0, 960, 1080}));
+  press(previousDisplayKeys);
+  EXPECT_TRUE(stands({0, 0, 720, 900}));
+}
+
+TEST_F(Displays, ADisplayPluggedInIsUsedByTheNextPress) {
+  session().server().plug(beyond);
+  place({0, 0, 720, 900});
+  press(previousDisplayKeys);
+  EXPECT_TRUE(stands({3360, 0, 640, 1024}));
+}
+
+TEST_F(Displays, ADisplayUnpluggedIsUsedNoMore) {
+  place({0, 0, 720, 900});
+  session().server().unplug("DUMMY1");
+  press(nextDisplayKeys);
+  press(leftHalfKeys);
+  press("Control+Alt+Right");
+  EXPECT_TRUE(stands({720, 0, 720, 900}));
+}
+
+TEST_F(Displays, RestoringAFrameOfADisplayThatIsGoneKeepsTheWindowInReach) {
+  place({2400, 100, 900, 700});
+  press(leftHalfKeys);
+  ASSERT_TRUE(stands({1440, 0, 960, 1080}));
+  session().server().unplug("DUMMY1");
+  place({100, 100, 600, 500});
+  press(restoreKeys);
+  EXPECT_TRUE(stands({540, 100, 900, 700}));
+}
+
+TEST_F(Displays, APanelOnOneDisplayLeavesTheOtherWhole) {
+  const TestWindow panel(session().server().display(), {.title = "Panel",
+                                                        .area = {1440, 0, 1920, 40},
+                                                        .kind = WindowKind::dock,
+                                                        .strut = {.top = 40},
+                                                        .strutSpans = {0, 0, 0, 0, 1440, 3359, 0, 0}});
+  ASSERT_TRUE(desktop().activate(window_->id()));
+  place({100, 100, 600, 500});
+  press(leftHalfKeys);
+  EXPECT_TRUE(stands({0, 0, 720, 900}));
+  press(nextDisplayKeys);
+  EXPECT_TRUE(stands({1440, 40, 960, 1040}));
+}
+
+}  // namespace tilwin::desktop

@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "tests/desktop/DesktopTest.h"
+#include "tests/desktop/harness/GrabbedKey.h"
+
+namespace tilwin::desktop {
+
+namespace {
+
+/// How often the threads of a process have gone to sleep and been woken.
+std::int64_t wakeUps(pid_t process) {
+  std::int64_t result = 0;
+  const std::string tasks = "/proc/" + std::to_string(process) + "/task";
+  for (const auto& task : std::filesystem::directory_iterator(tasks)) {
+    std::ifstream status(task.path() / "status");
+    for (std::string field; status >> field;) {
+      if (field != "voluntary_ctxt_switches:") continue;
+      std::int64_t count = 0;
+      status >> count;
+      result += count;
+    }
+  }
+  return result;
+}
+
+/// Each test does something to the desktop under Tilwin's feet; Tilwin then has to serve the next press.
+class Trouble : public DesktopTest {};
+
+}  // namespace
+
+TEST_F(Trouble, AWindowClosedWhileItIsBeingSnappedHarmsNothing) {
+  for (int count = 0; count < 40; ++count) {
+    TestWindow window = session().window({.title = "Short-lived"});
+    focus(window.id());
+    press(leftHalfKeys);
+    window.destroy();
+  }
+  EXPECT_TRUE(serves());
+  EXPECT_EQ(tilwin().log().find("X error"), std::string::npos) << tilwin().log();
+}
+
+TEST_F(Trouble, APressWithNoWindowFocusedDoesNothing) {
+  ASSERT_TRUE(desktop().waitUntil([] { return desktop().clients().empty(); }));
+  press(leftHalfKeys);
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(Trouble, AWindowManagerRestartedWhileTilwinRunsHarmsNothing) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  press(leftHalfKeys);
+  ASSERT_TRUE(stands(window.id(), {0, 0, 960, 1080}));
+  session().manager().restart();
+  focus(window.id());
+  press("Control+Alt+Right");
+  EXPECT_TRUE(stands(window.id(), {960, 0, 960, 1080}));
+}
+
+TEST_F(Trouble, PressesWithoutAWindowManagerDoNothingAndTheNextOneIsServed) {
+  const TestWindow window = session().window();
+  focus(window.id());
+  session().manager().stop();
+  press(leftHalfKeys);
+  press(restoreKeys);
+  session().manager().start();
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(Trouble, ACombinationHeldByAnotherProgramIsNamedAndTheOthersWork) {
+  endTilwin();
+  {
+    const GrabbedKey grabbed(session().server().display(), leftHalfKeys);
+    restartTilwin();
+    EXPECT_NE(tilwin().log().find("28 of 29 shortcuts work; another program holds ⌃⌥←"), std::string::npos)
+        << tilwin().log();
+    EXPECT_TRUE(serves());
+  }
+  restartTilwin();
+  EXPECT_NE(tilwin().log().find("29 of 29 shortcuts work"), std::string::npos) << tilwin().log();
+}
+
+TEST_F(Trouble, ASecondTilwinFindsAllShortcutsTakenAndLeavesTheFirstServing) {
+  TilwinProcess second(session(), arguments().tilwin);
+  EXPECT_NE(second.log().find("0 of 29 shortcuts work"), std::string::npos) << second.log();
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(Trouble, AskedToEndItEndsInGoodOrderAndGivesItsShortcutsBack) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    ASSERT_TRUE(keyIsGrabbed(session().server().display(), leftHalfKeys));
+    tilwin().process().signal(signal);
+    EXPECT_EQ(tilwin().process().waitFor(answerTimeout), (ExitStatus{.code = 0, .signal = std::nullopt}));
+    EXPECT_FALSE(keyIsGrabbed(session().server().display(), leftHalfKeys));
+    restartTilwin();
+  }
+}
+
+TEST_F(Trouble, AtRestTilwinNeverWakes) {
+  EXPECT_TRUE(serves());
+  desktop().waitUntil([] { return false; }, Milliseconds{1000});
+  const auto before = wakeUps(tilwin().process().pid());
+  desktop().waitUntil([] { return false; }, Milliseconds{3000});
+  EXPECT_EQ(wakeUps(tilwin().process().pid()), before);
+}
+
+}  // namespace tilwin::desktop

@@ -1,0 +1,26 @@
+#include "tests/desktop/harness/Manager.h"
+
+#include "tests/desktop/harness/HarnessError.h"
+#include "tests/desktop/harness/ManagerSettings.h"
+
+namespace tilwin::desktop {
+
+namespace {
+
+constexpr std::array<ManagerTraits, 3> table{{
+    // manager, name, arguments, composites by default, can composite, configure
+    {Manager::openbox, "openbox", "--sm-disable", false, false, configureOpenbox},
+    {Manager::xfwm4, "xfwm4", "--sm-client-disable", true, true, configureXfwm4},
+    {Manager::metacity, "metacity", "--sm-disable", true, true, configureMetacity},
+}};
+
+}  // namespace
+
+const ManagerTraits& traits(Manager manager) {
+  for (const auto& row : table) {
+    if (row.manager == manager) return row;
+  }
+  throw HarnessError("no such manager");
+}
+
+}  // namespace tilwin::desktop

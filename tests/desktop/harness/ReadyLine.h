@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "tests/desktop/harness/ChildProcess.h"
+
+namespace tilwin::desktop {
+
+/// A program that writes one line to a descriptor when it is ready, and the line.
+struct ReadyProcess {
+  ChildProcess process;
+  std::string line;
+};
+
+/// The descriptor the program is given for its line.
+inline constexpr int readyDescriptor = 3;
+
+/// Starts the program and waits for its line. Throws HarnessError, with the end of its output, when it ends
+/// or time runs out first.
+ReadyProcess startReady(Launch launch, Milliseconds timeout = startTimeout);
+
+}  // namespace tilwin::desktop

@@ -1,0 +1,60 @@
+#include "tests/desktop/harness/RealApplication.h"
+
+#include <algorithm>
+
+#include "tests/desktop/harness/HarnessError.h"
+
+namespace tilwin::desktop {
+
+namespace {
+
+constexpr std::array<ApplicationTraits, 4> table{{
+    {Application::xterm, "xterm", {"xterm", "-fa", "DejaVu Sans Mono", "-fs", "10"}, "XTerm"},
+    {Application::gtkHeaderBar, "gtk3-demo", {"gtk3-demo"}, "Gtk3-demo"},
+    {Application::gtkMenuBar, "gtk3-demo-application", {"gtk3-demo-application"}, "Gtk3-demo-application"},
+    {Application::qt, "featherpad", {"featherpad", "--standalone"}, "FeatherPad"},
+}};
+
+std::vector<std::string> argvOf(const ApplicationTraits& row) {
+  std::vector<std::string> argv;
+  for (const char* word : row.argv) {
+    if (word != nullptr) argv.emplace_back(word);
+  }
+  return argv;
+}
+
+}  // namespace
+
+const ApplicationTraits& traits(Application application) {
+  for (const auto& row : table) {
+    if (row.application == application) return row;
+  }
+  throw HarnessError("no such application");
+}
+
+RealApplication::RealApplication(Application application, const PrivateHome& home,
+                                 const Environment& environment, Desktop& desktop)
+    : traits_(desktop::traits(application)) {
+  const auto before = desktop.clients();
+  process_ = ChildProcess::start(
+      {.argv = argvOf(traits_), .environment = environment, .outputFile = home.log(traits_.name)});
+  waitForWindow(desktop, before);
+  desktop.settle();
+}
+
+void RealApplication::waitForWindow(Desktop& desktop, const std::vector<WindowId>& before) {
+  const auto appeared = [&] {
+    for (const WindowId window : desktop.clients()) {
+      const bool known = std::find(before.begin(), before.end(), window) != before.end();
+      if (!known && desktop.wmClass(window).second == traits_.className && desktop.viewable(window)) {
+        window_ = window;
+      }
+    }
+    return window_ != 0;
+  };
+  if (!desktop.waitUntil([&] { return appeared() || !process_.running(); }, startTimeout) || window_ == 0) {
+    throw HarnessError(std::string(traits_.name) + " shows no window:\n" + lastLines(process_.output(), 8));
+  }
+}
+
+}  // namespace tilwin::desktop

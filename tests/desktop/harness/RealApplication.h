@@ -1,0 +1,59 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "tests/desktop/harness/ChildProcess.h"
+#include "tests/desktop/harness/Desktop.h"
+#include "tests/desktop/harness/PrivateHome.h"
+
+namespace tilwin::desktop {
+
+/// Installed programs that stand for the ways windows behave.
+enum class Application {
+  /// Sizes in character cells.
+  xterm,
+  /// GTK 3 with a header bar: draws its own frame, and a shadow on composited screens.
+  gtkHeaderBar,
+  /// GTK 3 with a menu bar, framed by the manager.
+  gtkMenuBar,
+  /// Qt 5 with a menu bar, framed by the manager.
+  qt,
+};
+
+inline constexpr std::array<Application, 4> allApplications{Application::xterm, Application::gtkHeaderBar,
+                                                            Application::gtkMenuBar, Application::qt};
+
+struct ApplicationTraits {
+  Application application;
+  /// In test names and logs.
+  const char* name;
+  std::array<const char*, 6> argv;
+  /// The class half of its main window's WM_CLASS.
+  const char* className;
+};
+
+const ApplicationTraits& traits(Application application);
+
+/// A running application with its main window.
+class RealApplication {
+public:
+  /// Starts it and waits for its main window, managed and drawn at its first size. Throws HarnessError when
+  /// none comes.
+  RealApplication(Application application, const PrivateHome& home, const Environment& environment,
+                  Desktop& desktop);
+
+  WindowId window() const { return window_; }
+  ChildProcess& process() { return process_; }
+  const ApplicationTraits& traits() const { return traits_; }
+
+private:
+  void waitForWindow(Desktop& desktop, const std::vector<WindowId>& before);
+
+  const ApplicationTraits& traits_;
+  ChildProcess process_;
+  WindowId window_ = 0;
+};
+
+}  // namespace tilwin::desktop

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/desktop/harness/Input.h"
+#include "tests/desktop/harness/RealApplication.h"
+#include "tests/desktop/harness/Screenshot.h"
+#include "tests/desktop/harness/SessionBus.h"
+#include "tests/desktop/harness/TestWindow.h"
+#include "tests/desktop/harness/WindowManager.h"
+#include "tests/desktop/harness/XServer.h"
+
+namespace tilwin::desktop {
+
+struct SessionOptions {
+  Manager manager = Manager::openbox;
+  ManagerSetup setup = {};
+  /// The size of the virtual screen, when no displays are given.
+  PixelSize screen{1920, 1080};
+  /// The displays of a dummy server; empty: a virtual screen.
+  std::vector<PluggedDisplay> displays = {};
+  /// How large a dummy server's screen may grow.
+  PixelSize largest{7680, 4320};
+};
+
+/// A whole private desktop: home, server, bus, window manager, and the witness and hands of a test.
+/// Everything started in it ends with it.
+class Session {
+public:
+  /// Throws HarnessError when a part does not start.
+  explicit Session(const SessionOptions& options = {});
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  /// The same, but nothing with the reason in `whyNot` when the machine cannot run the server.
+  static std::unique_ptr<Session> tryStart(const SessionOptions& options, std::string& whyNot);
+
+  PrivateHome& home() { return home_; }
+  XServer& server() { return *server_; }
+  SessionBus& bus() { return bus_; }
+  WindowManager& manager() { return manager_; }
+  Desktop& desktop() { return desktop_; }
+  Input& input() { return input_; }
+
+  /// What a program of this desktop is started with.
+  Environment environment() const;
+  /// Starts a program in the session, its output in home().log(name).
+  ChildProcess start(const std::string& name, const std::vector<std::string>& argv);
+  RealApplication open(Application application);
+  TestWindow window(const TestWindowOptions& options = {});
+  /// Of the whole screen, or of one part.
+  void screenshot(const std::filesystem::path& file, const std::optional<Rect>& area = std::nullopt);
+
+private:
+  // Ended from the last to the first.
+  PrivateHome home_;
+  std::unique_ptr<XServer> server_;
+  SessionBus bus_;
+  Desktop desktop_;
+  Input input_;
+  WindowManager manager_;
+};
+
+}  // namespace tilwin::desktop

@@ -1,0 +1,43 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+#include "tests/desktop/DesktopTest.h"
+#include "tests/desktop/harness/ExitGuard.h"
+
+namespace {
+
+[[noreturn]] void usage() {
+  std::fputs("usage: desktop-tests --tilwin PROGRAM --window-manager openbox|xfwm4|metacity\n", stderr);
+  std::exit(2);
+}
+
+tilwin::desktop::Manager managerNamed(std::string_view name) {
+  using namespace tilwin::desktop;
+  for (const auto manager : allManagers) {
+    if (traits(manager).name == name) return manager;
+  }
+  usage();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const tilwin::desktop::EndOnSignal endOnSignal;
+  testing::InitGoogleTest(&argc, argv);
+  auto& arguments = tilwin::desktop::arguments();
+  for (int index = 1; index + 1 < argc; index += 2) {
+    const std::string_view option = argv[index];
+    if (option == "--tilwin") {
+      arguments.tilwin = std::filesystem::absolute(argv[index + 1]);
+    } else if (option == "--window-manager") {
+      arguments.manager = managerNamed(argv[index + 1]);
+    } else {
+      usage();
+    }
+  }
+  if (arguments.tilwin.empty()) usage();
+  return RUN_ALL_TESTS();
+}

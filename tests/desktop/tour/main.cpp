@@ -1,0 +1,105 @@
+// Shows the finished program at work: every default shortcut pressed on real windows of a private desktop,
+// each frame held against what was meant, each scene kept as a picture.
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <string_view>
+#include <vector>
+
+#include "tests/desktop/DefaultShortcuts.h"
+#include "tests/desktop/TilwinProcess.h"
+#include "tests/desktop/harness/ExitGuard.h"
+#include "tests/desktop/tour/Stage.h"
+
+namespace {
+
+using namespace tilwin;
+using namespace tilwin::desktop;
+
+struct Arguments {
+  std::filesystem::path tilwin;
+  std::filesystem::path output;
+};
+
+void paintBackground(Session& session) {
+  session.start("xsetroot", {"xsetroot", "-solid", "#2e5a6b"}).waitFor(answerTimeout);
+}
+
+void playOneDisplay(const Arguments& arguments, std::vector<Scene>& scenes) {
+  Session session;
+  paintBackground(session);
+  const TilwinProcess program(session, arguments.tilwin);
+  const std::array applications{session.open(Application::xterm), session.open(Application::gtkHeaderBar),
+                                session.open(Application::qt)};
+  Stage stage(session, arguments.output, scenes);
+  for (std::size_t index = 0; index < oneDisplayShortcuts.size(); ++index) {
+    const auto& shortcut = oneDisplayShortcuts[index];
+    // A terminal starts from whole cells, so what depends on the start is shown on the others.
+    const std::size_t choice = index % applications.size();
+    const auto& application = applications[shortcut.relative ? std::max<std::size_t>(choice, 1) : choice];
+    stage.set(application, startFrame);
+    if (shortcut.frame == startFrame) {
+      session.input().press(leftHalfKeys);
+      session.desktop().waitForFrame(application.window(), {0, 0, 960, 1080});
+    }
+    stage.play(application, {shortcut.shown, shortcut.action, shortcut.chord, shortcut.frame});
+  }
+}
+
+/// False, with the reason printed, where this machine cannot plug displays.
+bool playTwoDisplays(const Arguments& arguments, std::vector<Scene>& scenes) {
+  std::string whyNot;
+  const auto session = Session::tryStart(
+      {.displays = {{.output = "DUMMY0", .mode = {1920, 1080}, .primary = true},
+                    {.output = "DUMMY1", .mode = {1280, 1024}, .position = {1920, 0}}}},
+      whyNot);
+  if (!session) {
+    std::printf("Two displays cannot be shown here: %s\n", whyNot.c_str());
+    return false;
+  }
+  paintBackground(*session);
+  const TilwinProcess program(*session, arguments.tilwin);
+  const auto application = session->open(Application::qt);
+  Stage stage(*session, arguments.output, scenes);
+  stage.set(application, {0, 0, 960, 1080});
+  stage.play(application, {"⌃⌥⌘→", "nextDisplay", nextDisplayKeys, {1920, 0, 640, 1024}});
+  stage.play(application, {"⌃⌥⌘←", "previousDisplay", previousDisplayKeys, {0, 0, 960, 1080}});
+  return true;
+}
+
+int playAll(const Arguments& arguments) {
+  std::filesystem::remove_all(arguments.output);
+  std::filesystem::create_directories(arguments.output);
+  std::vector<Scene> scenes;
+  playOneDisplay(arguments, scenes);
+  playTwoDisplays(arguments, scenes);
+  std::fputs("\r\033[K", stderr);
+  std::printf("%s\nPictures: %s\n%s\n", tableOf(scenes).c_str(), arguments.output.c_str(),
+              summaryOf(scenes).c_str());
+  return std::ranges::all_of(scenes, &Scene::right) ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const EndOnSignal endOnSignal;
+  Arguments arguments;
+  for (int index = 1; index + 1 < argc; index += 2) {
+    const std::string_view option = argv[index];
+    if (option == "--tilwin") arguments.tilwin = std::filesystem::absolute(argv[index + 1]);
+    if (option == "--output") arguments.output = std::filesystem::absolute(argv[index + 1]);
+  }
+  if (arguments.tilwin.empty() || arguments.output.empty()) {
+    std::fputs("usage: tilwin-tour --tilwin PROGRAM --output FOLDER\n", stderr);
+    return 2;
+  }
+  try {
+    return playAll(arguments);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "\nThe tour cannot go on: %s\n", error.what());
+    return 1;
+  }
+}

@@ -1,0 +1,42 @@
+#include "platform/x11/Margins.h"
+
+#include <gtest/gtest.h>
+
+namespace tilwin::x11 {
+
+namespace {
+
+const FrameShape decorated{.decoration = {.left = 1, .right = 2, .top = 20, .bottom = 5}, .shadow = {}};
+const FrameShape shadowed{.decoration = {}, .shadow = {.left = 26, .right = 26, .top = 23, .bottom = 29}};
+
+}  // namespace
+
+TEST(FrameShape, TheFrameOfADecoratedWindowTakesInItsDecoration) {
+  EXPECT_EQ(decorated.frameOfClient({101, 120, 800, 600}), (Rect{100, 100, 803, 625}));
+}
+
+TEST(FrameShape, TheFrameOfAWindowThatDrawsAShadowLeavesTheShadowOut) {
+  EXPECT_EQ(shadowed.frameOfClient({-26, -23, 852, 652}), (Rect{0, 0, 800, 600}));
+}
+
+TEST(FrameShape, ADecoratedWindowIsAskedForByItsOuterCornerAndItsClientSize) {
+  EXPECT_EQ(decorated.requestForFrame({100, 100, 803, 625}), (Rect{100, 100, 800, 600}));
+}
+
+TEST(FrameShape, AWindowWithAShadowIsAskedToReachBeyondItsFrame) {
+  EXPECT_EQ(shadowed.requestForFrame({0, 0, 800, 600}), (Rect{-26, -23, 852, 652}));
+}
+
+TEST(FrameShape, AFrameSmallerThanItsDecorationAsksForOnePoint) {
+  const Rect request = decorated.requestForFrame({0, 0, 2, 10});
+  EXPECT_EQ(request.width, 1);
+  EXPECT_EQ(request.height, 1);
+}
+
+TEST(Margins, AMissingOrShortPropertyMeansNone) {
+  EXPECT_EQ(Margins::fromProperty({}), Margins());
+  EXPECT_EQ(Margins::fromProperty({1, 2, 3}), Margins());
+  EXPECT_EQ(Margins::fromProperty({1, 2, 3, 4}), (Margins{1, 2, 3, 4}));
+}
+
+}  // namespace tilwin::x11

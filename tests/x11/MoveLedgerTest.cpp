@@ -1,0 +1,88 @@
+#include "platform/x11/MoveLedger.h"
+
+#include <gtest/gtest.h>
+
+namespace tilwin::x11 {
+
+namespace {
+
+using Seconds = MoveLedger::Seconds;
+
+constexpr xcb_window_t terminal = 7;
+constexpr Rect askedFor{0, 0, 960, 1080};
+constexpr Rect roundedToCells{0, 0, 955, 1069};
+constexpr Rect elsewhere{300, 200, 955, 1069};
+
+/// A terminal asked at second 10 for half the screen, which its manager answered with whole cells.
+class AnsweredMove : public testing::Test {
+protected:
+  AnsweredMove() {
+    ledger.asked(terminal, {askedFor, {}}, Seconds(10));
+    ledger.configured(terminal, Seconds(10.01));
+  }
+
+  MoveLedger ledger;
+};
+
+}  // namespace
+
+TEST_F(AnsweredMove, TheFrameAskedForIsReportedWhileTheWindowStandsWhereItWasPut) {
+  EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(11)), askedFor);
+  EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(4000)), askedFor);
+}
+
+TEST_F(AnsweredMove, TheFrameAskedForIsReportedBeforeTheManagerHasAnswered) {
+  ledger.asked(terminal, {{960, 0, 960, 1080}, {}}, Seconds(20));
+  EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(20.001)), (Rect{960, 0, 960, 1080}));
+}
+
+TEST_F(AnsweredMove, TheRestOfTheBurstBelongsToTheAnswer) {
+  EXPECT_TRUE(ledger.configured(terminal, Seconds(10.05)));
+  EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(10.06)), askedFor);
+}
+
+TEST_F(AnsweredMove, AWindowDraggedAwayRightAfterTheAnswerIsReportedWhereItStands) {
+  EXPECT_FALSE(ledger.configured(terminal, Seconds(10.2)));
+  EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(10.3)), elsewhere);
+}
+
+TEST_F(AnsweredMove, AWindowMovedLaterBySomebodyElseIsReportedWhereItStands) {
+  EXPECT_FALSE(ledger.configured(terminal, Seconds(60)));
+  EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(61)), elsewhere);
+}
+
+TEST_F(AnsweredMove, AWindowThatWentUnseenIsReportedWhereItStandsEvenAfterItComesBack) {
+  EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(11)), askedFor);
+  EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(12)), elsewhere);
+  EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(13)), roundedToCells);
+}
+
+TEST_F(AnsweredMove, AClosedWindowIsForgotten) {
+  ledger.forget(terminal);
+  EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(11)), roundedToCells);
+}
+
+TEST(MoveLedger, AWindowNeverMovedIsReportedWhereItStands) {
+  MoveLedger ledger;
+  EXPECT_FALSE(ledger.configured(terminal, Seconds(1)));
+  EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(1)), elsewhere);
+}
+
+TEST(MoveLedger, ARequestThatNobodyAnsweredIsNotBelieved) {
+  MoveLedger ledger;
+  ledger.asked(terminal, {askedFor, {}}, Seconds(10));
+  EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(11)), elsewhere);
+}
+
+TEST(MoveLedger, ARequestCanBeCorrectedForAShortTimeOnly) {
+  MoveLedger ledger;
+  const FrameShape shape{.decoration = {1, 1, 20, 1}, .shadow = {}};
+  ledger.asked(terminal, {askedFor, shape}, Seconds(10));
+  const auto request = ledger.correctable(terminal, Seconds(10.9));
+  ASSERT_TRUE(request);
+  EXPECT_EQ(request->frame, askedFor);
+  EXPECT_EQ(request->shape, shape);
+  EXPECT_FALSE(ledger.correctable(terminal, Seconds(11.1)));
+}
+
+}  // namespace tilwin::x11

@@ -1,0 +1,80 @@
+#include "platform/x11/Strut.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace tilwin::x11 {
+
+namespace {
+
+using Numbers = std::vector<std::uint32_t>;
+
+/// A small monitor at the left, a larger one at its right; the desktop spans both.
+constexpr Rect desktop{0, 0, 4480, 1440};
+constexpr Rect small{0, 0, 1920, 1080};
+constexpr Rect large{1920, 0, 2560, 1440};
+
+Numbers partialTop(std::uint32_t depth, std::uint32_t start, std::uint32_t end) {
+  return {0, 0, depth, 0, 0, 0, 0, 0, start, end, 0, 0};
+}
+
+Numbers partialBottom(std::uint32_t depth, std::uint32_t start, std::uint32_t end) {
+  return {0, 0, 0, depth, 0, 0, 0, 0, 0, 0, start, end};
+}
+
+Numbers partialLeft(std::uint32_t depth, std::uint32_t start, std::uint32_t end) {
+  return {depth, 0, 0, 0, start, end, 0, 0, 0, 0, 0, 0};
+}
+
+Rect leftOf(const Rect& monitor, const Numbers& partial, const Numbers& whole = {}) {
+  return visibleFrame(monitor, strutsOf(partial, whole, desktop));
+}
+
+}  // namespace
+
+TEST(Strut, ATopPanelTakesRoomOnItsMonitorAlone) {
+  EXPECT_EQ(leftOf(large, partialTop(30, 1920, 4479)), (Rect{1920, 30, 2560, 1410}));
+  EXPECT_EQ(leftOf(small, partialTop(30, 1920, 4479)), small);
+}
+
+TEST(Strut, ABottomPanelOnAShorterMonitorIsMeasuredFromTheDesktopsEdge) {
+  // 40 points high, on the monitor whose bottom lies 360 points above that of the desktop.
+  EXPECT_EQ(leftOf(small, partialBottom(400, 0, 1919)), (Rect{0, 0, 1920, 1040}));
+  EXPECT_EQ(leftOf(large, partialBottom(400, 0, 1919)), large);
+}
+
+TEST(Strut, APanelAtTheInnerEdgeOfTheRightMonitorLeavesTheLeftOneAlone) {
+  EXPECT_EQ(leftOf(large, partialLeft(1984, 0, 1439)), (Rect{1984, 0, 2496, 1440}));
+  EXPECT_EQ(leftOf(small, partialLeft(1984, 0, 1439)), small);
+}
+
+TEST(Strut, TwoPanelsOnOneEdgeTakeTheDeeperRoom) {
+  const std::array struts{Strut{Strut::Edge::top, {0, 0, 1920, 24}},
+                          Strut{Strut::Edge::top, {0, 0, 1920, 30}}};
+  EXPECT_EQ(visibleFrame(small, struts), (Rect{0, 30, 1920, 1050}));
+}
+
+TEST(Strut, PanelsOnAllFourEdgesAddUp) {
+  EXPECT_EQ(visibleFrame(small, strutsOf({}, {10, 20, 30, 40}, small)), (Rect{10, 30, 1890, 1010}));
+}
+
+TEST(Strut, ThePartialPropertyWinsOverTheOlderOne) {
+  EXPECT_EQ(leftOf(large, partialTop(30, 1920, 4479), {0, 0, 99, 0}), (Rect{1920, 30, 2560, 1410}));
+}
+
+TEST(Strut, TheOlderPropertyReachesAlongTheWholeEdge) {
+  EXPECT_EQ(leftOf(small, {}, {0, 0, 25, 0}), (Rect{0, 25, 1920, 1055}));
+  EXPECT_EQ(leftOf(large, {}, {0, 0, 25, 0}), (Rect{1920, 25, 2560, 1415}));
+}
+
+TEST(Strut, AShortPropertyCountsAsMissing) {
+  EXPECT_TRUE(strutsOf({1, 2, 3}, {1, 2}, desktop).empty());
+  EXPECT_TRUE(strutsOf({}, {}, desktop).empty());
+}
+
+TEST(Strut, AStrutThatWouldLeaveNothingIsPassedOver) {
+  EXPECT_EQ(leftOf(small, partialTop(2000, 0, 1919)), small);
+}
+
+}  // namespace tilwin::x11
