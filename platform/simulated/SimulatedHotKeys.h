@@ -43,6 +43,7 @@ public:
   [[nodiscard]] const std::vector<Registration>& registrations() const { return registrations_; }
   /// References given back, in that order, those that were not registered included.
   [[nodiscard]] const std::vector<Reference>& removals() const { return removals_; }
+  [[nodiscard]] bool hasHandler() const { return handler_ != nullptr; }
   [[nodiscard]] int handlerInstallations() const { return handlerInstallations_; }
 
 private:

@@ -37,6 +37,16 @@ TEST(SimulatedDesktop, AWindowThatIgnoresRequestsIsReportedWhereItStands) {
   EXPECT_EQ(desktop.provider()->focusedWindow()->frame, (Rect{1, 2, 300, 400}));
 }
 
+TEST(SimulatedDesktop, ListingTheWindowsForgetsTheIdsOfThoseThatAreNotListed) {
+  SimulatedDesktop desktop;
+  desktop.windows.open({.isStandard = false});
+  const auto dialog = desktop.provider()->focusedWindow();
+  ASSERT_TRUE(dialog.has_value());
+  EXPECT_TRUE(desktop.provider()->setFrame(dialog->id, {1, 2, 300, 400}));
+  EXPECT_TRUE(desktop.provider()->allWindows().empty());
+  EXPECT_FALSE(desktop.provider()->setFrame(dialog->id, {5, 6, 300, 400}));
+}
+
 TEST(SimulatedDesktop, ItsLogKeepsTheLines) {
   SimulatedDesktop desktop;
   desktop.systemLog().write("first");

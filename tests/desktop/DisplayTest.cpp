@@ -108,4 +108,14 @@ TEST_F(Displays, APanelOnOneDisplayLeavesTheOtherWhole) {
   EXPECT_TRUE(stands({1440, 40, 960, 1040}));
 }
 
+TEST(HandMadeMonitors, AreDisplaysFromTheNextPressOn) {
+  Session session({.manager = arguments().manager});
+  const TilwinProcess tilwin(session, arguments().tilwin);
+  const TestWindow window(session.server().display());
+  ASSERT_TRUE(session.desktop().activate(window.id()));
+  session.server().splitIntoMonitors({1200, 720});
+  session.input().press(leftHalfKeys);
+  EXPECT_TRUE(session.desktop().waitForFrame(window.id(), {0, 0, 600, 1080}));
+}
+
 }  // namespace tilwin::desktop

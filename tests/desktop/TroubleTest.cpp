@@ -1,33 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <string>
 
 #include "tests/desktop/DesktopTest.h"
 #include "tests/desktop/harness/GrabbedKey.h"
+#include "tests/desktop/harness/ResourceUse.h"
 
 namespace tilwin::desktop {
 
 namespace {
-
-/// How often the threads of a process have gone to sleep and been woken.
-std::int64_t wakeUps(pid_t process) {
-  std::int64_t result = 0;
-  const std::string tasks = "/proc/" + std::to_string(process) + "/task";
-  for (const auto& task : std::filesystem::directory_iterator(tasks)) {
-    std::ifstream status(task.path() / "status");
-    for (std::string field; status >> field;) {
-      if (field != "voluntary_ctxt_switches:") continue;
-      std::int64_t count = 0;
-      status >> count;
-      result += count;
-    }
-  }
-  return result;
-}
 
 /// Each test does something to the desktop under Tilwin's feet; Tilwin then has to serve the next press.
 class Trouble : public DesktopTest {};
@@ -104,9 +85,10 @@ TEST_F(Trouble, AskedToEndItEndsInGoodOrderAndGivesItsShortcutsBack) {
 TEST_F(Trouble, AtRestTilwinNeverWakes) {
   EXPECT_TRUE(serves());
   desktop().waitUntil([] { return false; }, Milliseconds{1000});
-  const auto before = wakeUps(tilwin().process().pid());
+  const auto before = useOf(tilwin().process().pid());
+  ASSERT_TRUE(before);
   desktop().waitUntil([] { return false; }, Milliseconds{3000});
-  EXPECT_EQ(wakeUps(tilwin().process().pid()), before);
+  EXPECT_EQ(useOf(tilwin().process().pid())->wakeUps, before->wakeUps);
 }
 
 }  // namespace tilwin::desktop

@@ -51,7 +51,7 @@ MAY_INCLUDE = {
     "platform/macos": ([PORTS, *VALUES], ["std", "posix", "apple"]),
     "platform/simulated": ([PORTS, *VALUES], ["std"]),
     "app": ([CORE, PORTS], ["std"]),
-    "tests": (["tests"], TEST_TOOLS),
+    "tests": ([CORE], TEST_TOOLS),
     "tests/core": ([CORE, PORTS, "platform/simulated", "tests"], [*TEST_TOOLS, "json"]),
     "tests/app": ([CORE, PORTS, "platform/simulated", "app", "tests"], [*TEST_TOOLS, "json"]),
     "tests/x11": ([CORE, PORTS, "platform/x11", "tests"], [*TEST_TOOLS, "xcb"]),
@@ -60,8 +60,8 @@ MAY_INCLUDE = {
     "tests/contract": (["core", "platform", "tests"], [*TEST_TOOLS, "xcb", "qt"]),
     "tests/desktop": (["core/geometry", "tests"], [*TEST_TOOLS, "linux", "xcb", "qt"]),
     "fuzz": ([CORE], ["std"]),
-    "bench": ([CORE, PORTS, "platform/simulated", "app", "tests/desktop/harness"],
-              ["std", "posix", "benchmark", "xcb"]),
+    "bench": ([CORE, PORTS, "platform/simulated", "app"], ["std", "posix", "benchmark"]),
+    "bench/desktop": (["core/geometry", "tests/desktop"], ["std", "posix", "benchmark", "xcb"]),
 }
 CPP_ROOTS = ("core", "app", "platform", "tests", "fuzz", "bench")
 

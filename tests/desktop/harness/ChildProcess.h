@@ -48,6 +48,8 @@ public:
   ChildProcess() = default;
   ChildProcess(ChildProcess&& other) noexcept;
   ChildProcess& operator=(ChildProcess&& other) noexcept;
+  ChildProcess(const ChildProcess&) = delete;
+  ChildProcess& operator=(const ChildProcess&) = delete;
   ~ChildProcess();
 
   pid_t pid() const { return pid_; }

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <array>
 #include <optional>
 #include <string>
 #include <utility>
@@ -17,6 +18,12 @@ namespace tilwin::desktop {
 
 /// States of a window by which tests ask (EWMH _NET_WM_STATE).
 enum class WindowState { maximizedVertically, maximizedHorizontally, fullScreen, hidden, focused, above };
+
+/// A message that asks the manager to place a window's frame, worked out with the borders it has now.
+struct PlaceRequest {
+  WindowId window = 0;
+  std::array<std::uint32_t, 5> data{};
+};
 
 /// The witness: what an onlooker with a connection of its own sees of a desktop, and what a pager could ask
 /// of it. It knows windows by EWMH and ICCCM alone. Not thread-safe.
@@ -74,9 +81,12 @@ public:
   void set(WindowId window, WindowState state, bool on);
   void setMaximized(WindowId window, bool on);
   /// Asks the manager to place the window's frame there (_NET_MOVERESIZE_WINDOW); used to set a scene.
-  void place(WindowId window, const Rect& frame);
+  void place(WindowId window, const Rect& wanted);
+  /// The same in two steps, for who has to know that the second is one message and nothing else.
+  PlaceRequest placeRequest(WindowId window, const Rect& wanted);
+  void send(const PlaceRequest& request);
   /// Waits until each of the frame's four numbers is within the tolerance. False when they never are.
-  bool waitForFrame(WindowId window, const Rect& frame, double tolerance = 0,
+  bool waitForFrame(WindowId window, const Rect& wanted, double tolerance = 0,
                     Milliseconds timeout = answerTimeout);
 
   PixelSize screenSize();

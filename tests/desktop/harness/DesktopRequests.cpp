@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -51,10 +52,8 @@ void Desktop::close(WindowId window) {
 
 bool Desktop::has(WindowId window, WindowState state) {
   const xcb_atom_t wanted = connection_.atom(atomOf(state));
-  for (const auto atom : connection_.numbers(window, "_NET_WM_STATE")) {
-    if (atom == wanted) return true;
-  }
-  return false;
+  const auto states = connection_.numbers(window, "_NET_WM_STATE");
+  return std::find(states.begin(), states.end(), wanted) != states.end();
 }
 
 bool Desktop::maximized(WindowId window) {
@@ -77,17 +76,23 @@ void Desktop::setMaximized(WindowId window, bool on) {
                           connection_.atom(atomOf(WindowState::maximizedHorizontally)), fromPager, 0});
 }
 
-void Desktop::place(WindowId window, const Rect& wanted) {
+PlaceRequest Desktop::placeRequest(WindowId window, const Rect& wanted) {
   // By north-west gravity the position is that of the frame's corner; a client's own X border, which xterm
   // has, then plays no part.
   constexpr std::uint32_t allFour = 0xf00;
   const Extents frame = frameExtents(window);
   const Extents shadow = shadowExtents(window);
-  connection_.sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
-                         {XCB_GRAVITY_NORTH_WEST | allFour | fromPager << 12U, whole(wanted.x - shadow.left),
-                          whole(wanted.y - shadow.top),
-                          whole(wanted.width - frame.left - frame.right + shadow.left + shadow.right),
-                          whole(wanted.height - frame.top - frame.bottom + shadow.top + shadow.bottom)});
+  return {window,
+          {XCB_GRAVITY_NORTH_WEST | allFour | fromPager << 12U, whole(wanted.x - shadow.left),
+           whole(wanted.y - shadow.top),
+           whole(wanted.width - frame.left - frame.right + shadow.left + shadow.right),
+           whole(wanted.height - frame.top - frame.bottom + shadow.top + shadow.bottom)}};
+}
+
+void Desktop::place(WindowId window, const Rect& wanted) { send(placeRequest(window, wanted)); }
+
+void Desktop::send(const PlaceRequest& request) {
+  connection_.sendToRoot(request.window, "_NET_MOVERESIZE_WINDOW", request.data);
 }
 
 }  // namespace tilwin::desktop

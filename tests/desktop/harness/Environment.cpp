@@ -15,7 +15,8 @@ Environment Environment::with(const Environment& other) const {
 
 std::vector<std::string> Environment::strings() const {
   std::vector<std::string> result;
-  for (const auto& [name, value] : values_) result.push_back(name + "=" + value);
+  result.reserve(values_.size());
+  for (const auto& [name, value] : values_) result.emplace_back(name).append("=").append(value);
   return result;
 }
 

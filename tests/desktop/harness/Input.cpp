@@ -12,6 +12,9 @@ namespace tilwin::desktop {
 
 namespace {
 
+/// Longer than any toolkit here waits for a second click (400 ms).
+constexpr Milliseconds doubleClickTime{450};
+
 void fake(XConnection& connection, std::uint8_t type, std::uint8_t detail, PixelPoint at = {}) {
   xcb_test_fake_input(connection.get(), type, detail, XCB_CURRENT_TIME, connection.root(),
                       static_cast<std::int16_t>(at.x), static_cast<std::int16_t>(at.y), 0);
@@ -104,6 +107,7 @@ PixelPoint Input::pointer() {
 }
 
 void Input::buttonDown(int button) {
+  lastButtonDown_ = Clock::now();
   fake(connection_, XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button));
   heldButtons_.push_back(static_cast<std::uint8_t>(button));
   connection_.sync();
@@ -132,6 +136,7 @@ void Input::glide(PixelPoint to, int steps, Milliseconds step) {
 }
 
 void Input::drag(PixelPoint from, PixelPoint to, int steps, Milliseconds step) {
+  std::this_thread::sleep_until(lastButtonDown_ + doubleClickTime);
   movePointer(from);
   buttonDown();
   glide(to, steps, step);

@@ -26,8 +26,8 @@ public:
   /// The same with the last key given by its keycode.
   Clock::time_point pressKeycode(xcb_keycode_t key, const std::string& modifiers = "");
 
-  void keyDown(const std::string& key);
-  void keyUp(const std::string& key);
+  void keyDown(const std::string& name);
+  void keyUp(const std::string& name);
 
   /// Switches a lock by pressing its key when it is not as wanted; throws HarnessError when that fails.
   void setCapsLock(bool on);
@@ -42,7 +42,7 @@ public:
   void click(PixelPoint at, int button = 1);
   /// Moves in a straight line like a hand: in so many steps, each taking so long.
   void glide(PixelPoint to, int steps = 20, Milliseconds step = Milliseconds{8});
-  /// Down, glide, up.
+  /// Down, glide, up; never so soon after another press that the two count as a double click.
   void drag(PixelPoint from, PixelPoint to, int steps = 20, Milliseconds step = Milliseconds{8});
 
   Keyboard& keyboard() { return keyboard_; }
@@ -57,6 +57,7 @@ private:
   Keyboard keyboard_;
   std::vector<xcb_keycode_t> heldKeys_;
   std::vector<std::uint8_t> heldButtons_;
+  Clock::time_point lastButtonDown_{};
 };
 
 }  // namespace tilwin::desktop

@@ -1,7 +1,7 @@
 #include "tests/desktop/harness/Keyboard.h"
 
 // The protocol calls a field by a word that C++ keeps for itself.
-#define explicit explicitComponents
+#define explicit explicitComponents  // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 
@@ -79,8 +79,9 @@ xcb_keycode_t Keyboard::at(const std::string& position) {
                                       reply->indicators, reply->virtualMods, reply->groupNames, reply->nKeys,
                                       reply->nKeyAliases, reply->nRadioGroups, reply->which, &list);
   for (std::size_t key = 0; key < reply->nKeys; ++key) {
+    // Padded with zeros to its full length.
     const std::string name(list.keyNames[key].name, sizeof list.keyNames[key].name);
-    if (name.c_str() == position) return static_cast<xcb_keycode_t>(reply->firstKey + key);
+    if (name.substr(0, name.find('\0')) == position) return static_cast<xcb_keycode_t>(reply->firstKey + key);
   }
   throw HarnessError("no key at position " + position);
 }

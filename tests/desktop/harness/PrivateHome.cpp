@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -19,11 +20,11 @@ namespace tilwin::desktop {
 namespace {
 
 struct Variable {
-  const char* name;
-  const char* value;
+  const char* name = nullptr;
+  const char* value = nullptr;
 };
 
-constexpr Variable fixedVariables[] = {
+constexpr std::array<Variable, 13> fixedVariables{{
     {"LANG", "C.UTF-8"},
     {"SHELL", "/bin/sh"},
     {"XDG_DATA_DIRS", "/usr/local/share:/usr/share"},
@@ -37,12 +38,12 @@ constexpr Variable fixedVariables[] = {
     {"GSETTINGS_BACKEND", "keyfile"},
     {"GIO_USE_VFS", "local"},
     {"LIBGL_ALWAYS_SOFTWARE", "1"},
-};
+}};
 
 /// Taken over when set: where programs are, and how an instrumented build reports.
-constexpr const char* inheritedVariables[] = {"PATH",          "LD_LIBRARY_PATH",  "ASAN_OPTIONS",
-                                              "UBSAN_OPTIONS", "LSAN_OPTIONS",     "TSAN_OPTIONS",
-                                              "GCOV_PREFIX",   "LLVM_PROFILE_FILE"};
+constexpr std::array<const char*, 8> inheritedVariables{"PATH",          "LD_LIBRARY_PATH",  "ASAN_OPTIONS",
+                                                        "UBSAN_OPTIONS", "LSAN_OPTIONS",     "TSAN_OPTIONS",
+                                                        "GCOV_PREFIX",   "LLVM_PROFILE_FILE"};
 
 std::filesystem::path makeTemporaryFolder() {
   std::string name = (std::filesystem::temp_directory_path() / "tilwin-desktop-XXXXXX").string();

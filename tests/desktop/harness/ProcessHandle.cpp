@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace tilwin::desktop {
 
@@ -13,24 +12,12 @@ namespace tilwin::desktop {
 ProcessHandle::ProcessHandle(pid_t process)
     : descriptor_(static_cast<int>(syscall(SYS_pidfd_open, process, 0))) {}
 
-ProcessHandle::ProcessHandle(ProcessHandle&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)) {}
-
-ProcessHandle& ProcessHandle::operator=(ProcessHandle&& other) noexcept {
-  std::swap(descriptor_, other.descriptor_);
-  return *this;
-}
-
-ProcessHandle::~ProcessHandle() {
-  if (descriptor_ >= 0) close(descriptor_);
-}
-
 void ProcessHandle::signal(int number) const {
-  syscall(SYS_pidfd_send_signal, descriptor_, number, nullptr, 0);
+  syscall(SYS_pidfd_send_signal, descriptor_.number(), number, nullptr, 0);
 }
 
 bool ProcessHandle::waitForEnd(Milliseconds timeout) const {
-  pollfd end{descriptor_, POLLIN, 0};
+  pollfd end{descriptor_.number(), POLLIN, 0};
   return poll(&end, 1, static_cast<int>(std::max<Milliseconds::rep>(timeout.count(), 0))) != 0;
 }
 

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include "tests/desktop/harness/Descriptor.h"
 #include "tests/desktop/harness/Waiting.h"
 
 namespace tilwin::desktop {
@@ -13,18 +14,15 @@ public:
   ProcessHandle() = default;
   /// Empty when there is no such process.
   explicit ProcessHandle(pid_t process);
-  ProcessHandle(ProcessHandle&& other) noexcept;
-  ProcessHandle& operator=(ProcessHandle&& other) noexcept;
-  ~ProcessHandle();
 
-  explicit operator bool() const { return descriptor_ >= 0; }
+  explicit operator bool() const { return static_cast<bool>(descriptor_); }
 
   void signal(int number) const;
   /// Waits until the process has ended; false when it still runs after the timeout.
   bool waitForEnd(Milliseconds timeout) const;
 
 private:
-  int descriptor_ = -1;
+  Descriptor descriptor_;
 };
 
 }  // namespace tilwin::desktop

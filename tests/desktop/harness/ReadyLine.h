@@ -15,8 +15,8 @@ struct ReadyProcess {
 /// The descriptor the program is given for its line.
 inline constexpr int readyDescriptor = 3;
 
-/// Starts the program and waits for its line. Throws HarnessError, with the end of its output, when it ends
-/// or time runs out first.
-ReadyProcess startReady(Launch launch, Milliseconds timeout = startTimeout);
+/// Starts the program and waits for its line on the descriptor. Throws HarnessError, with the end of its
+/// output, when it ends or time runs out first.
+ReadyProcess startReady(Launch launch, Milliseconds timeout = startTimeout, int descriptor = readyDescriptor);
 
 }  // namespace tilwin::desktop

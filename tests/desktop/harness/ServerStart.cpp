@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/ServerStart.h"
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdio>
 
@@ -68,9 +69,9 @@ std::vector<std::string> modeTimings(PixelSize size) {
   const int total = size.width + 160;
   const int lines = size.height + 25;
   const double clock = std::min(highestClock, total * static_cast<double>(lines) * 60.0 / 1e6);
-  char clockText[32];
-  std::snprintf(clockText, sizeof clockText, "%.2f", clock);
-  std::vector<std::string> timings{clockText};
+  std::array<char, 32> clockText{};
+  std::snprintf(clockText.data(), clockText.size(), "%.2f", clock);
+  std::vector<std::string> timings{clockText.data()};
   for (const int value : {size.width, size.width + 48, size.width + 80, total, size.height, size.height + 3,
                           size.height + 8, lines}) {
     timings.push_back(std::to_string(value));

@@ -32,6 +32,7 @@ class Session {
 public:
   /// Throws HarnessError when a part does not start.
   explicit Session(const SessionOptions& options = {});
+  ~Session() = default;
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 

@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include "tests/desktop/harness/ChildProcess.h"
+#include "tests/desktop/harness/Descriptor.h"
 #include "tests/desktop/harness/HarnessError.h"
 
 namespace tilwin::desktop {
@@ -31,15 +32,16 @@ struct Prepared {
   pid_t parent;
 };
 
-int openForAppending(const std::filesystem::path& file) {
+Descriptor openForAppending(const std::filesystem::path& file) {
   const char* path = file.empty() ? "/dev/null" : file.c_str();
-  const int fd = open(path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
-  if (fd < 0) throw HarnessError("cannot write " + file.string() + ": " + std::strerror(errno));
-  return fd;
+  Descriptor opened(open(path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644));
+  if (!opened) throw HarnessError("cannot write " + file.string() + ": " + std::strerror(errno));
+  return opened;
 }
 
 std::vector<char*> pointers(const std::vector<std::string>& texts) {
   std::vector<char*> result;
+  result.reserve(texts.size() + 1);
   for (const auto& text : texts) result.push_back(const_cast<char*>(text.c_str()));
   result.push_back(nullptr);
   return result;
@@ -58,6 +60,7 @@ void takeDescriptors(Prepared& prepared) {
   dup2(prepared.output, STDOUT_FILENO);
   dup2(prepared.error, STDERR_FILENO);
   // Out of the way of every wanted number first, or one could overwrite another's source.
+  prepared.report = fcntl(prepared.report, F_DUPFD_CLOEXEC, 200);
   for (auto& [wanted, ours] : prepared.descriptors) ours = fcntl(ours, F_DUPFD_CLOEXEC, 200);
   for (const auto& [wanted, ours] : prepared.descriptors) {
     if (dup2(ours, wanted) < 0) fail(prepared);
@@ -92,29 +95,25 @@ int reportedFailure(int fd) {
 
 pid_t spawn(const Launch& launch) {
   if (launch.argv.empty()) throw HarnessError("no program to start");
-  int report[2];
-  if (pipe2(report, O_CLOEXEC) != 0) throw HarnessError("no pipe: " + std::string(std::strerror(errno)));
-  const std::vector<std::string> variables = launch.environment.strings();
-  const int output = openForAppending(launch.outputFile);
-  const int error =
-      launch.errorFile.empty() ? fcntl(output, F_DUPFD_CLOEXEC, 3) : openForAppending(launch.errorFile);
-  Prepared prepared{variables,
+  Pipe report = Pipe::make();
+  const Descriptor output = openForAppending(launch.outputFile);
+  const Descriptor error = launch.errorFile.empty() ? Descriptor() : openForAppending(launch.errorFile);
+  Prepared prepared{launch.environment.strings(),
                     pointers(launch.argv),
                     {},
                     {launch.descriptors.begin(), launch.descriptors.end()},
                     launch.workingFolder.c_str(),
-                    output,
-                    error,
-                    report[1],
+                    output.number(),
+                    error ? error.number() : output.number(),
+                    report.writeEnd.number(),
                     launch.deathSignal,
                     getpid()};
   prepared.environment = pointers(prepared.variables);
   const pid_t pid = fork();
   if (pid == 0) becomeProgram(prepared);
   if (pid > 0) setpgid(pid, pid);
-  for (const int fd : {output, error, report[1]}) close(fd);
-  const int failure = pid < 0 ? errno : reportedFailure(report[0]);
-  close(report[0]);
+  report.writeEnd.close();
+  const int failure = pid < 0 ? errno : reportedFailure(report.readEnd.number());
   if (failure == 0) return pid;
   if (pid > 0) waitpid(pid, nullptr, 0);
   throw HarnessError("cannot start " + launch.argv.front() + ": " + std::strerror(failure));

@@ -42,8 +42,8 @@ bool TestWindow::settle(Milliseconds quiet, Milliseconds timeout) const {
 }
 
 void TestWindow::configure(std::uint16_t mask, std::uint32_t first, std::uint32_t second) {
-  const std::uint32_t values[] = {first, second};
-  xcb_configure_window(connection_.get(), window_, mask, values);
+  const std::array<std::uint32_t, 2> values{first, second};
+  xcb_configure_window(connection_.get(), window_, mask, values.data());
   connection_.flush();
 }
 

@@ -62,16 +62,16 @@ std::vector<std::uint32_t> numbersOf(const Extents& extents) {
 
 WindowId createWindow(XConnection& connection, const TestWindowOptions& options) {
   const WindowId window = xcb_generate_id(connection.get());
-  const std::uint32_t values[] = {options.colour, options.overrideRedirect ? 1U : 0U,
-                                  XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE |
-                                      XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_KEY_PRESS |
-                                      XCB_EVENT_MASK_BUTTON_PRESS};
+  const std::array<std::uint32_t, 3> values{options.colour, options.overrideRedirect ? 1U : 0U,
+                                            XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE |
+                                                XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_KEY_PRESS |
+                                                XCB_EVENT_MASK_BUTTON_PRESS};
   xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window, connection.root(),
                     static_cast<std::int16_t>(options.area.x), static_cast<std::int16_t>(options.area.y),
                     static_cast<std::uint16_t>(options.area.width),
                     static_cast<std::uint16_t>(options.area.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
                     XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK,
-                    values);
+                    values.data());
   return window;
 }
 
@@ -102,10 +102,11 @@ void setProtocols(XConnection& connection, Properties& properties, const TestWin
   if (options.acceptsDelete) protocols.push_back(connection.atom("WM_DELETE_WINDOW"));
   properties.numbers("WM_PROTOCOLS", "ATOM", protocols);
   // EWMH: a process id says nothing without the machine it is of.
-  char host[256] = {};
-  gethostname(host, sizeof host - 1);
-  properties.text("WM_CLIENT_MACHINE", "STRING", host);
-  properties.numbers("_NET_WM_PID", "CARDINAL", {static_cast<std::uint32_t>(options.process.value_or(getpid()))});
+  std::array<char, 256> host{};
+  gethostname(host.data(), host.size() - 1);
+  properties.text("WM_CLIENT_MACHINE", "STRING", host.data());
+  properties.numbers("_NET_WM_PID", "CARDINAL",
+                     {static_cast<std::uint32_t>(options.process.value_or(getpid()))});
 }
 
 void setDecorations(Properties& properties, const TestWindowOptions& options) {

@@ -6,6 +6,13 @@
 
 namespace tilwin::desktop {
 
+namespace {
+
+/// How long a manager that has not answered is left alone.
+constexpr Milliseconds askAgain{300};
+
+}  // namespace
+
 WindowManager::WindowManager(Manager manager, const ManagerSetup& setup, const PrivateHome& home,
                              Environment environment, Desktop& desktop)
     : traits_(desktop::traits(manager)),
@@ -45,8 +52,12 @@ bool WindowManager::managerAnswers() {
   const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
   xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, asker, connection.root(), 0, 0, 1, 1, 0,
                     XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+  // Not with every event: answering makes events of its own, and each would ask for more of them.
+  Clock::time_point next{};
   const auto answered = [&] {
     if (!connection.numbers(asker, "_NET_FRAME_EXTENTS").empty()) return true;
+    if (Clock::now() < next) return false;
+    next = Clock::now() + askAgain;
     connection.sendToRoot(asker, "_NET_REQUEST_FRAME_EXTENTS", {0, 0, 0, 0, 0});
     return false;
   };

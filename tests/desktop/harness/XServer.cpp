@@ -84,7 +84,7 @@ void XServer::arrange(const std::vector<PluggedDisplay>& displays) {
     const std::string place = std::to_string(display.position.x) + "x" + std::to_string(display.position.y);
     argv.insert(argv.end(), {"--output", display.output, "--mode", "plugged-" + sizeText(display.mode),
                              "--pos", place, "--rotate", "normal"});
-    if (display.primary) argv.push_back("--primary");
+    if (display.primary) argv.emplace_back("--primary");
   }
   for (const auto& display : displays_) {
     if (!lights(displays, display.output)) argv.insert(argv.end(), {"--output", display.output, "--off"});

@@ -26,17 +26,20 @@ std::string timeText(double milliseconds) {
 }
 
 Row rowOf(const Scene& scene) {
-  return {scene.shortcut,        scene.action,
-          scene.application,     frameText(scene.expected),
-          frameText(scene.seen), timeText(scene.milliseconds),
+  return {scene.shortcut,
+          scene.action,
+          scene.application,
+          frameText(scene.expected),
+          frameText(scene.seen),
+          timeText(scene.milliseconds),
           scene.right ? "right" : "WRONG"};
 }
 
 /// Columns on a terminal: every character here is one wide, and UTF-8 continues a character with bytes that
 /// start with the bits 10.
 std::size_t widthOf(const std::string& text) {
-  return static_cast<std::size_t>(
-      std::ranges::count_if(text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
+  return static_cast<std::size_t>(std::ranges::count_if(
+      text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
 }
 
 std::string line(const Row& row, const std::array<std::size_t, 7>& widths) {

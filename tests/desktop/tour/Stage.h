@@ -21,7 +21,7 @@ struct Cue {
 
 /// Plays scenes on one session: presses, watches, takes the picture and keeps the result.
 class Stage {
- public:
+public:
   /// Pictures go into `folder`; the scenes are appended to `scenes`. All must outlive this.
   Stage(Session& session, std::filesystem::path folder, std::vector<Scene>& scenes);
 
@@ -29,7 +29,7 @@ class Stage {
   void set(const RealApplication& application, const Rect& frame);
   void play(const RealApplication& application, const Cue& cue);
 
- private:
+private:
   [[nodiscard]] bool isRight(WindowId window, const Rect& expected);
 
   Session& session_;

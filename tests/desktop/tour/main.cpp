@@ -52,10 +52,10 @@ void playOneDisplay(const Arguments& arguments, std::vector<Scene>& scenes) {
 /// False, with the reason printed, where this machine cannot plug displays.
 bool playTwoDisplays(const Arguments& arguments, std::vector<Scene>& scenes) {
   std::string whyNot;
-  const auto session = Session::tryStart(
-      {.displays = {{.output = "DUMMY0", .mode = {1920, 1080}, .primary = true},
-                    {.output = "DUMMY1", .mode = {1280, 1024}, .position = {1920, 0}}}},
-      whyNot);
+  const auto session =
+      Session::tryStart({.displays = {{.output = "DUMMY0", .mode = {1920, 1080}, .primary = true},
+                                      {.output = "DUMMY1", .mode = {1280, 1024}, .position = {1920, 0}}}},
+                        whyNot);
   if (!session) {
     std::printf("Two displays cannot be shown here: %s\n", whyNot.c_str());
     return false;

@@ -104,15 +104,16 @@ TEST_P(UnderEachManager, EveryDefaultShortcutIsLeftToTheWindows) {
 TEST_P(UnderEachManager, ADragToAnEdgeMovesTheWindowAndTilesNothing) {
   const TestWindow window(session_.server().display());
   ASSERT_TRUE(desktop_.activate(window.id()));
+  const Rect start{600, 300, 700, 500};
   for (const PixelPoint edge : {PixelPoint{0, 500}, PixelPoint{1919, 500}, PixelPoint{900, 0}}) {
-    desktop_.place(window.id(), {600, 300, 700, 500});
-    ASSERT_TRUE(desktop_.waitForFrame(window.id(), {600, 300, 700, 500}));
-    session_.input().drag(titleBarOf({600, 300, 700, 500}), edge);
+    desktop_.place(window.id(), start);
+    ASSERT_TRUE(desktop_.waitForFrame(window.id(), start));
+    session_.input().drag(titleBarOf(start), edge);
     desktop_.settle();
     const auto after = desktop_.frame(window.id());
-    EXPECT_EQ(after->width, 700);
-    EXPECT_EQ(after->height, 500);
-    EXPECT_GT(std::abs(after->x - 600) + std::abs(after->y - 300), 100);
+    EXPECT_EQ(after->width, start.width);
+    EXPECT_EQ(after->height, start.height);
+    EXPECT_GT(std::abs(after->x - start.x) + std::abs(after->y - start.y), 100);
     EXPECT_TRUE(desktop_.viewable(window.id())) << "sent to another workspace";
   }
 }

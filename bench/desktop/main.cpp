@@ -1,0 +1,104 @@
+// How long it takes from a key press until the window stands, as multiples of the least it can take: one
+// request to the window manager. And what Tilwin costs besides: starting, memory, wake-ups.
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <string_view>
+
+#include "bench/desktop/Movers.h"
+#include "tests/desktop/harness/ExitGuard.h"
+#include "tests/desktop/harness/HarnessError.h"
+#include "tests/desktop/harness/ReadyLine.h"
+#include "tests/desktop/harness/ResourceUse.h"
+
+namespace {
+
+using namespace tilwin;
+using namespace tilwin::bench;
+
+constexpr int rounds = 4;
+constexpr desktop::Milliseconds restTime{10000};
+
+struct Arguments {
+  std::filesystem::path tilwin;
+  int presses = 200;
+};
+
+void printTable(const std::vector<Mover>& movers, const std::vector<Latencies>& latencies) {
+  std::printf("  %-22s %8s %8s %8s   %8s %8s %8s\n", "", "median", "p90", "p99", "×floor", "×floor",
+              "×floor");
+  const auto& floor = latencies.front();
+  for (std::size_t index = 0; index < movers.size(); ++index) {
+    const auto& measured = latencies[index];
+    std::printf("  %-22s %5.2f ms %5.2f ms %5.2f ms  ", movers[index].name.c_str(), measured.percentile(0.5),
+                measured.percentile(0.9), measured.percentile(0.99));
+    for (const double share : {0.5, 0.9, 0.99}) {
+      std::printf(" %8.2f", measured.percentile(share) / floor.percentile(share));
+    }
+    std::printf("\n");
+  }
+}
+
+void printCosts(desktop::Session& session, pid_t tilwin, desktop::Clock::duration startTime) {
+  const auto before = desktop::useOf(tilwin);
+  session.desktop().waitUntil([] { return false; }, restTime);
+  const auto after = desktop::useOf(tilwin);
+  if (!before || !after) throw desktop::HarnessError("Tilwin has ended");
+  const std::chrono::duration<double, std::milli> taken = startTime;
+  const double minutes = std::chrono::duration<double, std::ratio<60>>(restTime).count();
+  std::printf(
+      "  Tilwin: %.0f ms from start to hot keys grabbed, %lld KiB (PSS), %.0f wake-ups a minute at rest\n",
+      taken.count(), static_cast<long long>(after->proportionalKiB),
+      static_cast<double>(after->wakeUps - before->wakeUps) / minutes);
+}
+
+void compareUnder(desktop::Manager manager, const Arguments& arguments) {
+  desktop::Session session({.manager = manager, .setup = {.nativeTileKeys = true}});
+  desktop::TestWindow window = session.window();
+  if (!session.desktop().activate(window.id())) throw desktop::HarnessError("the window cannot be focused");
+  const auto begun = desktop::Clock::now();
+  const auto tilwin =
+      desktop::startReady({.argv = {arguments.tilwin.string()}, .environment = session.environment()},
+                          desktop::startTimeout, STDERR_FILENO);
+  const auto startTime = desktop::Clock::now() - begun;
+  const auto sxhkd = startSxhkd(session, window);
+
+  const auto movers = moversFor(session, window);
+  std::vector<Latencies> latencies(movers.size());
+  for (int round = 0; round < rounds; ++round) {
+    for (std::size_t index = 0; index < movers.size(); ++index) {
+      measure(movers[index], session, window, arguments.presses / rounds, latencies[index]);
+    }
+  }
+  std::printf("%s, %zu presses each\n", session.manager().traits().name,
+              latencies.front().milliseconds.size());
+  printTable(movers, latencies);
+  printCosts(session, tilwin.process.pid(), startTime);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const desktop::EndOnSignal endOnSignal;
+  Arguments arguments;
+  for (int index = 1; index + 1 < argc; index += 2) {
+    const std::string_view option = argv[index];
+    if (option == "--tilwin") arguments.tilwin = std::filesystem::absolute(argv[index + 1]);
+    if (option == "--presses") arguments.presses = std::atoi(argv[index + 1]);
+  }
+  if (arguments.tilwin.empty() || arguments.presses < rounds) {
+    std::fputs("usage: bench-desktop --tilwin PROGRAM [--presses 200]\n", stderr);
+    return 2;
+  }
+  try {
+    for (const auto manager : desktop::allManagers) compareUnder(manager, arguments);
+    return 0;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "The benchmark cannot go on: %s\n", error.what());
+    return 1;
+  }
+}
