@@ -17,8 +17,8 @@ namespace tilwin {
 /// reaches everyone who never touched that action.
 struct TilwinSettings {
   struct DefaultShortcut {
-    SnapAction action;
-    HotKeySpec spec;
+    SnapAction action = SnapAction::leftHalf;
+    HotKeySpec spec{};
   };
 
   double gap = 0;    ///< points between tiled windows

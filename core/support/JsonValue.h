@@ -20,6 +20,8 @@ public:
 
   JsonValue(JsonValue&&) noexcept;
   JsonValue& operator=(JsonValue&&) noexcept;
+  JsonValue(const JsonValue&) = delete;
+  JsonValue& operator=(const JsonValue&) = delete;
   ~JsonValue();
 
   /// For an object: keys are written in the order first set.

@@ -19,6 +19,7 @@ public:
   explicit SimulatedDesktop(std::string_view displays = "1440x900+0+0");
   SimulatedDesktop(const SimulatedDesktop&) = delete;
   SimulatedDesktop& operator=(const SimulatedDesktop&) = delete;
+  ~SimulatedDesktop() = default;
 
   SimulatedMainQueue time;
   SimulatedLog log;

@@ -14,7 +14,7 @@ namespace tilwin {
 class SimulatedHotKeys final : public HotKeys {
 public:
   struct Registration {
-    Reference reference;
+    Reference reference = 0;
     HotKeySpec spec;
     HotKeyIdentity identity;
 

@@ -2,6 +2,22 @@
 
 namespace tilwin::x11 {
 
+namespace {
+
+/// In points, and more than the cells of any terminal.
+constexpr double largestStep = 64;
+
+/// Whether a window that stands there is where it was asked to be but for whole cells. A manager need not
+/// answer a request that, so rounded, changes nothing.
+bool isRounded(const Rect& asked, const Rect& actual) {
+  const double width = asked.width - actual.width;
+  const double height = asked.height - actual.height;
+  return asked.x == actual.x && asked.y == actual.y && width >= 0 && width < largestStep && height >= 0 &&
+         height < largestStep;
+}
+
+}  // namespace
+
 bool MoveLedger::Entry::isOpen(Seconds now) const {
   return answeredAt ? now - *answeredAt <= burstTime : now - at <= answerTime;
 }
@@ -33,7 +49,7 @@ Rect MoveLedger::reported(xcb_window_t window, const Rect& actual, Seconds at) {
   if (found == entries_.end()) return actual;
   auto& entry = found->second;
   if (entry.isOpen(at)) return entry.request.frame;
-  if (entry.answeredAt && !entry.answer) entry.answer = actual;
+  if (!entry.answer && (entry.answeredAt || isRounded(entry.request.frame, actual))) entry.answer = actual;
   if (entry.answer == actual) return entry.request.frame;
   entries_.erase(found);
   return actual;

@@ -30,7 +30,8 @@ std::vector<DisplayInfo> monitorsIn(const xcb_randr_get_monitors_reply_t& reply)
        xcb_randr_monitor_info_next(&monitors)) {
     result.push_back(displayFor(*monitors.data));
   }
-  std::ranges::stable_partition(result, &DisplayInfo::isPrimary);
+  std::stable_partition(result.begin(), result.end(),
+                        [](const DisplayInfo& display) { return display.isPrimary; });
   for (auto& display : result) display.isPrimary = &display == result.data();
   return result;
 }

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "platform/x11/Property.h"
@@ -13,6 +14,8 @@ namespace tilwin::x11 {
 namespace {
 
 constexpr MainQueue::Seconds atOnce{0};
+constexpr std::uint32_t moves = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+constexpr std::array shapeProperties{Atom::netFrameExtents, Atom::gtkFrameExtents, Atom::netWmState};
 
 bool isOwn(const WindowSnapshot& snapshot) {
   return snapshot.process == static_cast<std::uint32_t>(getpid());
@@ -35,7 +38,9 @@ void X11WindowProvider::listenToEvents() {
     windowConfigured(reinterpret_cast<const xcb_configure_notify_event_t&>(event).window);
   });
   x_.onEvent(XCB_DESTROY_NOTIFY, [this](const xcb_generic_event_t& event) {
-    ledger_.forget(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+    const auto window = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
+    ledger_.forget(window);
+    watched_.erase(window);
   });
 }
 
@@ -86,7 +91,7 @@ std::optional<WindowSnapshot> X11WindowProvider::freshSnapshot(xcb_window_t wind
 }
 
 void X11WindowProvider::move(const WindowSnapshot& snapshot, const Rect& frame) {
-  watch(snapshot.window, true);
+  watch(snapshot.window, moves | XCB_EVENT_MASK_PROPERTY_CHANGE);
   requestFrame(x_, snapshot, frame);
   x_.flush();
   ledger_.asked(snapshot.window, {frame, snapshot.shape}, queue_.uptime());
@@ -99,15 +104,22 @@ void X11WindowProvider::propertyChanged(const xcb_property_notify_event_t& event
     activeWindow_ = PropertyRequest(x_.get(), x_.root(), event.atom).number().value_or(XCB_WINDOW_NONE);
   } else if (onRoot && event.atom == x_.atom(Atom::netClientList)) {
     closing_.need();
-  } else if (event.atom == x_.atom(Atom::netFrameExtents) || event.atom == x_.atom(Atom::gtkFrameExtents) ||
-             event.atom == x_.atom(Atom::netWmState)) {
-    correctShape(event.window);
+  } else if (watched_.contains(event.window)) {
+    shapeMayHaveChanged(event);
   }
 }
 
+void X11WindowProvider::shapeMayHaveChanged(const xcb_property_notify_event_t& event) {
+  // Toolkits change some property with every key typed; past its time, that is not worth waking for.
+  if (!ledger_.correctable(event.window, queue_.uptime())) return watch(event.window, moves);
+  const bool tells =
+      std::ranges::any_of(shapeProperties, [&](Atom property) { return x_.atom(property) == event.atom; });
+  if (tells) correctShape(event.window);
+}
+
 void X11WindowProvider::windowConfigured(xcb_window_t window) {
-  if (window == x_.root()) return;
-  if (!ledger_.configured(window, queue_.uptime())) watch(window, false);
+  if (!watched_.contains(window)) return;
+  if (!ledger_.configured(window, queue_.uptime())) watch(window, XCB_EVENT_MASK_NO_EVENT);
 }
 
 /// The request was worked out with the decoration and shadow that the window had; leaving the maximised or
@@ -134,10 +146,13 @@ WindowInfo X11WindowProvider::infoFor(const WindowSnapshot& snapshot, std::int64
           .zOrder = zOrder};
 }
 
-void X11WindowProvider::watch(xcb_window_t window, bool on) const {
-  const std::uint32_t mask =
-      on ? XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE : XCB_EVENT_MASK_NO_EVENT;
-  xcb_change_window_attributes(x_.get(), window, XCB_CW_EVENT_MASK, &mask);
+void X11WindowProvider::watch(xcb_window_t window, std::uint32_t eventMask) {
+  if (eventMask == XCB_EVENT_MASK_NO_EVENT) {
+    watched_.erase(window);
+  } else {
+    watched_.insert(window);
+  }
+  xcb_change_window_attributes(x_.get(), window, XCB_CW_EVENT_MASK, &eventMask);
 }
 
 }  // namespace tilwin::x11

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <optional>
-#include <unordered_map>
+#include <set>
 #include <vector>
 
 #include "core/geometry/WindowProvider.h"
@@ -41,13 +41,14 @@ private:
 
   void listenToEvents();
   void propertyChanged(const xcb_property_notify_event_t& event);
+  void shapeMayHaveChanged(const xcb_property_notify_event_t& event);
   void windowConfigured(xcb_window_t window);
   void correctShape(xcb_window_t window);
   void forgetClosedWindows();
   [[nodiscard]] WindowInfo infoFor(const WindowSnapshot& snapshot, std::int64_t zOrder);
   [[nodiscard]] std::optional<WindowSnapshot> freshSnapshot(xcb_window_t window) const;
   void move(const WindowSnapshot& snapshot, const Rect& frame);
-  void watch(xcb_window_t window, bool on) const;
+  void watch(xcb_window_t window, std::uint32_t eventMask);
 
   X11Connection& x_;
   MainQueue& queue_;
@@ -55,6 +56,7 @@ private:
   DesktopEntries desktopEntries_;
   WindowIds ids_;
   MoveLedger ledger_;
+  std::set<xcb_window_t> watched_;  ///< windows we moved, and hear of
   xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
   std::optional<Seen> lastSeen_;
   DeferredWork closing_;

@@ -17,11 +17,11 @@ constexpr std::uint32_t signature = 0x54455354;  // "TEST"
 
 }  // namespace
 
-HotKeysContract::HotKeysContract() {
+void HotKeysContract::SetUp() {
   hotKeys.setPressHandler([this](std::uint32_t id) { presses.push_back(id); });
 }
 
-HotKeysContract::~HotKeysContract() { hotKeys.setPressHandler(nullptr); }
+void HotKeysContract::TearDown() { hotKeys.setPressHandler(nullptr); }
 
 std::optional<HotKeys::Reference> HotKeysContract::add(const HotKeySpec& spec, std::uint32_t id) {
   return hotKeys.add(spec, {signature, id});

@@ -84,10 +84,15 @@ protected:
 
 class WindowProviderContract : public Contract {
 protected:
+  /// Borders may be drawn with a point more or less than they are said to have.
+  static constexpr double borderSlack = 2;
+
   /// Opens a window, gives it the focus and waits until the provider says so.
   World::Window openFocused(const NewWindow& window);
   bool hasFocus(const std::string& title);
   WindowInfo focused();
+  /// The window with this title among all windows.
+  std::optional<WindowInfo> listed(const std::string& title);
   /// Moves the focused window and waits until it stands at the frame, give or take a few points.
   void moveFocusedTo(World::Window window, const Rect& frame);
   /// A frame well inside the primary display: the shares of its visible frame, in whole points.
@@ -98,8 +103,8 @@ protected:
 
 class HotKeysContract : public Contract {
 protected:
-  HotKeysContract();
-  ~HotKeysContract() override;
+  void SetUp() override;
+  void TearDown() override;
 
   [[nodiscard]] std::optional<HotKeys::Reference> add(const HotKeySpec& spec, std::uint32_t id);
   /// Whether exactly these presses have come, in this order; waits until there are as many.

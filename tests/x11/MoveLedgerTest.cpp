@@ -74,6 +74,12 @@ TEST(MoveLedger, ARequestThatNobodyAnsweredIsNotBelieved) {
   EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(11)), elsewhere);
 }
 
+TEST(MoveLedger, ARequestThatChangesNothingButForWholeCellsNeedsNoAnswer) {
+  MoveLedger ledger;
+  ledger.asked(terminal, {askedFor, {}}, Seconds(10));
+  EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(11)), askedFor);
+}
+
 TEST(MoveLedger, ARequestCanBeCorrectedForAShortTimeOnly) {
   MoveLedger ledger;
   const FrameShape shape{.decoration = {1, 1, 20, 1}, .shadow = {}};

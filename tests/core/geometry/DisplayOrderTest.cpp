@@ -14,6 +14,7 @@ DisplayInfo display(std::uint32_t id, double x, double y) {
 
 std::vector<std::uint32_t> ids(const std::vector<DisplayInfo>& displays) {
   std::vector<std::uint32_t> result;
+  result.reserve(displays.size());
   for (const DisplayInfo& each : displays) result.push_back(each.id);
   return result;
 }

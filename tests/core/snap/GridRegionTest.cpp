@@ -79,10 +79,10 @@ TEST(GridRegion, IsHashable) {
 
 struct Grid {
   Rect area;
-  double outer;
-  double gap;
-  int columns;
-  int rows;
+  double outer = 0;
+  double gap = 0;
+  int columns = 1;
+  int rows = 1;
 
   [[nodiscard]] Rect cell(int col, int row, int colSpan = 1, int rowSpan = 1) const {
     return GridRegion(columns, rows, col, row, colSpan, rowSpan).frame(area, outer, gap);

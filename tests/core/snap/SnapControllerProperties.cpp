@@ -55,7 +55,9 @@ TEST(SnapControllerProperties, NextDisplayAsOftenAsThereAreDisplaysIsTheIdentity
   EXPECT_TRUE(rc::check([] {
     AnyDesktop desktop("1440x900+0+0,1440x900-1440+300,1440x900+2000-77,1440x900+0-900");
     const Rect first = desktop.frame(desktop.window);
-    for (int step = 0; step < 4; ++step) RC_ASSERT(desktop.controller.perform(SnapAction::nextDisplay));
+    for (int step = 0; step < 4; ++step) {
+      RC_ASSERT(desktop.controller.perform(SnapAction::nextDisplay));
+    }
     RC_ASSERT(desktop.frame(desktop.window) == first);
   }));
 }

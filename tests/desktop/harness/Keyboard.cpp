@@ -1,7 +1,7 @@
 #include "tests/desktop/harness/Keyboard.h"
 
 // The protocol calls a field by a word that C++ keeps for itself.
-#define explicit explicitComponents  // NOLINT(clang-diagnostic-keyword-macro)
+#define explicit explicitComponents
 #include <xcb/xkb.h>
 #undef explicit
 

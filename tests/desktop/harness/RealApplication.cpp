@@ -34,25 +34,35 @@ const ApplicationTraits& traits(Application application) {
 
 RealApplication::RealApplication(Application application, const PrivateHome& home,
                                  const Environment& environment, Desktop& desktop)
-    : traits_(desktop::traits(application)) {
+    : traits_(desktop::traits(application)), desktop_(desktop) {
   const auto before = desktop.clients();
   process_ = ChildProcess::start(
       {.argv = argvOf(traits_), .environment = environment, .outputFile = home.log(traits_.name)});
-  waitForWindow(desktop, before);
+  waitForWindow(before);
   desktop.settle();
 }
 
-void RealApplication::waitForWindow(Desktop& desktop, const std::vector<WindowId>& before) {
+RealApplication::~RealApplication() {
+  process_.end();
+  desktop_.waitUntil([this] { return !isListed(); });
+}
+
+bool RealApplication::isListed() {
+  const auto clients = desktop_.clients();
+  return std::find(clients.begin(), clients.end(), window_) != clients.end();
+}
+
+void RealApplication::waitForWindow(const std::vector<WindowId>& before) {
   const auto appeared = [&] {
-    for (const WindowId window : desktop.clients()) {
+    for (const WindowId window : desktop_.clients()) {
       const bool known = std::find(before.begin(), before.end(), window) != before.end();
-      if (!known && desktop.wmClass(window).second == traits_.className && desktop.viewable(window)) {
+      if (!known && desktop_.wmClass(window).second == traits_.className && desktop_.viewable(window)) {
         window_ = window;
       }
     }
     return window_ != 0;
   };
-  if (!desktop.waitUntil([&] { return appeared() || !process_.running(); }, startTimeout) || window_ == 0) {
+  if (!desktop_.waitUntil([&] { return appeared() || !process_.running(); }, startTimeout) || window_ == 0) {
     throw HarnessError(std::string(traits_.name) + " shows no window:\n" + lastLines(process_.output(), 8));
   }
 }

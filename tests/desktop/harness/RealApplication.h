@@ -36,22 +36,28 @@ struct ApplicationTraits {
 
 const ApplicationTraits& traits(Application application);
 
-/// A running application with its main window.
+/// A running application with its main window. The destructor ends it and waits until the manager has let go
+/// of the window, whose number the next application may get.
 class RealApplication {
 public:
   /// Starts it and waits for its main window, managed and drawn at its first size. Throws HarnessError when
   /// none comes.
   RealApplication(Application application, const PrivateHome& home, const Environment& environment,
                   Desktop& desktop);
+  RealApplication(const RealApplication&) = delete;
+  RealApplication& operator=(const RealApplication&) = delete;
+  ~RealApplication();
 
   WindowId window() const { return window_; }
   ChildProcess& process() { return process_; }
   const ApplicationTraits& traits() const { return traits_; }
 
 private:
-  void waitForWindow(Desktop& desktop, const std::vector<WindowId>& before);
+  void waitForWindow(const std::vector<WindowId>& before);
+  bool isListed();
 
   const ApplicationTraits& traits_;
+  Desktop& desktop_;
   ChildProcess process_;
   WindowId window_ = 0;
 };

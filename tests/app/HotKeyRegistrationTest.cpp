@@ -1,61 +1,11 @@
-#include "app/HotKeyCenter.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <limits>
-#include <optional>
 
-#include "platform/simulated/SimulatedDesktop.h"
-#include "tests/Printing.h"
+#include "tests/app/HotKeyCenterFixture.h"
 
 namespace tilwin {
 namespace {
 
 constexpr std::uint32_t signature = 0x54574631;  // "TWF1"
-constexpr HotKeySpec leftHalfKeys{123, 6144};
-constexpr HotKeySpec rightHalfKeys{124, 6144};
-constexpr HotKeySpec topHalfKeys{126, 6144};
-constexpr HotKeySpec areaKeys{96, 4096};
-
-/// Settings in which only these actions have their shortcuts.
-TilwinSettings only(std::initializer_list<SnapAction> actions) {
-  TilwinSettings settings;
-  for (const SnapAction action : SnapActions::all()) {
-    const bool kept = std::find(actions.begin(), actions.end(), action) != actions.end();
-    if (!kept) settings.disabled.insert(std::string(SnapActions::rawValue(action)));
-  }
-  return settings;
-}
-
-CustomArea area(const std::string& name, std::optional<HotKeySpec> shortcut) {
-  return {.id = Uuid::random(), .name = name, .shortcut = shortcut};
-}
-
-struct HotKeyCenterTest : testing::Test {
-  HotKeyCenterTest() { listen(); }
-
-  void listen() {
-    center->onTarget = [this](const ShortcutOwner& owner) { targets.push_back(owner); };
-  }
-  HotKeyCenter::OwnerSet use(const TilwinSettings& settings) { return center->registerShortcuts(settings); }
-  /// Presses the keys and lets the main queue work.
-  void press(const HotKeySpec& spec) {
-    desktop.keyboard.press(spec);
-    desktop.time.runDue();
-  }
-  std::vector<std::uint32_t> ids() const {
-    std::vector<std::uint32_t> result;
-    for (const auto& each : desktop.keyboard.registrations()) result.push_back(each.identity.id);
-    return result;
-  }
-
-  SimulatedDesktop desktop;
-  std::optional<HotKeyCenter> center{std::in_place, desktop.hotKeys(), desktop.mainQueue()};
-  std::vector<ShortcutOwner> targets;
-};
-
-using Owners = std::vector<ShortcutOwner>;
 
 TEST_F(HotKeyCenterTest, TouchesNothingUntilItIsAskedToRegister) {
   EXPECT_TRUE(desktop.keyboard.registrations().empty());
@@ -78,15 +28,6 @@ TEST_F(HotKeyCenterTest, DefaultsAreTwentyNineHotKeysWithDenseIdsInDeclarationOr
   }
   EXPECT_EQ(expected.size(), 29);
   EXPECT_EQ(desktop.keyboard.registrations(), expected);
-}
-
-TEST_F(HotKeyCenterTest, EveryDefaultShortcutReachesItsAction) {
-  use({});
-  for (const auto& row : TilwinSettings::defaults()) {
-    targets.clear();
-    press(row.spec);
-    EXPECT_EQ(targets, Owners{row.action}) << SnapActions::rawValue(row.action);
-  }
 }
 
 TEST_F(HotKeyCenterTest, OverridesTakeThePlaceOfDefaults) {
@@ -173,71 +114,11 @@ TEST_F(HotKeyCenterTest, UnregisterAllLeavesNothing) {
   EXPECT_TRUE(desktop.time.isIdle());
 }
 
-TEST_F(HotKeyCenterTest, APressIsReportedOnlyAfterTheEventHandlerHasReturned) {
-  use({});
-  EXPECT_TRUE(desktop.keyboard.press(leftHalfKeys));
-  EXPECT_TRUE(targets.empty());
-  desktop.time.runDue();
-  EXPECT_EQ(targets, Owners{SnapAction::leftHalf});
-}
-
-TEST_F(HotKeyCenterTest, APressWhoseIdIsUnknownDoesNothing) {
-  use({});
-  for (const std::uint32_t id : {0u, 30u, 4294967295u}) desktop.keyboard.deliver(id);
-  EXPECT_TRUE(desktop.time.isIdle());
-  EXPECT_TRUE(targets.empty());
-}
-
-TEST_F(HotKeyCenterTest, TheReceiverIsTheOneSetWhenThePressIsReported) {
-  use({});
-  desktop.keyboard.press(leftHalfKeys);
-  Owners later;
-  center->onTarget = [&](const ShortcutOwner& owner) { later.push_back(owner); };
-  desktop.time.runDue();
-  EXPECT_TRUE(targets.empty());
-  EXPECT_EQ(later, Owners{SnapAction::leftHalf});
-}
-
-TEST_F(HotKeyCenterTest, WithoutAReceiverAPressIsStillConsumed) {
-  center->onTarget = nullptr;
-  use({});
-  EXPECT_TRUE(desktop.keyboard.press(leftHalfKeys));
-  desktop.time.runDue();
-  EXPECT_TRUE(targets.empty());
-}
-
-TEST_F(HotKeyCenterTest, APressBelongsToTheOwnerItHadWhenItCame) {
-  use(only({SnapAction::leftHalf}));
-  desktop.keyboard.press(leftHalfKeys);
-  use(only({SnapAction::rightHalf}));
-  desktop.time.runDue();
-  EXPECT_EQ(targets, Owners{SnapAction::leftHalf});
-}
-
-TEST_F(HotKeyCenterTest, AReceiverMayRegisterAgain) {
-  center->onTarget = [this](const ShortcutOwner& owner) {
-    targets.push_back(owner);
-    use(only({SnapAction::rightHalf}));
-  };
-  use({});
-  press(leftHalfKeys);
-  press(rightHalfKeys);
-  EXPECT_EQ(targets, (Owners{SnapAction::leftHalf, SnapAction::rightHalf}));
-}
-
 TEST_F(HotKeyCenterTest, WhenItGoesItGivesEverythingBack) {
   use({});
   center.reset();
   EXPECT_TRUE(desktop.keyboard.registrations().empty());
   EXPECT_FALSE(desktop.keyboard.hasHandler());
-}
-
-TEST_F(HotKeyCenterTest, APressThatStillWaitsWhenItGoesDoesNothing) {
-  use({});
-  desktop.keyboard.press(leftHalfKeys);
-  center.reset();
-  desktop.time.runDue();
-  EXPECT_TRUE(targets.empty());
 }
 
 TEST(HotKeyIds, CountUpByOne) { EXPECT_EQ(HotKeyCenter::idAfter(28), 29); }

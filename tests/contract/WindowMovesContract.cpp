@@ -1,0 +1,122 @@
+#include <cmath>
+
+#include "tests/contract/World.h"
+
+namespace tilwin::contract {
+
+TEST_P(WindowProviderContract, AMovedWindowStandsAtTheFrameAskedForAndIsReportedThere) {
+  const auto window = openFocused({.title = "text"});
+  const Rect target = place(0.5, 0, 0.5, 1);
+  moveFocusedTo(window, target);
+  EXPECT_EQ(focused().frame, target);
+  const auto found = listed("text");
+  ASSERT_TRUE(found.has_value());
+  EXPECT_EQ(found->frame, target);
+}
+
+TEST_P(WindowProviderContract, TheLastOfSeveralMovesInARowCounts) {
+  const auto window = openFocused({.title = "text"});
+  const auto id = focused().id;
+  EXPECT_TRUE(provider->setFrame(id, place(0, 0, 0.5, 1)));
+  EXPECT_TRUE(provider->setFrame(id, place(0.5, 0, 0.5, 0.5)));
+  moveFocusedTo(window, place(0.25, 0.25, 0.5, 0.5));
+  EXPECT_EQ(focused().frame, place(0.25, 0.25, 0.5, 0.5));
+}
+
+TEST_P(WindowProviderContract, AnIdStaysTheSameWhenItsWindowMovesAndIsListed) {
+  const auto window = openFocused({.title = "text"});
+  const auto id = focused().id;
+  moveFocusedTo(window, place(0.1, 0.1, 0.4, 0.4));
+  EXPECT_EQ(focused().id, id);
+  const auto found = listed("text");
+  ASSERT_TRUE(found.has_value());
+  EXPECT_EQ(found->id, id);
+}
+
+TEST_P(WindowProviderContract, AListedWindowCanBeMovedWithoutTheFocus) {
+  const auto window = openFocused({.title = "behind"});
+  openFocused({.title = "in front"});
+  ASSERT_TRUE(world->settle([&] { return listed("behind").has_value(); }));
+  const Rect target = place(0, 0, 0.5, 0.5);
+  ASSERT_TRUE(provider->setFrame(listed("behind")->id, target));
+  EXPECT_TRUE(world->settle([&] { return world->standing(window)->isClose(target, borderSlack); }));
+}
+
+TEST_P(WindowProviderContract, AWindowThatRoundsItsSizeIsReportedAtTheFrameAskedFor) {
+  const auto window = openFocused({.title = "shell", .widthStep = 37, .heightStep = 41});
+  const Rect target = place(0.1, 0.1, 0.6, 0.6);
+  ASSERT_TRUE(provider->setFrame(focused().id, target));
+  EXPECT_TRUE(world->settle([&] {
+    const Rect standing = *world->standing(window);
+    return std::abs(standing.x - target.x) <= borderSlack &&
+           std::abs(standing.width - target.width) <= 37 + borderSlack && focused().frame == target;
+  }));
+  EXPECT_NE(*world->standing(window), target) << "the steps happen to fit this frame and show nothing";
+}
+
+TEST_P(WindowProviderContract, AWindowThatRefusesToShrinkIsReportedAtTheFrameAskedFor) {
+  const double least = place(0, 0, 0.4, 0.4).width;
+  const auto window = openFocused({.title = "wide", .frame = place(0, 0, 0.5, 0.5), .minimumWidth = least});
+  const Rect target = place(0.1, 0.1, 0.2, 0.4);
+  ASSERT_TRUE(provider->setFrame(focused().id, target));
+  EXPECT_TRUE(world->settle([&] {
+    return std::abs(world->standing(window)->y - target.y) <= borderSlack && focused().frame == target;
+  }));
+  EXPECT_GE(world->standing(window)->width, least);
+}
+
+TEST_P(WindowProviderContract, AWindowMovedByHandIsReportedWhereItStands) {
+  const auto window = openFocused({.title = "shell", .widthStep = 37, .heightStep = 41});
+  const Rect asked = place(0.1, 0.1, 0.6, 0.6);
+  ASSERT_TRUE(provider->setFrame(focused().id, asked));
+  ASSERT_TRUE(world->settle([&] { return focused().frame == asked; }));
+  const Rect byHand = place(0.2, 0.3, 0.4, 0.4);
+  world->moveByHand(window, byHand);
+  EXPECT_TRUE(world->settle([&] {
+    const Rect standing = *world->standing(window);
+    return std::abs(standing.x - byHand.x) <= borderSlack && focused().frame.isClose(standing, borderSlack);
+  }));
+}
+
+TEST_P(WindowProviderContract, AMaximizedWindowIsReleasedAndThenMoved) {
+  const auto window = openFocused({.title = "text"});
+  world->maximize(window);
+  ASSERT_TRUE(world->settle([&] { return world->isMaximized(window); }));
+  moveFocusedTo(window, place(0, 0, 0.5, 1));
+  EXPECT_FALSE(world->isMaximized(window));
+  EXPECT_EQ(focused().frame, place(0, 0, 0.5, 1));
+}
+
+TEST_P(WindowProviderContract, AWindowThatClosesBetweenTheQueryAndTheMoveIsNotMoved) {
+  const auto window = openFocused({.title = "gone"});
+  const auto id = focused().id;
+  world->close(window);
+  ASSERT_TRUE(world->settle([&] { return !world->standing(window); }));
+  EXPECT_TRUE(world->settle([&] { return !provider->setFrame(id, place(0, 0, 0.5, 0.5)); }));
+}
+
+TEST_P(WindowProviderContract, AWindowThatClosesWithoutWarningHarmsNothing) {
+  const auto other = openFocused({.title = "other"});
+  const auto window = openFocused({.title = "gone"});
+  const auto id = focused().id;
+  world->close(window);
+  provider->setFrame(id, place(0, 0, 0.5, 0.5));
+  world->focus(other);
+  ASSERT_TRUE(world->settle([&] { return hasFocus("other"); }));
+  moveFocusedTo(other, place(0.5, 0, 0.5, 0.5));
+}
+
+TEST_P(WindowProviderContract, AnIdThatWasNeverIssuedIsNotMoved) {
+  EXPECT_FALSE(provider->setFrame(-1, place(0, 0, 0.5, 0.5)));
+  EXPECT_FALSE(provider->setFrame(987654321012345, place(0, 0, 0.5, 0.5)));
+}
+
+TEST_P(WindowProviderContract, ListingTheWindowsForgetsTheIdsOfThoseThatAreGone) {
+  const auto window = openFocused({.title = "gone"});
+  const auto id = focused().id;
+  world->close(window);
+  ASSERT_TRUE(world->settle([&] { return !listed("gone"); }));
+  EXPECT_FALSE(provider->setFrame(id, place(0, 0, 0.5, 0.5)));
+}
+
+}  // namespace tilwin::contract
