@@ -23,7 +23,9 @@ int runOnDesktop() {
   x11::X11HotKeys hotKeys(x, queue, log);
   Platform platform{queue, log, hotKeys, std::make_shared<x11::X11WindowProvider>(x, queue)};
 
-  queue.watch(x.fileDescriptor(), [&x] { x.dispatch(); });
+  const auto dispatch = [&x] { x.dispatch(); };
+  queue.watch(x.fileDescriptor(), dispatch);
+  queue.beforeEachSleep(dispatch);
   x.onLost([&] {
     log.write("Tilwin: the X server has gone");
     queue.stop(0);

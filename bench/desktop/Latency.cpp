@@ -12,17 +12,17 @@ namespace {
 /// Longer than any manager takes between the parts of one answer.
 constexpr desktop::Milliseconds quiet{30};
 
-/// Neither half: from here the first move of every mover is a move.
-constexpr Rect apart{300, 200, 800, 600};
-
-double timeOf(const std::function<desktop::Clock::time_point()>& move, desktop::TestWindow& window,
-              const std::string& name) {
+double timeOf(const Mover& mover, desktop::Session& session, desktop::TestWindow& window) {
   window.forget();
-  const auto begun = move();
-  if (!window.waitUntil([&] { return !window.recorded().configures.empty(); })) {
-    throw desktop::HarnessError(name + " moves nothing");
-  }
+  const auto begun = mover.move();
+  window.waitUntil([&] { return !window.recorded().configures.empty(); });
   window.settle(quiet);
+  const auto frame = session.desktop().frame(window.id()).value_or(Rect());
+  if (frame != leftHalf) {
+    throw desktop::HarnessError(mover.name + " puts the window at " + std::to_string(frame.x) + "," +
+                                std::to_string(frame.y) + " in the size " + std::to_string(frame.width) +
+                                " by " + std::to_string(frame.height));
+  }
   const std::chrono::duration<double, std::milli> taken = window.recorded().configures.back().at - begun;
   return taken.count();
 }
@@ -39,10 +39,12 @@ double Latencies::percentile(double share) const {
 void measure(const Mover& mover, desktop::Session& session, desktop::TestWindow& window, int moves,
              Latencies& into) {
   session.desktop().place(window.id(), apart);
-  window.settle();
-  timeOf(mover.toRight, window, mover.name);  // not counted: it alone changes the size
+  session.desktop().settle();
   for (int count = 0; count < moves; ++count) {
-    into.milliseconds.push_back(timeOf(count % 2 == 0 ? mover.toLeft : mover.toRight, window, mover.name));
+    into.milliseconds.push_back(timeOf(mover, session, window));
+    mover.putBack();
+    session.desktop().waitForFrame(window.id(), apart);
+    window.settle(quiet);
   }
 }
 

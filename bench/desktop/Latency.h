@@ -9,23 +9,27 @@
 
 namespace tilwin::bench {
 
-/// One way to move the focused window to the left and the right half of the screen. A move begins at the
-/// moment the function returns: that just before the key goes down, or the request is sent.
+/// One way to put the focused window on the left half of the screen and to put it back.
 struct Mover {
   std::string name;
-  std::function<desktop::Clock::time_point()> toLeft;
-  std::function<desktop::Clock::time_point()> toRight;
+  /// Returns the moment the move began: that just before the key went down, or the request was sent.
+  std::function<desktop::Clock::time_point()> move;
+  std::function<void()> putBack;
 };
 
-/// Milliseconds from the beginning of each move to the last the client is told of its geometry.
+/// Where the window stands before each move: a move changes both its place and its size.
+inline constexpr Rect apart{300, 200, 800, 600};
+inline constexpr Rect leftHalf{0, 0, 960, 1080};
+
+/// Milliseconds from the beginning of each move to the last that the client is told of its geometry.
 struct Latencies {
   std::vector<double> milliseconds;
 
   [[nodiscard]] double percentile(double share) const;
 };
 
-/// Moves the window to and fro that many times, from a place of its own, and waits for quiet after each.
-/// Throws HarnessError when a move has no effect.
+/// Moves the window that many times and puts it back each time, waiting for quiet. Throws HarnessError when a
+/// move does not end on the left half.
 void measure(const Mover& mover, desktop::Session& session, desktop::TestWindow& window, int moves,
              Latencies& into);
 

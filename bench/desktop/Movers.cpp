@@ -9,15 +9,7 @@ namespace {
 
 using desktop::Clock;
 
-constexpr Rect left{0, 0, 960, 1080};
-constexpr Rect right{960, 0, 960, 1080};
-
-Mover keys(desktop::Session& session, const std::string& name, const std::string& toLeft,
-           const std::string& toRight) {
-  auto& input = session.input();
-  return {name, [&input, toLeft] { return input.press(toLeft); },
-          [&input, toRight] { return input.press(toRight); }};
-}
+constexpr const char* sxhkdKeys = "Control+Super+Left";
 
 Mover requests(desktop::Session& session, const desktop::TestWindow& window) {
   const auto sending = [&session](const desktop::PlaceRequest& request) {
@@ -27,8 +19,19 @@ Mover requests(desktop::Session& session, const desktop::TestWindow& window) {
       return begun;
     };
   };
-  return {"floor (one request)", sending(session.desktop().placeRequest(window.id(), left)),
-          sending(session.desktop().placeRequest(window.id(), right))};
+  return {"floor (one request)", sending(session.desktop().placeRequest(window.id(), leftHalf)),
+          sending(session.desktop().placeRequest(window.id(), apart))};
+}
+
+Mover keys(desktop::Session& session, const std::string& name, const std::string& move,
+           const std::string& putBack) {
+  auto& input = session.input();
+  return {name, [&input, move] { return input.press(move); }, [&input, putBack] { input.press(putBack); }};
+}
+
+Mover keys(desktop::Session& session, const desktop::TestWindow& window, const std::string& name,
+           const std::string& move) {
+  return {name, keys(session, name, move, move).move, requests(session, window).putBack};
 }
 
 std::string wmctrlLine(const Rect& frame, const desktop::Extents& extents) {
@@ -42,24 +45,23 @@ std::string wmctrlLine(const Rect& frame, const desktop::Extents& extents) {
 
 std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindow& window) {
   std::vector<Mover> result{requests(session, window),
-                            keys(session, "Tilwin", "Control+Alt+Left", "Control+Alt+Right"),
-                            keys(session, "sxhkd + wmctrl", "Control+Super+Left", "Control+Super+Right")};
+                            keys(session, "Tilwin", "Control+Alt+Left", "Control+Alt+BackSpace"),
+                            keys(session, window, "sxhkd + wmctrl", sxhkdKeys)};
   const auto& manager = session.manager().traits();
-  // openbox has no tiling; what its configuration can do instead is not its own.
+  // openbox has no tiling of its own. The others remember that they tiled a window, and the same key undoes it.
   if (manager.manager != desktop::Manager::openbox) {
     result.push_back(keys(session, std::string(manager.name) + "'s own keys", desktop::nativeTileLeft,
-                          desktop::nativeTileRight));
+                          desktop::nativeTileLeft));
   }
   return result;
 }
 
 desktop::ChildProcess startSxhkd(desktop::Session& session, const desktop::TestWindow& window) {
   const auto extents = session.desktop().frameExtents(window.id());
-  session.home().write("sxhkdrc", "super + ctrl + Left\n" + wmctrlLine(left, extents) +
-                                      "super + ctrl + Right\n" + wmctrlLine(right, extents));
+  session.home().write("sxhkdrc", "super + ctrl + Left\n" + wmctrlLine(leftHalf, extents));
   auto process = session.start("sxhkd", {"sxhkd", "-c", (session.home().path() / "sxhkdrc").string()});
   const auto& display = session.server().display();
-  if (!session.desktop().waitUntil([&] { return desktop::keyIsGrabbed(display, "Control+Super+Right"); })) {
+  if (!session.desktop().waitUntil([&] { return desktop::keyIsGrabbed(display, sxhkdKeys); })) {
     throw desktop::HarnessError("sxhkd did not take its keys: " + process.output());
   }
   return process;

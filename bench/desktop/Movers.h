@@ -11,7 +11,7 @@ namespace tilwin::bench {
 /// benchmark itself, without any key. Session and window must outlive the movers.
 [[nodiscard]] std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindow& window);
 
-/// Has sxhkd run wmctrl on two keys of its own.
+/// Has sxhkd run wmctrl on a key of its own.
 [[nodiscard]] desktop::ChildProcess startSxhkd(desktop::Session& session, const desktop::TestWindow& window);
 
 }  // namespace tilwin::bench

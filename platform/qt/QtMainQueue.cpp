@@ -59,6 +59,9 @@ void QtMainQueue::stop(int exitStatus) { QCoreApplication::exit(exitStatus); }
 void QtMainQueue::watch(int fileDescriptor, const Task& task) {
   auto* notifier = new QSocketNotifier(fileDescriptor, QSocketNotifier::Read, &context_);
   QObject::connect(notifier, &QSocketNotifier::activated, &context_, task);
+}
+
+void QtMainQueue::beforeEachSleep(const Task& task) {
   QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &context_,
                    task);
 }

@@ -22,9 +22,11 @@ public:
   void stop(int exitStatus) override;
   void onAboutToStop(Task task) override { aboutToStop_.push_back(std::move(task)); }
 
-  /// Calls the task when the descriptor becomes readable, and before each sleep: a library that reads the
-  /// descriptor ahead, as xcb does, may hold events that the descriptor no longer shows.
+  /// Calls the task when the descriptor becomes readable.
   void watch(int fileDescriptor, const Task& task);
+  /// Calls the task before each sleep, for a library that reads its descriptor ahead, as xcb does: it may
+  /// hold events that the descriptor no longer shows.
+  void beforeEachSleep(const Task& task);
 
 private:
   QObject context_;

@@ -63,7 +63,9 @@ std::string chordOf(const HotKeySpec& spec) {
 class X11World : public World {
 public:
   X11World() {
-    queue_.watch(x_.fileDescriptor(), [this] { x_.dispatch(); });
+    const auto dispatch = [this] { x_.dispatch(); };
+    queue_.watch(x_.fileDescriptor(), dispatch);
+    queue_.beforeEachSleep(dispatch);
     session().desktop().waitUntil([] { return session().desktop().clients().empty(); });
   }
 

@@ -99,24 +99,28 @@ class Linter:
         return unit
 
     def _clashing(self, entries):
-        """The sources that an error stands in when the group is compiled as one; all, when it stands elsewhere."""
-        command = ["clang++", *entries[0].flags, *_CLANG_ONLY, "-w", "-fsyntax-only", self._unit_file(entries)]
-        run = subprocess.run(command, cwd=self.tree.root, capture_output=True, text=True, check=False)
-        if run.returncode == 0:
+        """The sources that errors stand in when the group is read as one (with one cheap check); all, if elsewhere."""
+        output, failed = self._clang_tidy(entries, "--checks=-*,bugprone-bool-pointer-implicit-conversion")
+        if not failed:
             return set()
-        errors = (message for message in _messages(run.stderr) if "error" in message[0].group("kind"))
+        errors = (message for message in _messages(output) if "error" in message[0].group("kind"))
         places = filter(None, (self._place(*message) for message in errors))
         paths = {entry.path for entry in entries}
         return {self._path(place) for place in places} & paths or paths
 
-    def _tidy(self, entries):
+    def _clang_tidy(self, entries, *options):
         command = ["clang-tidy", "--quiet", f"--config-file={self.tree.root / '.clang-tidy'}",
-                   f"--header-filter={self.headers}", self._unit_file(entries), "--", *entries[0].flags, *_CLANG_ONLY]
+                   f"--header-filter={self.headers}", *options, self._unit_file(entries),
+                   "--", *entries[0].flags, *_CLANG_ONLY]
         run = subprocess.run(command, cwd=self.tree.root, capture_output=True, text=True, check=False)
-        findings = [found for message in _messages(run.stdout) for found in self._finding(*message)]
-        if run.returncode and not findings:
-            text = (run.stderr or run.stdout).strip().splitlines()
-            findings = [Finding(entries[0].path, 1, "lint", f"clang-tidy failed: {text[-1] if text else '?'}")]
+        return run.stdout or run.stderr, run.returncode != 0
+
+    def _tidy(self, entries):
+        output, failed = self._clang_tidy(entries)
+        findings = [found for message in _messages(output) for found in self._finding(*message)]
+        if failed and not findings:
+            last = (output.strip().splitlines() or ["without a word"])[-1]
+            findings = [Finding(entries[0].path, 1, "lint", f"clang-tidy failed: {last}")]
         return findings
 
     def _place(self, message, notes):
