@@ -23,7 +23,9 @@ double timeOf(const Mover& mover, desktop::Session& session, desktop::TestWindow
                                 std::to_string(frame.y) + " in the size " + std::to_string(frame.width) +
                                 " by " + std::to_string(frame.height));
   }
-  const std::chrono::duration<double, std::milli> taken = window.recorded().configures.back().at - begun;
+  const auto told = window.recorded().configures;
+  const auto final = std::ranges::find(told, told.back().size, &desktop::Configure::size);
+  const std::chrono::duration<double, std::milli> taken = final->at - begun;
   return taken.count();
 }
 

@@ -21,7 +21,7 @@ struct Mover {
 inline constexpr Rect apart{300, 200, 800, 600};
 inline constexpr Rect leftHalf{0, 0, 960, 1080};
 
-/// Milliseconds from the beginning of each move to the last that the client is told of its geometry.
+/// Milliseconds from the beginning of each move until the client is told of its final size.
 struct Latencies {
   std::vector<double> milliseconds;
 

@@ -48,7 +48,8 @@ std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindo
                             keys(session, "Tilwin", "Control+Alt+Left", "Control+Alt+BackSpace"),
                             keys(session, window, "sxhkd + wmctrl", sxhkdKeys)};
   const auto& manager = session.manager().traits();
-  // openbox has no tiling of its own. The others remember that they tiled a window, and the same key undoes it.
+  // openbox has no tiling of its own. The others remember that they tiled a window, and the same key undoes
+  // it.
   if (manager.manager != desktop::Manager::openbox) {
     result.push_back(keys(session, std::string(manager.name) + "'s own keys", desktop::nativeTileLeft,
                           desktop::nativeTileLeft));
