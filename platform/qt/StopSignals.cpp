@@ -18,7 +18,7 @@ sigset_t stopSignals() {
 
 }  // namespace
 
-StopSignals::StopSignals(QtMainQueue& queue) : descriptor_(-1) {
+StopSignals::StopSignals(QtMainQueue& queue) {
   const sigset_t signals = stopSignals();
   sigprocmask(SIG_BLOCK, &signals, nullptr);
   descriptor_ = signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);

@@ -15,7 +15,7 @@ public:
   ~StopSignals();
 
 private:
-  int descriptor_;
+  int descriptor_ = -1;
 };
 
 }  // namespace tilwin::qt

@@ -28,6 +28,8 @@ public:
   Pending(xcb_connection_t* connection, Cookie cookie) : connection_(connection), cookie_(cookie) {}
   Pending(Pending&& other) noexcept
       : connection_(other.connection_), cookie_(std::exchange(other.cookie_, std::nullopt)) {}
+  Pending(const Pending&) = delete;
+  Pending& operator=(const Pending&) = delete;
   Pending& operator=(Pending&&) = delete;
   ~Pending() {
     if (cookie_) xcb_discard_reply(connection_, cookie_->sequence);

@@ -11,19 +11,17 @@ struct Need {
   const char* complaint;
 };
 
-using Version = ServerNeeds::Version;
-
 constexpr std::array needs{
     Need{[](const ServerNeeds& offered) {
-           return offered.randr >= Version{1, 5};
+           return offered.randr.isAtLeast({1, 5});
          },
          "this X server lacks RandR 1.5; use a server that has it (Xorg 1.18 or later)."},
     Need{[](const ServerNeeds& offered) {
-           return offered.xinput >= Version{2, 0};
+           return offered.xinput.isAtLeast({2, 0});
          },
          "this X server lacks XInput 2; use a server that has it (Xorg 1.7 or later)."},
     Need{[](const ServerNeeds& offered) {
-           return offered.xkb >= Version{1, 0};
+           return offered.xkb.isAtLeast({1, 0});
          },
          "this X server lacks the XKB extension; start it with the extension enabled."},
     Need{[](const ServerNeeds& offered) { return offered.windowManager; },

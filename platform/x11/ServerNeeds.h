@@ -11,7 +11,10 @@ struct ServerNeeds {
     unsigned major = 0;
     unsigned minor = 0;
 
-    auto operator<=>(const Version&) const = default;
+    bool operator==(const Version&) const = default;
+    [[nodiscard]] constexpr bool isAtLeast(const Version& least) const {
+      return major > least.major || (major == least.major && minor >= least.minor);
+    }
   };
 
   Version randr;               ///< RandR; monitors need 1.5

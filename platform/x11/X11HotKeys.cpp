@@ -36,7 +36,7 @@ X11HotKeys::~X11HotKeys() {
 
 void X11HotKeys::listenToEvents() {
   constexpr std::uint32_t detectable = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
-  Pending<xcb_xkb_per_client_flags_reply>(
+  const Pending<xcb_xkb_per_client_flags_reply> unread(
       x_.get(), xcb_xkb_per_client_flags(x_.get(), XCB_XKB_ID_USE_CORE_KBD, detectable, detectable, 0, 0, 0));
   constexpr std::uint16_t changes = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
   constexpr std::uint16_t parts = XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP;

@@ -19,6 +19,8 @@ class X11HotKeys : public HotKeys {
 public:
   /// Connection, queue and log must outlive this.
   X11HotKeys(X11Connection& x, MainQueue& queue, SystemLog& log);
+  X11HotKeys(const X11HotKeys&) = delete;
+  X11HotKeys& operator=(const X11HotKeys&) = delete;
   ~X11HotKeys() override;
 
   [[nodiscard]] std::optional<Reference> add(const HotKeySpec& spec, const HotKeyIdentity& identity) override;

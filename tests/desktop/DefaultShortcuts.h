@@ -10,11 +10,11 @@ namespace tilwin::desktop {
 /// points without panels to a window that stands at `startFrame`. Written out by hand, so that the program is
 /// held against what was meant and not against itself.
 struct DefaultShortcut {
-  const char* shown;      ///< as menus show it
-  const char* action;     ///< raw value
-  const char* chord;      ///< for the hands: the keys by name
-  Rect frame;             ///< where the window ends
-  bool relative = false;  ///< whether that depends on where the window stood before
+  const char* shown = "";   ///< as menus show it
+  const char* action = "";  ///< raw value
+  const char* chord = "";   ///< for the hands: the keys by name
+  Rect frame;               ///< where the window ends
+  bool relative = false;    ///< whether that depends on where the window stood before
 };
 
 inline constexpr Rect wholeDisplay{0, 0, 1920, 1080};
