@@ -18,6 +18,13 @@ std::optional<xcb_window_t> WindowIds::windowOf(std::int64_t id) const {
   return found == windows_.end() ? std::nullopt : std::optional(found->second);
 }
 
+void WindowIds::forget(xcb_window_t window) {
+  const auto found = issued_.find(window);
+  if (found == issued_.end()) return;
+  windows_.erase(found->second.id);
+  issued_.erase(found);
+}
+
 void WindowIds::keepOnly(std::span<const xcb_window_t> open) {
   std::erase_if(issued_, [&](const auto& entry) {
     const bool gone = std::ranges::find(open, entry.first) == open.end();

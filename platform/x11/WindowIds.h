@@ -17,6 +17,8 @@ public:
   /// another process has been given to a new window.
   [[nodiscard]] std::int64_t idOf(xcb_window_t window, std::uint32_t process);
   [[nodiscard]] std::optional<xcb_window_t> windowOf(std::int64_t id) const;
+  /// The window has been closed.
+  void forget(xcb_window_t window);
   /// Lets go of every window that is not open any more.
   void keepOnly(std::span<const xcb_window_t> open);
 

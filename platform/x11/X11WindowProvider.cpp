@@ -39,6 +39,7 @@ void X11WindowProvider::listenToEvents() {
   });
   x_.onEvent(XCB_DESTROY_NOTIFY, [this](const xcb_generic_event_t& event) {
     const auto window = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
+    ids_.forget(window);
     ledger_.forget(window);
     watched_.erase(window);
   });

@@ -45,8 +45,14 @@ void DesktopTest::focus(WindowId window) {
 
 void DesktopTest::focusAtStart(WindowId window) {
   focus(window);
-  desktop().place(window, startFrame);
+  if (desktop().frame(window) == startFrame) return;
+  placeByHand(window, startFrame);
   ASSERT_TRUE(desktop().waitForFrame(window, startFrame)) << text(desktop().frame(window).value_or(Rect()));
+}
+
+void DesktopTest::placeByHand(WindowId window, const Rect& frame) {
+  desktop().settle();
+  desktop().place(window, frame);
 }
 
 testing::AssertionResult DesktopTest::stands(WindowId window, const Rect& frame, double tolerance) {

@@ -43,6 +43,9 @@ protected:
   /// A window with the focus, its frame at `startFrame`, that Tilwin has not moved yet.
   static void focusAtStart(WindowId window);
 
+  /// As a person does it, who moves a window only after seeing it stand still.
+  static void placeByHand(WindowId window, const Rect& frame);
+
   /// Whether the frame comes to be that, within the tolerance, and stays.
   static testing::AssertionResult stands(WindowId window, const Rect& frame, double tolerance = 0);
   /// Whether Tilwin still does what it is for.

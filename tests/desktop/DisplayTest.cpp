@@ -32,6 +32,7 @@ protected:
   void press(const std::string& chord) { session_->input().press(chord); }
 
   void place(const Rect& frame) {
+    desktop().settle();
     desktop().place(window_->id(), frame);
     ASSERT_TRUE(desktop().waitForFrame(window_->id(), frame));
   }

@@ -60,7 +60,7 @@ TEST_F(Shortcuts, RestoreAfterSeveralActionsBringsBackTheFirstFrameOnce) {
   ASSERT_TRUE(stands(window.id(), {0, 0, 1920, 1080}));
   press(restoreKeys);
   EXPECT_TRUE(stands(window.id(), startFrame));
-  desktop().place(window.id(), {100, 100, 700, 500});
+  placeByHand(window.id(), {100, 100, 700, 500});
   ASSERT_TRUE(stands(window.id(), {100, 100, 700, 500}));
   press(restoreKeys);
   window.settle();

@@ -27,6 +27,15 @@ TEST(WindowIds, AWindowNumberUsedAgainAfterClosingGetsANewId) {
   EXPECT_NE(ids.idOf(5, 100), first);
 }
 
+TEST(WindowIds, AWindowKnownToBeClosedHasNoIdAndItsNumberGetsANewOne) {
+  WindowIds ids;
+  const auto first = ids.idOf(5, 100);
+  ids.forget(5);
+  ids.forget(6);
+  EXPECT_FALSE(ids.windowOf(first));
+  EXPECT_NE(ids.idOf(5, 100), first);
+}
+
 TEST(WindowIds, AWindowNumberUsedAgainByAnotherProcessGetsANewId) {
   WindowIds ids;
   const auto first = ids.idOf(5, 100);

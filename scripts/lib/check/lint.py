@@ -2,7 +2,7 @@
 
 Going through the system headers takes seconds and going through a source takes next to nothing, so the sources
 of a top folder that are built alike are linted together, as one translation unit. Sources whose private names clash
-are found by compiling first and are linted apart.
+are found by the errors that makes and are linted apart.
 """
 
 import dataclasses
@@ -58,6 +58,13 @@ def _messages(output):
         yield message, notes
 
 
+def _parted(entries, blamed):
+    """The group without those that are blamed, and they; each alone when that would part nothing."""
+    if len(blamed) == len(entries):
+        return [[entry] for entry in entries]
+    return [[entry for entry in entries if (entry.path in blamed) == among] for among in (False, True)]
+
+
 class Linter:
     def __init__(self, tree, work_folder):
         self.tree = tree
@@ -75,20 +82,10 @@ class Linter:
         return (lambda: self._lint(entries, key)), []
 
     def _lint(self, entries, key):
-        findings = [finding for unit in self._units(entries) for finding in self._tidy(unit)]
+        findings = self._tidy(entries)
         if all(finding.is_warning for finding in findings):
             self.cache.put(key, [dataclasses.asdict(finding) for finding in findings])
         return findings
-
-    def _units(self, entries):
-        """The group in as few parts as compile; a part of one is for clang-tidy to complain about."""
-        blamed = self._clashing(entries) if len(entries) > 1 else set()
-        if not blamed:
-            return [entries]
-        if len(blamed) == len(entries):
-            return [[entry] for entry in entries]
-        return (self._units([entry for entry in entries if entry.path not in blamed]) +
-                self._units([entry for entry in entries if entry.path in blamed]))
 
     def _unit_file(self, entries):
         if len(entries) == 1:
@@ -98,30 +95,28 @@ class Linter:
         unit.write_text(text)
         return unit
 
-    def _clashing(self, entries):
-        """The sources that errors stand in when the group is read as one (with one cheap check); all, if elsewhere."""
-        output, failed = self._clang_tidy(entries, "--checks=-*,bugprone-bool-pointer-implicit-conversion")
-        if not failed:
-            return set()
-        errors = (message for message in _messages(output) if "error" in message[0].group("kind"))
-        places = filter(None, (self._place(*message) for message in errors))
-        paths = {entry.path for entry in entries}
-        return {self._path(place) for place in places} & paths or paths
-
-    def _clang_tidy(self, entries, *options):
-        command = ["clang-tidy", "--quiet", f"--config-file={self.tree.root / '.clang-tidy'}",
-                   f"--header-filter={self.headers}", *options, self._unit_file(entries),
-                   "--", *entries[0].flags, *_CLANG_ONLY]
-        run = subprocess.run(command, cwd=self.tree.root, capture_output=True, text=True, check=False)
-        return run.stdout or run.stderr, run.returncode != 0
-
     def _tidy(self, entries):
-        output, failed = self._clang_tidy(entries)
-        findings = [found for message in _messages(output) for found in self._finding(*message)]
-        if failed and not findings:
-            last = (output.strip().splitlines() or ["without a word"])[-1]
+        """Findings of the group as one unit; without those sources it does not compile with, they apart."""
+        command = ["clang-tidy", "--quiet", f"--config-file={self.tree.root / '.clang-tidy'}",
+                   f"--header-filter={self.headers}", self._unit_file(entries), "--", *entries[0].flags, *_CLANG_ONLY]
+        run = subprocess.run(command, cwd=self.tree.root, capture_output=True, text=True, check=False)
+        messages = list(_messages(run.stdout))
+        blamed = self._blamed(messages, entries) if len(entries) > 1 else set()
+        if blamed:
+            parts = _parted(entries, blamed)
+            return [finding for part in parts for finding in self._tidy(part)]
+        findings = [finding for message in messages for finding in self._finding(*message)]
+        if run.returncode and not findings:
+            last = ((run.stdout + run.stderr).strip().splitlines() or ["without a word"])[-1]
             findings = [Finding(entries[0].path, 1, "lint", f"clang-tidy failed: {last}")]
         return findings
+
+    def _blamed(self, messages, entries):
+        """The sources that compile errors stand in; all, when they stand elsewhere."""
+        paths = {entry.path for entry in entries}
+        errors = [message for message in messages if message[0].group("check") == "clang-diagnostic-error"]
+        places = filter(None, (self._place(*message) for message in errors))
+        return ({self._path(place) for place in places} & paths or paths) if errors else set()
 
     def _place(self, message, notes):
         """Where in the project a message points: itself, else the first of its notes that is not elsewhere."""
