@@ -55,6 +55,11 @@ void DesktopTest::placeByHand(WindowId window, const Rect& frame) {
   desktop().place(window, frame);
 }
 
+Rect DesktopTest::settled(WindowId window) {
+  desktop().settle();
+  return desktop().frame(window).value_or(Rect());
+}
+
 testing::AssertionResult DesktopTest::stands(WindowId window, const Rect& frame, double tolerance) {
   if (desktop().waitForFrame(window, frame, tolerance)) return testing::AssertionSuccess();
   const auto seen = desktop().frame(window);

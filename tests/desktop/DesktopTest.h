@@ -46,6 +46,8 @@ protected:
   /// As a person does it, who moves a window only after seeing it stand still.
   static void placeByHand(WindowId window, const Rect& frame);
 
+  /// The frame that a window has once everything has stopped moving.
+  static Rect settled(WindowId window);
   /// Whether the frame comes to be that, within the tolerance, and stays.
   static testing::AssertionResult stands(WindowId window, const Rect& frame, double tolerance = 0);
   /// Whether Tilwin still does what it is for.

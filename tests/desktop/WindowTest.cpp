@@ -10,46 +10,9 @@ namespace {
 constexpr Rect leftHalf{0, 0, 960, 1080};
 constexpr Rect rightHalf{960, 0, 960, 1080};
 
-class Windows : public DesktopTest {
-protected:
-  /// The frame that a window has once everything has stopped moving.
-  static Rect settled(WindowId window) {
-    desktop().settle();
-    return desktop().frame(window).value_or(Rect());
-  }
-};
+class Windows : public DesktopTest {};
 
 }  // namespace
-
-TEST_F(Windows, ATerminalTakesWholeCellsAndStillCyclesAndRestores) {
-  const auto terminal = session().open(Application::xterm);
-  focus(terminal.window());
-  const Rect before = settled(terminal.window());
-  constexpr double cell = 20;  // more than the height of a line of the terminal's font
-  for (const double width : {960.0, 1280.0, 640.0, 960.0}) {
-    press(leftHalfKeys);
-    EXPECT_TRUE(stands(terminal.window(), {0, 0, width, 1080}, cell));
-    desktop().settle();  // else the next press meets a request that is still on its way
-  }
-  press(restoreKeys);
-  EXPECT_TRUE(stands(terminal.window(), before));
-}
-
-TEST_F(Windows, AWindowOfWholeCellsSnappedByAnEarlierTilwinStillCycles) {
-  const TestWindow window = session().window({.increment = {37, 41}});
-  constexpr double cell = 41;
-  focus(window.id());
-  press(leftHalfKeys);
-  ASSERT_TRUE(stands(window.id(), leftHalf, cell));
-  const bool hasWholeCells = settled(window.id()) != leftHalf;  // xfwm4 grants every size that is asked for
-  restartTilwin();
-  if (hasWholeCells) {
-    press(leftHalfKeys);                  // asks for what the window has but for its whole cells
-    desktop().settle(Milliseconds{700});  // by then the manager had its time to answer
-  }
-  press(leftHalfKeys);
-  EXPECT_TRUE(stands(window.id(), {0, 0, 1280, 1080}, cell));
-}
 
 TEST_F(Windows, AGtkWindowWithAHeaderBarVisiblyFillsTheHalf) {
   const auto application = session().open(Application::gtkHeaderBar);
@@ -215,18 +178,6 @@ TEST_F(Windows, AWindowMovedByHandAfterASnapIsSnappedAgain) {
   ASSERT_TRUE(stands(window.id(), startFrame));
   press(leftHalfKeys);
   EXPECT_TRUE(stands(window.id(), leftHalf));
-}
-
-TEST_F(Windows, ATerminalMovedByHandAfterASnapIsSnappedAgain) {
-  const auto terminal = session().open(Application::xterm);
-  focus(terminal.window());
-  press(leftHalfKeys);
-  ASSERT_TRUE(stands(terminal.window(), leftHalf, 20));
-  const Rect snapped = settled(terminal.window());
-  placeByHand(terminal.window(), {300, 200, snapped.width, snapped.height});
-  ASSERT_TRUE(desktop().waitUntil([&] { return desktop().frame(terminal.window())->x == 300; }));
-  press(leftHalfKeys);
-  EXPECT_TRUE(stands(terminal.window(), snapped));
 }
 
 TEST_F(Windows, ANewWindowThatGetsTheNumberOfAClosedOneIsNotRestoredToItsFrame) {
