@@ -2,10 +2,13 @@
 
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -117,6 +120,56 @@ struct JsonCoding<std::vector<Element>> {
   }
 };
 
+/// An array. Elements that come twice are one element.
+template <typename Element>
+struct JsonCoding<std::set<Element>> {
+  static std::set<Element> decode(const JsonReader& reader) {
+    std::set<Element> values;
+    for (const JsonReader& element : reader.elements()) values.insert(JsonCoding<Element>::decode(element));
+    return values;
+  }
+  static JsonValue encode(const std::set<Element>& values) {
+    JsonValue array = JsonValue::array();
+    for (const Element& value : values) array.append(JsonCoding<Element>::encode(value));
+    return array;
+  }
+};
+
+/// An object with any keys.
+template <typename Value>
+struct JsonCoding<std::map<std::string, Value>> {
+  static std::map<std::string, Value> decode(const JsonReader& reader) {
+    std::map<std::string, Value> values;
+    for (std::string& key : reader.keys()) {
+      Value value = JsonCoding<Value>::decode(reader.member(key));
+      values.emplace(std::move(key), std::move(value));
+    }
+    return values;
+  }
+  static JsonValue encode(const std::map<std::string, Value>& values) {
+    JsonValue object = JsonValue::object();
+    for (const auto& [key, value] : values) object.set(key, JsonCoding<Value>::encode(value));
+    return object;
+  }
+};
+
+/// An element that may be broken without harm to its neighbours: it then holds nothing. For reading alone.
+template <typename T>
+struct Lossy {
+  std::optional<T> value;
+};
+
+template <typename T>
+struct JsonCoding<Lossy<T>> {
+  static Lossy<T> decode(const JsonReader& reader) {
+    try {
+      return {JsonCoding<T>::decode(reader)};
+    } catch (const JsonError&) {
+      return {};
+    }
+  }
+};
+
 /// Reads a whole text: the value, or why there is none.
 template <typename T>
 [[nodiscard]] std::variant<T, JsonError> decodeJson(std::string_view text) {
@@ -132,6 +185,16 @@ template <typename T>
 [[nodiscard]] std::variant<std::string, JsonError> encodeJson(const T& value) {
   try {
     return JsonCoding<T>::encode(value).text();
+  } catch (const JsonError& error) {
+    return error;
+  }
+}
+
+/// Writes a whole text for people to read as well: indented, keys sorted.
+template <typename T>
+[[nodiscard]] std::variant<std::string, JsonError> encodePrettyJson(const T& value) {
+  try {
+    return JsonCoding<T>::encode(value).prettyText();
   } catch (const JsonError& error) {
     return error;
   }

@@ -1,6 +1,9 @@
 #include "core/support/JsonReader.h"
 
+#include <algorithm>
+#include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -8,7 +11,11 @@
 namespace tilwin {
 namespace {
 
-using Node = nlohmann::ordered_json;
+/// Objects by key: with keys in the order written, reading n of them would take n squared.
+using Node = nlohmann::json;
+
+/// What the library calls a number that no double can hold.
+constexpr int numberOverflow = 406;
 
 const Node& nodeAt(const std::shared_ptr<const void>& place) {
   return *static_cast<const Node*>(place.get());
@@ -31,6 +38,56 @@ std::optional<std::int64_t> whole(const Node& node) {
   return static_cast<std::int64_t>(value);
 }
 
+/// The library reads floats with `strtod` too, so both agree on what overflows; `strtod` wants the point of
+/// the locale that the process has set.
+bool overflows(std::string number) {
+  std::replace(number.begin(), number.end(), '.', *std::localeconv()->decimal_point);
+  char* end = nullptr;
+  const double value = std::strtod(number.c_str(), &end);
+  return std::isinf(value) && *end == '\0';
+}
+
+/// Just behind the text literal that starts at `start`, or the end.
+std::size_t endOfText(std::string_view json, std::size_t start) {
+  for (std::size_t at = start + 1; at < json.size(); ++at) {
+    if (json[at] == '\\') {
+      ++at;
+    } else if (json[at] == '"') {
+      return at + 1;
+    }
+  }
+  return json.size();
+}
+
+/// The JSON text with each number that no double can hold replaced by null.
+std::string withoutOverflows(std::string_view json) {
+  constexpr std::string_view starts = "\"-0123456789";
+  constexpr std::string_view ofNumbers = "+-.0123456789Ee";
+  std::string result;
+  std::size_t at = 0;
+  while (at < json.size()) {
+    const std::size_t start = std::min(json.find_first_of(starts, at), json.size());
+    result += json.substr(at, start - at);
+    if (start == json.size()) break;
+    const bool isText = json[start] == '"';
+    at = isText ? endOfText(json, start) : std::min(json.find_first_not_of(ofNumbers, start), json.size());
+    const std::string token(json.substr(start, at - start));
+    result += !isText && overflows(token) ? "null" : token;
+  }
+  return result;
+}
+
+/// One number too large must not cost the whole text: it becomes null, so that only its own field is without
+/// a value.
+Node parsed(std::string_view json) {
+  try {
+    return Node::parse(json);
+  } catch (const Node::out_of_range& error) {
+    if (error.id != numberOverflow) throw;
+    return Node::parse(withoutOverflows(json));
+  }
+}
+
 }  // namespace
 
 JsonReader::JsonReader(std::shared_ptr<const void> node, std::string path)
@@ -38,7 +95,7 @@ JsonReader::JsonReader(std::shared_ptr<const void> node, std::string path)
 
 JsonReader JsonReader::parse(std::string_view text) {
   try {
-    return {std::make_shared<const Node>(Node::parse(text)), ""};
+    return {std::make_shared<const Node>(parsed(text)), ""};
   } catch (const Node::exception& error) {
     throw JsonError(JsonError::Kind::notJson, "", error.what());
   }
@@ -49,6 +106,8 @@ void JsonReader::fail(JsonError::Kind kind, const std::string& message) const {
 }
 
 bool JsonReader::isNull() const { return nodeAt(node_).is_null(); }
+
+bool JsonReader::isObject() const { return nodeAt(node_).is_object(); }
 
 bool JsonReader::flag() const {
   if (!nodeAt(node_).is_boolean()) fail(JsonError::Kind::wrongType, "true or false expected");

@@ -16,9 +16,11 @@ namespace tilwin {
 /// of it does. Every reading function throws `JsonError` when something else stands there.
 class JsonReader {
 public:
+  /// A number that no double can hold is read as null. Of a key that an object has twice, the last counts.
   [[nodiscard]] static JsonReader parse(std::string_view text);
 
   [[nodiscard]] bool isNull() const;
+  [[nodiscard]] bool isObject() const;
   [[nodiscard]] bool flag() const;
   /// Any number, with a fraction or without.
   [[nodiscard]] double number() const;
@@ -31,7 +33,7 @@ public:
   [[nodiscard]] JsonReader member(std::string_view key) const;
   /// The value under a key that may be absent or null.
   [[nodiscard]] std::optional<JsonReader> find(std::string_view key) const;
-  /// The keys of an object in the order written.
+  /// The keys of an object, sorted.
   [[nodiscard]] std::vector<std::string> keys() const;
 
   [[noreturn]] void fail(JsonError::Kind kind, const std::string& message) const;

@@ -46,17 +46,19 @@ JsonValue JsonValue::of(double number) {
 JsonValue JsonValue::of(std::string_view text) { return JsonValue(Node{std::string(text)}); }
 
 void JsonValue::set(std::string_view key, JsonValue value) {
-  node_->json[std::string(key)] = std::move(value.node_->json);
+  // Appended behind the map's back, which would look for the key among all the others first.
+  auto& members = node_->json.get_ref<nlohmann::ordered_json::object_t&>();
+  members.emplace_back(std::string(key), std::move(value.node_->json));
 }
 
 void JsonValue::append(JsonValue value) { node_->json.push_back(std::move(value.node_->json)); }
 
 std::string JsonValue::text() const {
-  try {
-    return node_->json.dump();
-  } catch (const nlohmann::ordered_json::exception& error) {
-    throw JsonError(JsonError::Kind::badValue, "", error.what());
-  }
+  return node_->json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+std::string JsonValue::prettyText() const {
+  return nlohmann::json(node_->json).dump(2, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 }  // namespace tilwin

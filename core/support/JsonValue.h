@@ -24,14 +24,16 @@ public:
   JsonValue& operator=(const JsonValue&) = delete;
   ~JsonValue();
 
-  /// For an object: keys are written in the order first set.
+  /// For an object: keys are written in the order set. Each may be set once only.
   void set(std::string_view key, JsonValue value);
   /// For an array.
   void append(JsonValue value);
 
-  /// Compact text. Numbers read back to the same bits, whole ones without a decimal point. Throws `JsonError`
-  /// for text that is not UTF-8.
+  /// Compact text. Numbers read back to the same bits, whole ones without a decimal point. What is not UTF-8
+  /// is written as U+FFFD.
   [[nodiscard]] std::string text() const;
+  /// The same for people: a line per value, indented by two spaces, the keys of every object sorted.
+  [[nodiscard]] std::string prettyText() const;
 
 private:
   struct Node;
