@@ -1,0 +1,65 @@
+#include "core/support/LocalizedOrder.h"
+
+#include <unicode/coll.h>
+#include <unicode/locid.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+#include "core/support/UnicodeText.h"
+
+namespace tilwin {
+namespace {
+
+// ICU counts in 32 bits; a name is decided long before this many bytes.
+constexpr std::size_t longest = std::size_t{1} << 29;
+
+icu::StringPiece piece(std::string_view text) {
+  return {text.data(), static_cast<std::int32_t>(std::min(text.size(), longest))};
+}
+
+bool isPosix(const icu::Locale& locale) {
+  const std::string_view language = locale.getLanguage();
+  return language == "c" || language == "posix" || std::string_view(locale.getVariant()) == "POSIX";
+}
+
+std::unique_ptr<icu::Collator> collator(const icu::Locale& locale) {
+  UErrorCode error = U_ZERO_ERROR;
+  std::unique_ptr<icu::Collator> made(icu::Collator::createInstance(locale, error));
+  if (U_FAILURE(error) || made == nullptr) return nullptr;
+  made->setStrength(icu::Collator::SECONDARY);
+  made->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, error);
+  return U_FAILURE(error) ? nullptr : std::move(made);
+}
+
+}  // namespace
+
+struct LocalizedOrder::Rules {
+  explicit Rules(const icu::Locale& locale) {
+    if (!locale.isBogus() && !isPosix(locale)) collator = tilwin::collator(locale);
+    if (!collator) collator = tilwin::collator(icu::Locale::getRoot());
+  }
+
+  std::unique_ptr<icu::Collator> collator;  ///< none when ICU lacks even the root's data
+};
+
+LocalizedOrder::LocalizedOrder(std::unique_ptr<const Rules> rules) : rules_(std::move(rules)) {}
+LocalizedOrder::LocalizedOrder() : LocalizedOrder(std::make_unique<Rules>(icu::Locale::getDefault())) {}
+LocalizedOrder::LocalizedOrder(const std::string& locale)
+    : LocalizedOrder(std::make_unique<Rules>(icu::Locale::createCanonical(locale.c_str()))) {}
+LocalizedOrder::~LocalizedOrder() = default;
+LocalizedOrder::LocalizedOrder(LocalizedOrder&&) noexcept = default;
+LocalizedOrder& LocalizedOrder::operator=(LocalizedOrder&&) noexcept = default;
+
+bool LocalizedOrder::precedes(std::string_view first, std::string_view second) const {
+  if (rules_->collator) {
+    UErrorCode error = U_ZERO_ERROR;
+    const UCollationResult result = rules_->collator->compareUTF8(piece(first), piece(second), error);
+    if (U_SUCCESS(error)) return result == UCOL_LESS;
+  }
+  return UnicodeText::caseKey(first) < UnicodeText::caseKey(second);
+}
+
+}  // namespace tilwin

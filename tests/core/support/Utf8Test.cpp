@@ -1,0 +1,65 @@
+#include "core/support/Utf8.h"
+
+#include "tests/core/support/Texts.h"
+
+namespace tilwin {
+namespace {
+
+std::u32string forward(std::string_view text) {
+  std::u32string characters;
+  for (std::size_t at = 0; at < text.size(); at += Utf8::next(text, at).size) {
+    characters += Utf8::next(text, at).codePoint;
+  }
+  return characters;
+}
+
+std::u32string backward(std::string_view text) {
+  std::u32string characters;
+  for (std::size_t at = text.size(); at > 0; at -= Utf8::previous(text, at).size) {
+    characters.insert(characters.begin(), Utf8::previous(text, at).codePoint);
+  }
+  return characters;
+}
+
+TEST(Utf8, WalksCharactersOfEveryLengthInBothDirections) {
+  const std::string_view text("a\0é€😀", 11);
+  EXPECT_EQ(forward(text), std::u32string(U"a\0é€😀", 5));
+  EXPECT_EQ(backward(text), std::u32string(U"a\0é€😀", 5));
+}
+
+TEST(Utf8, HasNoCharacterBeyondTheEnds) {
+  EXPECT_EQ(Utf8::next("").size, 0);
+  EXPECT_EQ(Utf8::next("a", 1).size, 0);
+  EXPECT_EQ(Utf8::next("a", 7).size, 0);
+  EXPECT_EQ(Utf8::previous("", 0).size, 0);
+  EXPECT_EQ(Utf8::previous("a", 0).size, 0);
+}
+
+TEST(Utf8, IllFormedBytesAreReplacementCharacters) {
+  for (const std::string& text : illFormedTexts()) {
+    EXPECT_NE(forward(text).find(U'\uFFFD'), std::u32string::npos) << testing::PrintToString(text);
+    EXPECT_NE(backward(text).find(U'\uFFFD'), std::u32string::npos) << testing::PrintToString(text);
+  }
+}
+
+TEST(Utf8, ATextIsAsciiUntilOneByteIsNot) {
+  for (std::size_t length = 0; length < 40; ++length) {
+    std::string text(length, 'a');
+    EXPECT_TRUE(Utf8::isAscii(text));
+    for (std::size_t at = 0; at < length; ++at) {
+      text[at] = '\x80';
+      EXPECT_FALSE(Utf8::isAscii(text)) << at << " of " << length;
+      text[at] = '\x7F';
+    }
+  }
+}
+
+TEST(Utf8Properties, BothDirectionsSeeTheSameCharacters) {
+  EXPECT_TRUE(rc::check([] {
+    const std::string text = arbitrary::bytes();
+    RC_ASSERT(forward(text) == backward(text));
+  }));
+}
+
+}  // namespace
+}  // namespace tilwin
