@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "core/geometry/WindowProvider.h"
+#include "core/layouts/Layout.h"
+#include "core/layouts/LayoutPlanner.h"
 #include "core/snap/SnapAction.h"
 
 namespace tilwin {
@@ -33,6 +35,10 @@ public:
   bool perform(SnapAction action);
   /// Puts a given window on a given display; `currentFrame` is where it stood before the user dragged it.
   bool snap(std::int64_t windowID, SnapAction to, const DisplayInfo& on, const Rect& currentFrame);
+
+  /// Places the windows of a saved layout, as far as they are open. A window that does not move stops no other.
+  /// The slots that found no window are in the plan returned.
+  LayoutPlan apply(const Layout& layout);
 
   /// Keeps the window's frame for `restore`, unless one is kept already.
   void remember(const WindowInfo& window);

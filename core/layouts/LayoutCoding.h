@@ -1,0 +1,42 @@
+#pragma once
+
+#include <tuple>
+
+#include "core/geometry/GeometryCoding.h"
+#include "core/layouts/Layout.h"
+#include "core/snap/SnapCoding.h"
+#include "core/support/DateCoding.h"
+#include "core/support/JsonCoding.h"
+#include "core/support/UuidCoding.h"
+
+namespace tilwin {
+
+template <>
+struct JsonFields<DisplaySignature> {
+  static constexpr auto table = std::make_tuple(JsonField{"key", &DisplaySignature::key});
+};
+
+/// An object with one key, the kind of target, over an object with the key "_0", the target itself.
+template <>
+struct JsonCoding<SlotTarget> {
+  static SlotTarget decode(const JsonReader& reader);
+  static JsonValue encode(const SlotTarget& target);
+};
+
+template <>
+struct JsonFields<LayoutSlot> {
+  static constexpr auto table = std::make_tuple(
+      JsonField{"bundleID", &LayoutSlot::bundleID}, JsonField{"appName", &LayoutSlot::appName},
+      JsonField{"titleContains", &LayoutSlot::titleContains},
+      JsonField{"displayIndex", &LayoutSlot::displayIndex}, JsonField{"target", &LayoutSlot::target});
+};
+
+template <>
+struct JsonFields<Layout> {
+  static constexpr auto table = std::make_tuple(
+      JsonField{"id", &Layout::id}, JsonField{"name", &Layout::name}, JsonField{"slots", &Layout::slots},
+      JsonField{"signature", &Layout::signature}, JsonField{"isAutomatic", &Layout::isAutomatic},
+      JsonField{"updatedAt", &Layout::updatedAt});
+};
+
+}  // namespace tilwin

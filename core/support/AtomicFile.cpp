@@ -1,0 +1,157 @@
+#include "core/support/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+namespace tilwin {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void fail(const char* what, const fs::path& path) {
+  throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
+}
+
+class Descriptor {
+public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { close(); }
+
+  [[nodiscard]] bool isOpen() const { return number_ >= 0; }
+  [[nodiscard]] int number() const { return number_; }
+  bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
+
+private:
+  int number_;
+};
+
+/// A new file in the target's folder, gone again unless it is moved into place.
+class Draft {
+public:
+  explicit Draft(const fs::path& target) : path_(target), file_(create()) {
+    struct stat old {};
+    const bool replaces = ::stat(target.c_str(), &old) == 0;
+    if (replaces && ::fchmod(file_.number(), old.st_mode & 07777) != 0) abandon("cannot set permissions");
+  }
+  Draft(const Draft&) = delete;
+  Draft& operator=(const Draft&) = delete;
+  ~Draft() {
+    if (!path_.empty()) ::unlink(path_.c_str());
+  }
+
+  void write(std::string_view content) {
+    while (!content.empty()) {
+      const ssize_t written = ::write(file_.number(), content.data(), content.size());
+      if (written < 0 && errno == EINTR) continue;
+      if (written < 0) fail("cannot write", path_);
+      content.remove_prefix(static_cast<std::size_t>(written));
+    }
+  }
+
+  /// The content must be on the disk before the name points at it, or a power cut could leave an empty file.
+  void moveTo(const fs::path& target) {
+    if (::fsync(file_.number()) != 0 || !file_.close()) fail("cannot flush", path_);
+    if (::rename(path_.c_str(), target.c_str()) != 0) fail("cannot put in place", target);
+    path_.clear();
+  }
+
+private:
+  [[noreturn]] void abandon(const char* what) {
+    const int reason = errno;
+    ::unlink(path_.c_str());
+    errno = reason;
+    fail(what, path_);
+  }
+
+  int create() {
+    const std::string stem = path_.string() + "." + std::to_string(::getpid()) + "-";
+    for (int attempt = 0;; ++attempt) {
+      path_ = stem + std::to_string(attempt);
+      const int number = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      if (number >= 0) return number;
+      if (errno != EEXIST) fail("cannot create", path_);
+    }
+  }
+
+  fs::path path_;
+  Descriptor file_;
+};
+
+/// Makes the new name last through a power cut. Not every file system can; the content is in place anyway.
+void syncFolder(const fs::path& folder) {
+  const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (descriptor.isOpen()) ::fsync(descriptor.number());
+}
+
+fs::path behindLinks(const fs::path& path) {
+  std::error_code ignored;
+  const fs::path target = fs::canonical(path, ignored);
+  return target.empty() ? path : target;
+}
+
+bool isSameContent(const fs::path& first, const fs::path& second) {
+  std::error_code ignored;
+  if (fs::equivalent(first, second, ignored)) return true;
+  if (fs::file_size(first, ignored) != fs::file_size(second, ignored)) return false;
+  std::ifstream one(first, std::ios::binary);
+  std::ifstream other(second, std::ios::binary);
+  return one && other &&
+         std::equal(std::istreambuf_iterator<char>(one), {}, std::istreambuf_iterator<char>(other), {});
+}
+
+}  // namespace
+
+std::optional<std::string> AtomicFile::read(const fs::path& path, std::size_t limit) {
+  // Without O_NONBLOCK a pipe put there would hold the program up.
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  struct stat facts {};
+  if (!file.isOpen() || ::fstat(file.number(), &facts) != 0 || !S_ISREG(facts.st_mode)) return std::nullopt;
+  std::string content;
+  std::array<char, 65536> block{};
+  while (content.size() <= limit) {
+    const ssize_t count = ::read(file.number(), block.data(), block.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return std::nullopt;
+    if (count == 0) return content;
+    content.append(block.data(), static_cast<std::size_t>(count));
+  }
+  return std::nullopt;
+}
+
+void AtomicFile::replace(const fs::path& path, std::string_view content) {
+  if (path.has_parent_path()) fs::create_directories(path.parent_path());
+  const fs::path target = behindLinks(path);
+  Draft draft(target);
+  draft.write(content);
+  draft.moveTo(target);
+  syncFolder(target.has_parent_path() ? target.parent_path() : ".");
+}
+
+void AtomicFile::keepCopy(const fs::path& path) {
+  const fs::path original = behindLinks(path);
+  const std::string name = path.string() + ".unreadable";
+  for (int number = 1;; ++number) {
+    const fs::path copy = number == 1 ? name : name + "." + std::to_string(number);
+    std::error_code refusal;
+    fs::create_hard_link(original, copy, refusal);
+    if (!refusal) return;
+    if (!fs::exists(fs::symlink_status(copy))) {
+      // Not every file system has hard links.
+      fs::copy_file(original, copy);
+      return;
+    }
+    if (isSameContent(original, copy)) return;
+  }
+}
+
+}  // namespace tilwin

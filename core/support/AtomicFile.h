@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tilwin {
+
+/// Files that are read and replaced as a whole.
+struct AtomicFile {
+  /// The content, or nothing when there is no such file, it cannot be read, or it is larger than `limit`
+  /// bytes.
+  [[nodiscard]] static std::optional<std::string> read(const std::filesystem::path& path, std::size_t limit);
+
+  /// Puts `content` in place of the file in one step: whoever reads, and whatever is found after a crash at
+  /// any moment, is the old content or the new, whole. The folder is made first where it is missing. A file
+  /// that is there keeps its permissions, a new one gets the user's usual ones; a symbolic link stays and
+  /// what it points at is replaced. Throws `std::filesystem::filesystem_error`; the old file is then intact.
+  static void replace(const std::filesystem::path& path, std::string_view content);
+
+  /// Gives what stands at `path` a second name beside it, "NAME.unreadable" or the first free one of
+  /// "NAME.unreadable.2" and so on, before somebody replaces it. Throws `std::filesystem::filesystem_error`.
+  static void keepCopy(const std::filesystem::path& path);
+};
+
+}  // namespace tilwin

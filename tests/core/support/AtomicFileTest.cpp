@@ -1,0 +1,156 @@
+#include "core/support/AtomicFile.h"
+
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "tests/TemporaryFolder.h"
+#include "tests/core/support/FileText.h"
+#include "tests/core/support/InChild.h"
+
+namespace tilwin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+
+constexpr std::size_t plenty = 1000;
+
+struct AtomicFileTest : testing::Test {
+  TemporaryFolder folder;
+  fs::path path = folder.path() / "layouts.json";
+
+  [[nodiscard]] std::vector<std::string> names() const { return namesIn(folder.path()); }
+};
+
+fs::perms permissionsOf(const fs::path& path) { return fs::status(path).permissions(); }
+
+TEST_F(AtomicFileTest, ReadsTheWholeFile) {
+  writeText(path, std::string("a\0b\n", 4));
+  EXPECT_EQ(AtomicFile::read(path, plenty), std::string("a\0b\n", 4));
+}
+
+TEST_F(AtomicFileTest, ReadsNoMoreThanTheLimit) {
+  writeText(path, "12345");
+  EXPECT_EQ(AtomicFile::read(path, 5), "12345");
+  EXPECT_EQ(AtomicFile::read(path, 4), std::nullopt);
+}
+
+TEST_F(AtomicFileTest, ReadsNothingWhereThereIsNoFileToRead) {
+  EXPECT_EQ(AtomicFile::read(path, plenty), std::nullopt);
+  EXPECT_EQ(AtomicFile::read(folder.path(), plenty), std::nullopt);
+  EXPECT_EQ(AtomicFile::read("", plenty), std::nullopt);
+}
+
+TEST_F(AtomicFileTest, DoesNotWaitForWhoeverMayWriteToAPipe) {
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  EXPECT_EQ(AtomicFile::read(path, plenty), std::nullopt);
+}
+
+TEST_F(AtomicFileTest, ReplacesTheContentAndLeavesNothingElseBehind) {
+  AtomicFile::replace(path, "old and long");
+  AtomicFile::replace(path, "new");
+  EXPECT_EQ(textOf(path), "new");
+  EXPECT_THAT(names(), ElementsAre("layouts.json"));
+}
+
+TEST_F(AtomicFileTest, MakesTheFolderAndItsParentsFirst) {
+  const fs::path deep = folder.path() / "a" / "b" / "layouts.json";
+  AtomicFile::replace(deep, "new");
+  EXPECT_EQ(textOf(deep), "new");
+}
+
+TEST_F(AtomicFileTest, GivesANewFileTheUsersUsualPermissions) {
+  const mode_t usual = ::umask(027);
+  AtomicFile::replace(path, "new");
+  ::umask(usual);
+  EXPECT_EQ(permissionsOf(path), fs::perms(0640));
+}
+
+TEST_F(AtomicFileTest, KeepsThePermissionsOfTheFileItReplaces) {
+  writeText(path, "old");
+  for (const auto permissions : {fs::perms(0600), fs::perms(0664)}) {
+    fs::permissions(path, permissions);
+    AtomicFile::replace(path, "new");
+    EXPECT_EQ(permissionsOf(path), permissions);
+  }
+}
+
+TEST_F(AtomicFileTest, ReplacesWhatASymbolicLinkPointsAtAndKeepsTheLink) {
+  const fs::path real = folder.path() / "elsewhere" / "mine.json";
+  AtomicFile::replace(real, "old");
+  fs::create_symlink(real, path);
+  AtomicFile::replace(path, "new");
+  EXPECT_TRUE(fs::is_symlink(path));
+  EXPECT_EQ(textOf(real), "new");
+}
+
+TEST_F(AtomicFileTest, LeavesTheOldFileAloneWhenTheDiskTakesNoMore) {
+  writeText(path, "old");
+  const auto outcome = inChild([&] {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{100, 100};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    AtomicFile::replace(path, std::string(1000, 'n'));
+  });
+  EXPECT_EQ(outcome, ChildOutcome::threw);
+  EXPECT_EQ(textOf(path), "old");
+  EXPECT_THAT(names(), ElementsAre("layouts.json"));
+}
+
+TEST_F(AtomicFileTest, LeavesTheOldFileAloneInAFolderThatMayNotBeWritten) {
+  writeText(path, "old");
+  fs::permissions(folder.path(), fs::perms(0555));
+  const auto outcome = inChild([&] {
+    constexpr uid_t nobody = 65534;
+    // What is read-only to others never is to root.
+    if (::geteuid() == 0 && ::setuid(nobody) != 0) return;
+    AtomicFile::replace(path, "new");
+  });
+  fs::permissions(folder.path(), fs::perms(0755));
+  EXPECT_EQ(outcome, ChildOutcome::threw);
+  EXPECT_EQ(textOf(path), "old");
+  EXPECT_THAT(names(), ElementsAre("layouts.json"));
+}
+
+TEST_F(AtomicFileTest, SaysWhyItCouldNotReplace) {
+  fs::create_directory(path);
+  try {
+    AtomicFile::replace(path, "new");
+    FAIL() << "a folder was replaced";
+  } catch (const fs::filesystem_error& error) {
+    EXPECT_EQ(error.path1(), path);
+    EXPECT_EQ(error.code(), std::errc::is_a_directory);
+  }
+  EXPECT_THAT(names(), ElementsAre("layouts.json"));
+}
+
+TEST_F(AtomicFileTest, KeepsACopyUnderTheFirstFreeName) {
+  for (const char* content : {"first", "second", "third"}) {
+    AtomicFile::replace(path, content);
+    AtomicFile::keepCopy(path);
+  }
+  AtomicFile::replace(path, "last");
+  EXPECT_EQ(textOf(folder.path() / "layouts.json.unreadable"), "first");
+  EXPECT_EQ(textOf(folder.path() / "layouts.json.unreadable.2"), "second");
+  EXPECT_EQ(textOf(folder.path() / "layouts.json.unreadable.3"), "third");
+}
+
+TEST_F(AtomicFileTest, KeepsNoSecondCopyOfTheSameContent) {
+  writeText(path, "odd");
+  AtomicFile::keepCopy(path);
+  AtomicFile::keepCopy(path);
+  AtomicFile::replace(path, "odd");
+  AtomicFile::keepCopy(path);
+  EXPECT_THAT(names(), ElementsAre("layouts.json", "layouts.json.unreadable"));
+}
+
+TEST_F(AtomicFileTest, CannotKeepACopyOfNothing) {
+  EXPECT_THROW(AtomicFile::keepCopy(path), fs::filesystem_error);
+}
+
+}  // namespace
+}  // namespace tilwin
