@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/layouts/LayoutPlanner.h"
-#include "core/layouts/LayoutStore.h"
+#include "core/layouts/LayoutsFile.h"
 
 namespace tilwin {
 namespace {
@@ -89,7 +89,8 @@ private:
 
 void loadAndWrite(benchmark::State& state) {
   const StoreFile file(state.range(0));
-  for (auto _ : state) LayoutStore::load(file.path()).write(file.path());
+  LayoutsFile layouts(file.path());
+  for (auto _ : state) layouts.write(layouts.load());
 }
 
 void load(benchmark::State& state) {

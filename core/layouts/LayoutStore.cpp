@@ -14,26 +14,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::optional<LayoutStore> read(const fs::path& path) {
-  const auto text = AtomicFile::read(path, LayoutStore::maximumFileSize);
-  if (!text) return std::nullopt;
-  auto decoded = decodeJson<LayoutStore>(*text);
-  if (auto* store = std::get_if<LayoutStore>(&decoded)) return std::move(*store);
-  return std::nullopt;
-}
-
-/// Whether the file holds something that its replacement would not.
-bool isUnreadable(const fs::path& path) {
-  std::error_code unknown;
-  const bool isEmpty = fs::file_size(path, unknown) == 0;
-  return !isEmpty && fs::exists(path, unknown) && !read(path);
-}
-
 bool isAutomaticFor(const Layout& layout, const DisplaySignature& signature) {
   return layout.isAutomatic && layout.signature == signature;
 }
 
 }  // namespace
+
+std::optional<LayoutStore> LayoutStore::read(const fs::path& from) {
+  const auto text = AtomicFile::read(from, maximumFileSize);
+  if (!text) return std::nullopt;
+  auto decoded = decodeJson<LayoutStore>(*text);
+  if (auto* store = std::get_if<LayoutStore>(&decoded)) return std::move(*store);
+  return std::nullopt;
+}
 
 LayoutStore LayoutStore::load(const fs::path& from) { return read(from).value_or(LayoutStore{}); }
 
@@ -44,7 +37,6 @@ void LayoutStore::write(const fs::path& to) const {
   if (text.size() > maximumFileSize) {
     throw fs::filesystem_error("too many layouts", to, std::make_error_code(std::errc::file_too_large));
   }
-  if (isUnreadable(to)) AtomicFile::keepCopy(to);
   AtomicFile::replace(to, text);
 }
 

@@ -19,11 +19,12 @@ struct LayoutStore {
 
   bool operator==(const LayoutStore&) const = default;
 
-  /// An empty store when there is no such file or it cannot be read.
+  /// Nothing when there is no such file or it cannot be read.
+  [[nodiscard]] static std::optional<LayoutStore> read(const std::filesystem::path& from);
+  /// The same, but then an empty store.
   [[nodiscard]] static LayoutStore load(const std::filesystem::path& from);
-  /// Replaces the file in one step. A file there that `load` cannot read is kept beside it first, under its
-  /// name and ".unreadable". Throws `std::filesystem::filesystem_error` or `JsonError`, and then the old file
-  /// stands as it was.
+  /// Replaces the file in one step, whatever it held; `LayoutsFile` takes care of that. Throws
+  /// `std::filesystem::filesystem_error` or `JsonError`, and then the old file stands as it was.
   void write(const std::filesystem::path& to) const;
 
   /// In alphabetic order, ignoring case, as the user's language has it.

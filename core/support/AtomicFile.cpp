@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <fstream>
 #include <system_error>
 #include <utility>
@@ -110,6 +111,16 @@ bool isSameContent(const fs::path& first, const fs::path& second) {
 }
 
 }  // namespace
+
+std::optional<AtomicFile::Stamp> AtomicFile::stamp(const fs::path& path) {
+  struct stat facts {};
+  if (::stat(path.c_str(), &facts) != 0) return std::nullopt;
+  // The field for it in `stat` has another name on each system.
+  std::error_code unknown;
+  const auto changed = fs::last_write_time(path, unknown).time_since_epoch();
+  return Stamp{facts.st_dev, facts.st_ino, static_cast<std::uint64_t>(facts.st_size),
+               std::chrono::duration_cast<std::chrono::nanoseconds>(changed).count()};
+}
 
 std::optional<std::string> AtomicFile::read(const fs::path& path, std::size_t limit) {
   // Without O_NONBLOCK a pipe put there would hold the program up.

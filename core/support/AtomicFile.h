@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -10,6 +11,18 @@ namespace tilwin {
 
 /// Files that are read and replaced as a whole.
 struct AtomicFile {
+  /// Tells one state of a file from another without reading it.
+  struct Stamp {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+    std::uint64_t size = 0;
+    std::int64_t changed = 0;  ///< in nanoseconds, on the file system's clock
+
+    bool operator==(const Stamp&) const = default;
+  };
+
+  /// Nothing when there is no such file.
+  [[nodiscard]] static std::optional<Stamp> stamp(const std::filesystem::path& path);
   /// The content, or nothing when there is no such file, it cannot be read, or it is larger than `limit`
   /// bytes.
   [[nodiscard]] static std::optional<std::string> read(const std::filesystem::path& path, std::size_t limit);
@@ -20,8 +33,9 @@ struct AtomicFile {
   /// what it points at is replaced. Throws `std::filesystem::filesystem_error`; the old file is then intact.
   static void replace(const std::filesystem::path& path, std::string_view content);
 
-  /// Gives what stands at `path` a second name beside it, "NAME.unreadable" or the first free one of
-  /// "NAME.unreadable.2" and so on, before somebody replaces it. Throws `std::filesystem::filesystem_error`.
+  /// Gives what stands at `path` a second name beside it before somebody replaces it: "NAME.unreadable", or
+  /// the first of "NAME.unreadable.2" and so on that is not taken. The same content is kept only once. Throws
+  /// `std::filesystem::filesystem_error`.
   static void keepCopy(const std::filesystem::path& path);
 };
 

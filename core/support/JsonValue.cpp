@@ -1,8 +1,11 @@
 #include "core/support/JsonValue.h"
 
+#include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "core/support/JsonError.h"
 
@@ -20,6 +23,32 @@ constexpr double largestExactWhole = 0x1p53;
 bool isWrittenWhole(double number) {
   const bool negativeZero = number == 0 && std::signbit(number);
   return number == std::trunc(number) && std::abs(number) <= largestExactWhole && !negativeZero;
+}
+
+using Members = nlohmann::ordered_json::object_t;
+
+bool precedes(const Members::value_type& first, const Members::value_type& second) {
+  return first.first < second.first;
+}
+
+/// At every level. As deep as the records are that were written, which is not deep.
+void sortKeys(nlohmann::ordered_json& json) {
+  // What is neither object nor array holds itself as its one element.
+  if (!json.is_structured()) return;
+  for (auto& element : json) sortKeys(element);
+  if (!json.is_object()) return;
+  auto& members = json.get_ref<Members&>();
+  if (std::is_sorted(members.begin(), members.end(), precedes)) return;
+  // The map's pairs have constant keys, which cannot change places.
+  std::vector<Members::value_type*> order;
+  order.reserve(members.size());
+  for (auto& member : members) order.push_back(&member);
+  std::sort(order.begin(), order.end(),
+            [](const auto* first, const auto* second) { return precedes(*first, *second); });
+  Members sorted;
+  sorted.reserve(members.size());
+  for (auto* member : order) sorted.emplace_back(member->first, std::move(member->second));
+  members.swap(sorted);
 }
 
 }  // namespace
@@ -57,8 +86,9 @@ std::string JsonValue::text() const {
   return node_->json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
 
-std::string JsonValue::prettyText() const {
-  return nlohmann::json(node_->json).dump(2, ' ', false, nlohmann::json::error_handler_t::replace);
+std::string JsonValue::prettyText() && {
+  sortKeys(node_->json);
+  return node_->json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
 
 }  // namespace tilwin

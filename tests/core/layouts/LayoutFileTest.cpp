@@ -3,7 +3,7 @@
 
 #include <csignal>
 
-#include "core/layouts/LayoutStore.h"
+#include "core/layouts/LayoutsFile.h"
 #include "core/support/JsonError.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/layouts/Layouts.h"
@@ -60,6 +60,7 @@ struct LayoutFile : testing::Test {
   TemporaryFolder folder;
   fs::path path = folder.path() / "Tilwin" / "layouts.json";
   fs::path kept = folder.path() / "Tilwin" / "layouts.json.unreadable";
+  LayoutsFile file{path};
 
   void given(std::string_view content) const {
     fs::create_directories(path.parent_path());
@@ -130,35 +131,59 @@ TEST_F(LayoutFile, OverlooksKeysItDoesNotKnow) {
 TEST_F(LayoutFile, IsNotEvenReadWhenItIsFarTooLarge) {
   given(prettyFile);
   fs::resize_file(path, 100'000'000);
-  EXPECT_EQ(loaded(), LayoutStore{});
-  oneLayout().write(path);
+  EXPECT_EQ(file.load(), LayoutStore{});
+  file.write(oneLayout());
   EXPECT_EQ(fs::file_size(kept), 100'000'000U);
 }
 
-TEST_F(LayoutFile, KeepsAFileItCannotReadBeforeItReplacesIt) {
+TEST_F(LayoutFile, IsKeptBesideItsReplacementWhenItCouldNotBeRead) {
   const std::string broken = prettyFile.substr(0, prettyFile.size() - 1);
   given(broken);
-  LayoutStore store = loaded();
+  LayoutStore store = file.load();
   store.save(layoutOf({}));
-  store.write(path);
+  file.write(store);
   EXPECT_EQ(loaded(), store);
   EXPECT_EQ(textOf(kept), broken);
 }
 
-TEST_F(LayoutFile, KeepsAFileThatBecameUnreadableAfterItWasLoaded) {
+TEST_F(LayoutFile, IsKeptWhenItCouldNotBeReadForAWhile) {
   given(prettyFile);
-  const LayoutStore store = loaded();
+  fs::rename(path, folder.path() / "away");
+  EXPECT_EQ(file.load(), LayoutStore{});
+  fs::rename(folder.path() / "away", path);
+  file.write({});
+  EXPECT_EQ(textOf(kept), prettyFile);
+}
+
+TEST_F(LayoutFile, IsKeptWhenSomebodyHasEditedItSinceItWasRead) {
+  given(prettyFile);
+  const LayoutStore store = file.load();
   given("edited by hand, badly");
-  store.write(path);
+  file.write(store);
   EXPECT_EQ(textOf(kept), "edited by hand, badly");
 }
 
-TEST_F(LayoutFile, KeepsNoCopyOfAFileThatItCanReadOrThatIsEmpty) {
-  for (const std::string& content : {prettyFile, std::string(R"({"layouts":[]})"), std::string()}) {
-    given(content);
-    oneLayout().write(path);
-    EXPECT_FALSE(fs::exists(kept)) << content;
-  }
+TEST_F(LayoutFile, IsKeptWhenNobodyHasReadIt) {
+  given(prettyFile);
+  file.write({});
+  EXPECT_EQ(textOf(kept), prettyFile);
+}
+
+TEST_F(LayoutFile, NeedsNoCopyOfWhatWasReadOrWrittenBefore) {
+  given(prettyFile);
+  file.write(file.load());
+  file.write(oneLayout());
+  file.write({});
+  EXPECT_THAT(namesIn(path.parent_path()), ElementsAre("layouts.json"));
+}
+
+TEST_F(LayoutFile, NeedsNoCopyOfAnEmptyFileOrNone) {
+  file.write(oneLayout());
+  fs::remove(path);
+  file.write(oneLayout());
+  given("");
+  file.write(oneLayout());
+  EXPECT_THAT(namesIn(path.parent_path()), ElementsAre("layouts.json"));
 }
 
 TEST_F(LayoutFile, IsLeftAloneWhenItsCopyCannotBeKept) {
@@ -166,7 +191,7 @@ TEST_F(LayoutFile, IsLeftAloneWhenItsCopyCannotBeKept) {
   fs::permissions(path.parent_path(), fs::perms(0555));
   const auto outcome = inChild([&] {
     if (::geteuid() == 0 && ::setuid(65534) != 0) return;
-    oneLayout().write(path);
+    file.write(oneLayout());
   });
   fs::permissions(path.parent_path(), fs::perms(0755));
   EXPECT_EQ(outcome, ChildOutcome::threw);
