@@ -17,6 +17,12 @@ struct CustomArea {
   std::optional<HotKeySpec> shortcut{};
 
   bool operator==(const CustomArea&) const = default;
+
+  /// A new area in the middle of the screen, over its whole height.
+  [[nodiscard]] static CustomArea starter(std::string named);
+  /// The nearest fractions that lie wholly on the display and take at least 5% of it in each direction,
+  /// whatever the numbers are.
+  [[nodiscard]] static NormalizedRect clamped(const NormalizedRect& rect);
 };
 
 }  // namespace tilwin

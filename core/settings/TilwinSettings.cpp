@@ -44,18 +44,72 @@ constexpr std::array defaultShortcuts = std::to_array<TilwinSettings::DefaultSho
 });
 // clang-format on
 
+constexpr double largestDistance = 64;
+constexpr std::size_t mostAreas = 12;
+
+double clampedDistance(double points) { return points >= 0 ? std::min(points, largestDistance) : 0; }
+
+std::string keyOf(SnapAction action) { return std::string(SnapActions::rawValue(action)); }
+
 }  // namespace
 
 std::span<const TilwinSettings::DefaultShortcut> TilwinSettings::defaults() { return defaultShortcuts; }
 
 std::optional<HotKeySpec> TilwinSettings::shortcut(SnapAction action) const {
-  const std::string key(SnapActions::rawValue(action));
+  const std::string key = keyOf(action);
   if (disabled.contains(key)) return std::nullopt;
   if (const auto override = shortcuts.find(key); override != shortcuts.end()) return override->second;
   const auto builtIn = std::find_if(defaultShortcuts.begin(), defaultShortcuts.end(),
                                     [&](const DefaultShortcut& row) { return row.action == action; });
   if (builtIn == defaultShortcuts.end()) return std::nullopt;
   return builtIn->spec;
+}
+
+std::vector<std::pair<ShortcutOwner, HotKeySpec>> TilwinSettings::shortcutsInForce() const {
+  std::vector<std::pair<ShortcutOwner, HotKeySpec>> result;
+  for (const SnapAction action : SnapActions::all()) {
+    if (const auto spec = shortcut(action)) result.emplace_back(action, *spec);
+  }
+  for (const CustomArea& area : customAreas) {
+    if (area.shortcut) result.emplace_back(area.id, *area.shortcut);
+  }
+  return result;
+}
+
+bool TilwinSettings::hasCustomShortcut(SnapAction action) const { return shortcuts.contains(keyOf(action)); }
+
+std::optional<ShortcutRules::Problem> TilwinSettings::assign(const HotKeySpec& spec, SnapAction to) {
+  auto problem = ShortcutRules::problem(spec, to, *this);
+  if (problem) return problem;
+  shortcuts[keyOf(to)] = spec;
+  disabled.erase(keyOf(to));
+  return std::nullopt;
+}
+
+std::optional<ShortcutRules::Problem> TilwinSettings::assign(const HotKeySpec& spec, const Uuid& toArea) {
+  auto problem = ShortcutRules::problem(spec, toArea, *this);
+  if (problem) return problem;
+  const auto area = std::find_if(customAreas.begin(), customAreas.end(),
+                                 [&](const CustomArea& each) { return each.id == toArea; });
+  if (area != customAreas.end()) area->shortcut = spec;
+  return std::nullopt;
+}
+
+void TilwinSettings::resetShortcut(SnapAction action) {
+  shortcuts.erase(keyOf(action));
+  disabled.erase(keyOf(action));
+}
+
+void TilwinSettings::clearShortcut(SnapAction action) {
+  shortcuts.erase(keyOf(action));
+  disabled.insert(keyOf(action));
+}
+
+void TilwinSettings::clamp() {
+  gap = clampedDistance(gap);
+  outer = clampedDistance(outer);
+  if (customAreas.size() > mostAreas) customAreas.resize(mostAreas);
+  for (CustomArea& area : customAreas) area.rect = CustomArea::clamped(area.rect);
 }
 
 }  // namespace tilwin

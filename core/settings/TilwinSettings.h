@@ -5,10 +5,13 @@
 #include <set>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/settings/CustomArea.h"
 #include "core/settings/HotKeySpec.h"
+#include "core/settings/ShortcutOwner.h"
+#include "core/settings/ShortcutRules.h"
 #include "core/snap/SnapAction.h"
 
 namespace tilwin {
@@ -28,10 +31,10 @@ struct TilwinSettings {
   bool shadowRecording = false;
   bool showMenuBarIcon = true;
   bool restoreOnDisplayChange = true;
-  std::map<std::string, HotKeySpec> shortcuts;  ///< overrides, by the action's raw value
-  std::set<std::string> disabled;               ///< raw values of actions whose shortcut the user removed
-  std::vector<std::string> ignoredApps;         ///< bundle identifiers
-  std::vector<CustomArea> customAreas;
+  std::map<std::string, HotKeySpec> shortcuts{};  ///< overrides, by the action's raw value
+  std::set<std::string> disabled{};               ///< raw values of actions whose shortcut the user removed
+  std::vector<std::string> ignoredApps{};         ///< bundle identifiers
+  std::vector<CustomArea> customAreas{};
 
   bool operator==(const TilwinSettings&) const = default;
 
@@ -39,6 +42,22 @@ struct TilwinSettings {
   [[nodiscard]] static std::span<const DefaultShortcut> defaults();
   /// The shortcut in force: none when disabled, else the override, else the built-in one.
   [[nodiscard]] std::optional<HotKeySpec> shortcut(SnapAction action) const;
+  /// Every shortcut in force and what it triggers: actions in their order, then areas in theirs.
+  [[nodiscard]] std::vector<std::pair<ShortcutOwner, HotKeySpec>> shortcutsInForce() const;
+  /// Whether there is an override, in force or not.
+  [[nodiscard]] bool hasCustomShortcut(SnapAction action) const;
+
+  /// Gives the shortcut to the action or area, or says what stands against it and changes nothing. An id that
+  /// no area has changes nothing either.
+  std::optional<ShortcutRules::Problem> assign(const HotKeySpec& spec, SnapAction to);
+  std::optional<ShortcutRules::Problem> assign(const HotKeySpec& spec, const Uuid& toArea);
+  /// Back to the built-in shortcut.
+  void resetShortcut(SnapAction action);
+  /// No shortcut, not even the built-in one.
+  void clearShortcut(SnapAction action);
+
+  /// Brings distances into 0 to 64 points and areas onto the screen, of which the first 12 are kept.
+  void clamp();
 };
 
 }  // namespace tilwin

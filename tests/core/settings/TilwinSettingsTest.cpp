@@ -109,6 +109,86 @@ TEST(ShortcutInForce, CanBeGivenToAnActionWithoutADefault) {
   EXPECT_EQ(settings.shortcut(SnapAction::centerLarge), override);
 }
 
+TEST(ShortcutInForce, AllOfThemAreActionsFirstThenAreasThatHaveOne) {
+  TilwinSettings settings;
+  for (const SnapAction action : SnapActions::all()) settings.clearShortcut(action);
+  settings.resetShortcut(SnapAction::rightHalf);
+  settings.resetShortcut(SnapAction::leftHalf);
+  settings.customAreas = {CustomArea::starter("silent"), CustomArea::starter("notes")};
+  settings.customAreas[1].shortcut = override;
+  EXPECT_EQ(settings.shortcutsInForce(),
+            (std::vector<std::pair<ShortcutOwner, HotKeySpec>>{{SnapAction::leftHalf, {123, 6144}},
+                                                               {SnapAction::rightHalf, {124, 6144}},
+                                                               {settings.customAreas[1].id, override}}));
+}
+
+TEST(ShortcutOfTheUser, ReplacesTheDefaultUntilItIsReset) {
+  TilwinSettings settings;
+  EXPECT_FALSE(settings.hasCustomShortcut(SnapAction::topLeft));
+  EXPECT_EQ(settings.assign(override, SnapAction::topLeft), std::nullopt);
+  EXPECT_TRUE(settings.hasCustomShortcut(SnapAction::topLeft));
+  EXPECT_EQ(settings.shortcut(SnapAction::topLeft), override);
+  settings.resetShortcut(SnapAction::topLeft);
+  EXPECT_EQ(settings, TilwinSettings());
+}
+
+TEST(ShortcutOfTheUser, ClearedStaysClearedUntilItIsReset) {
+  TilwinSettings settings;
+  settings.shortcuts["topLeft"] = override;
+  settings.clearShortcut(SnapAction::topLeft);
+  EXPECT_EQ(settings.shortcut(SnapAction::topLeft), std::nullopt);
+  EXPECT_FALSE(settings.hasCustomShortcut(SnapAction::topLeft));
+  EXPECT_EQ(settings.disabled, std::set<std::string>{"topLeft"});
+  settings.resetShortcut(SnapAction::topLeft);
+  EXPECT_EQ(settings.shortcut(SnapAction::topLeft), (HotKeySpec{32, 6144}));
+}
+
+TEST(ShortcutOfTheUser, AssigningEnablesAClearedAction) {
+  TilwinSettings settings;
+  settings.clearShortcut(SnapAction::topLeft);
+  EXPECT_EQ(settings.assign(override, SnapAction::topLeft), std::nullopt);
+  EXPECT_EQ(settings.shortcut(SnapAction::topLeft), override);
+  EXPECT_TRUE(settings.disabled.empty());
+}
+
+TEST(ShortcutOfTheUser, AnOverrideCountsEvenWhenTheActionIsDisabled) {
+  TilwinSettings settings;
+  settings.disabled.insert("topLeft");
+  EXPECT_FALSE(settings.hasCustomShortcut(SnapAction::topLeft));
+  settings.shortcuts["topLeft"] = override;
+  EXPECT_TRUE(settings.hasCustomShortcut(SnapAction::topLeft));
+}
+
+TEST(ShortcutOfTheUser, ARejectedOneChangesNothingAndSaysWhy) {
+  TilwinSettings settings;
+  settings.customAreas = {CustomArea::starter("Notes")};
+  settings.clearShortcut(SnapAction::rightHalf);
+  const TilwinSettings before = settings;
+  const std::optional<ShortcutRules::Problem> used = ShortcutRules::UsedBy{"Left half"};
+  EXPECT_EQ(settings.assign({123, 6144}, SnapAction::rightHalf), used);
+  EXPECT_EQ(settings.assign({123, 6144}, settings.customAreas[0].id), used);
+  EXPECT_EQ(settings, before);
+}
+
+TEST(ShortcutOfTheUser, GoesToTheFirstAreaWithTheId) {
+  TilwinSettings settings;
+  settings.customAreas = {CustomArea::starter("other"), CustomArea::starter("first"),
+                          CustomArea::starter("second")};
+  settings.customAreas[2].id = settings.customAreas[1].id;
+  EXPECT_EQ(settings.assign(override, settings.customAreas[1].id), std::nullopt);
+  EXPECT_EQ(settings.customAreas[0].shortcut, std::nullopt);
+  EXPECT_EQ(settings.customAreas[1].shortcut, override);
+  EXPECT_EQ(settings.customAreas[2].shortcut, std::nullopt);
+}
+
+TEST(ShortcutOfTheUser, AnIdThatNoAreaHasChangesNothing) {
+  TilwinSettings settings;
+  settings.customAreas = {CustomArea::starter("Notes")};
+  const TilwinSettings before = settings;
+  EXPECT_EQ(settings.assign(override, Uuid::random()), std::nullopt);
+  EXPECT_EQ(settings, before);
+}
+
 TEST(HotKeySpec, ModifierBitsAreThoseThatDesktopsRegister) {
   EXPECT_EQ(HotKeySpec::cmd, 256);
   EXPECT_EQ(HotKeySpec::shift, 512);
@@ -122,6 +202,14 @@ TEST(ShortcutOwner, ActionsAndAreasAreDifferentKeys) {
                                                  SnapAction::rightHalf, area, Uuid::random()};
   EXPECT_EQ(owners.size(), 4);
   EXPECT_TRUE(owners.contains(area));
+}
+
+TEST(CustomArea, ANewOneTakesTheMiddleOfTheScreen) {
+  const CustomArea area = CustomArea::starter("Notes");
+  EXPECT_EQ(area.name, "Notes");
+  EXPECT_EQ(area.rect, (NormalizedRect{0.2, 0, 0.6, 1}));
+  EXPECT_EQ(area.shortcut, std::nullopt);
+  EXPECT_NE(area.id, CustomArea::starter("Notes").id);
 }
 
 TEST(CustomArea, ComparesByAllItsFields) {

@@ -1,0 +1,29 @@
+#include "core/settings/CustomArea.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tilwin {
+namespace {
+
+constexpr double smallestShare = 0.05;
+
+// Written so that what is not a number falls back to the lower bound.
+double clampedLength(double length) {
+  return length >= smallestShare ? std::min(length, 1.0) : smallestShare;
+}
+double clampedStart(double start, double length) { return start >= 0 ? std::min(start, 1 - length) : 0; }
+
+}  // namespace
+
+NormalizedRect CustomArea::clamped(const NormalizedRect& rect) {
+  const double width = clampedLength(rect.width);
+  const double height = clampedLength(rect.height);
+  return {clampedStart(rect.x, width), clampedStart(rect.y, height), width, height};
+}
+
+CustomArea CustomArea::starter(std::string named) {
+  return {.id = Uuid::random(), .name = std::move(named), .rect = {0.2, 0, 0.6, 1}};
+}
+
+}  // namespace tilwin
