@@ -94,9 +94,13 @@ bool SnapController::place(SnapAction action, const Scene& scene) {
   if (cycleWidths) action = cycled(action, current, area, outer, gap).value_or(action);
   const auto target = SnapActions::frame(action, current, area, outer, gap);
   if (!target) return false;
-  if (current.isClose(*target, inPlaceTolerance)) return true;
-  remember(scene.window);
-  return scene.provider.setFrame(scene.window.id, *target);
+  return moveUnlessThere(scene.provider, scene.window, *target);
+}
+
+bool SnapController::moveUnlessThere(WindowProvider& provider, const WindowInfo& window, const Rect& target) {
+  if (window.frame.isClose(target, inPlaceTolerance)) return true;
+  remember(window);
+  return provider.setFrame(window.id, target);
 }
 
 bool SnapController::snap(std::int64_t windowID, SnapAction to, const DisplayInfo& on,

@@ -12,6 +12,7 @@
 #include "core/geometry/WindowProvider.h"
 #include "core/layouts/Layout.h"
 #include "core/layouts/LayoutPlanner.h"
+#include "core/settings/CustomArea.h"
 #include "core/snap/SnapAction.h"
 
 namespace tilwin {
@@ -35,6 +36,10 @@ public:
   bool perform(SnapAction action);
   /// Puts a given window on a given display; `currentFrame` is where it stood before the user dragged it.
   bool snap(std::int64_t windowID, SnapAction to, const DisplayInfo& on, const Rect& currentFrame);
+  /// Puts the focused window into an area of its display. Not reported to `onEvent`.
+  bool snap(const CustomArea& to);
+  /// A new area where the focused window stands; the window is neither moved nor remembered.
+  [[nodiscard]] std::optional<CustomArea> captureFocusedWindow(std::string named) const;
 
   /// Places the windows of a saved layout, as far as they are open. A window that does not move stops no other.
   /// The slots that found no window are in the plan returned.
@@ -55,11 +60,14 @@ public:
 
 private:
   struct Scene;
+  struct FocusedPlace;
 
   bool act(SnapAction action, WindowProvider& provider, const WindowInfo& window);
   bool moveToNeighbour(SnapAction action, const Scene& scene);
   bool restore(const Scene& scene);
   bool place(SnapAction action, const Scene& scene);
+  bool moveUnlessThere(WindowProvider& provider, const WindowInfo& window, const Rect& target);
+  [[nodiscard]] std::optional<FocusedPlace> focusedPlace() const;
 
   std::weak_ptr<WindowProvider> provider_;
   std::unordered_map<std::int64_t, Rect> previous_;
