@@ -7,6 +7,7 @@
 #include "app/AppDelegate.h"
 #include "platform/qt/QtMainQueue.h"
 #include "platform/qt/QtSystemLog.h"
+#include "platform/qt/QtUserDefaults.h"
 #include "platform/qt/StopSignals.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeys.h"
@@ -21,7 +22,8 @@ int runOnDesktop() {
   const qt::StopSignals stopSignals(queue);
   x11::X11Connection x(log);
   x11::X11HotKeys hotKeys(x, queue, log);
-  Platform platform{queue, log, hotKeys, std::make_shared<x11::X11WindowProvider>(x, queue)};
+  qt::QtUserDefaults userDefaults(log);
+  Platform platform{queue, log, hotKeys, userDefaults, std::make_shared<x11::X11WindowProvider>(x, queue)};
 
   const auto dispatch = [&x] { x.dispatch(); };
   queue.watch(x.fileDescriptor(), dispatch);

@@ -6,6 +6,7 @@
 #include "platform/ports/HotKeys.h"
 #include "platform/ports/MainQueue.h"
 #include "platform/ports/SystemLog.h"
+#include "platform/ports/UserDefaults.h"
 
 namespace tilwin {
 
@@ -15,6 +16,7 @@ struct Platform {
   MainQueue& mainQueue;
   SystemLog& log;
   HotKeys& hotKeys;
+  UserDefaults& userDefaults;
   std::shared_ptr<WindowProvider> windows;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/simulated/SimulatedHotKeys.h"
 #include "platform/simulated/SimulatedLog.h"
 #include "platform/simulated/SimulatedMainQueue.h"
+#include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWindows.h"
 
 namespace tilwin {
@@ -24,17 +25,19 @@ public:
   SimulatedMainQueue time;
   SimulatedLog log;
   SimulatedHotKeys keyboard;
+  SimulatedUserDefaults disk;
   SimulatedWindows windows;
 
   /// Screens are plugged in and out; throws like the constructor.
   void setDisplays(std::string_view displays);
 
   /// The ports onto this desktop; it must outlive their use.
-  [[nodiscard]] Platform platform() { return {time, log, keyboard, provider_}; }
+  [[nodiscard]] Platform platform() { return {time, log, keyboard, disk, provider_}; }
   [[nodiscard]] std::shared_ptr<WindowProvider> provider() const { return provider_; }
   [[nodiscard]] HotKeys& hotKeys() { return keyboard; }
   [[nodiscard]] MainQueue& mainQueue() { return time; }
   [[nodiscard]] SystemLog& systemLog() { return log; }
+  [[nodiscard]] UserDefaults& userDefaults() { return disk; }
 
 private:
   std::shared_ptr<WindowProvider> provider_;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "platform/ports/UserDefaults.h"
+
+namespace tilwin::contract {
+
+/// Where a user's settings are kept, and the adapter under test.
+class UserDefaultsWorld {
+public:
+  UserDefaultsWorld() = default;
+  UserDefaultsWorld(const UserDefaultsWorld&) = delete;
+  UserDefaultsWorld& operator=(const UserDefaultsWorld&) = delete;
+  virtual ~UserDefaultsWorld() = default;
+
+  virtual UserDefaults& defaults() = 0;
+  /// The program ends and starts again.
+  virtual void restart() = 0;
+  /// The disk is full, or no longer.
+  virtual void setDiskFull(bool full) = 0;
+};
+
+using UserDefaultsWorldMaker = std::unique_ptr<UserDefaultsWorld> (*)();
+
+/// Each test starts with nothing stored.
+class UserDefaultsContract : public testing::TestWithParam<UserDefaultsWorldMaker> {
+protected:
+  std::unique_ptr<UserDefaultsWorld> world = GetParam()();
+};
+
+}  // namespace tilwin::contract
