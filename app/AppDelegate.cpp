@@ -1,6 +1,8 @@
 #include "app/AppDelegate.h"
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "core/settings/KeyNames.h"
@@ -9,28 +11,60 @@ namespace tilwin {
 
 AppDelegate::AppDelegate(Platform& platform)
     : platform_(platform),
+      store_(platform.userDefaults),
       controller_(platform.windows),
-      hotKeyCenter_(platform.hotKeys, platform.mainQueue) {}
+      hotKeyCenter_(platform.hotKeys, platform.mainQueue),
+      self_(std::make_shared<AppDelegate*>(this)) {}
 
 void AppDelegate::start() {
+  applySettings();
+  settingsChanges_ = store_.settings.subscribe([this](const TilwinSettings&) {
+    platform_.mainQueue.post([weak = std::weak_ptr(self_)] {
+      if (const auto self = weak.lock()) (*self)->applySettings();
+    });
+  });
   hotKeyCenter_.onTarget = [this](const ShortcutOwner& owner) { perform(owner); };
-  logShortcuts(hotKeyCenter_.registerShortcuts(settings_));
+}
+
+void AppDelegate::applySettings() {
+  const TilwinSettings settings = store_.settings.get();
+  controller_.outer = settings.outer;
+  controller_.gap = settings.gap;
+  controller_.cycleWidths = settings.cycleWidths;
+  controller_.ignoredBundleIDs = {settings.ignoredApps.begin(), settings.ignoredApps.end()};
+  registerHotKeys(settings);
+}
+
+void AppDelegate::registerHotKeys(const TilwinSettings& settings) {
+  auto hotKeys = HotKeyFingerprint::of(settings);
+  if (lastHotKeys_ == hotKeys) return;
+  lastHotKeys_ = std::move(hotKeys);
+  auto refused = hotKeyCenter_.registerShortcuts(settings);
+  logShortcuts(settings, refused);
+  store_.unavailable.set(std::move(refused));
 }
 
 void AppDelegate::perform(const ShortcutOwner& owner) {
   if (const auto* action = std::get_if<SnapAction>(&owner)) controller_.perform(*action);
+  if (const auto* area = std::get_if<Uuid>(&owner)) runArea(*area);
 }
 
-void AppDelegate::logShortcuts(const HotKeyCenter::OwnerSet& refused) const {
-  std::size_t wanted = 0;
+void AppDelegate::runArea(const Uuid& id) {
+  const auto& areas = store_.settings.get().customAreas;
+  const auto area = std::find_if(areas.begin(), areas.end(), [&](const auto& each) { return each.id == id; });
+  if (area != areas.end()) controller_.snap(*area);
+}
+
+void AppDelegate::logShortcuts(const TilwinSettings& settings, const HotKeyCenter::OwnerSet& refused) const {
+  const auto wanted = settings.shortcutsInForce();
+  std::size_t working = wanted.size();
   std::string taken;
-  for (const auto action : SnapActions::all()) {
-    const auto spec = settings_.shortcut(action);
-    if (!spec) continue;
-    ++wanted;
-    if (refused.contains(action)) taken += " " + KeyNames::describe(*spec);
+  for (const auto& [owner, spec] : wanted) {
+    if (!refused.contains(owner)) continue;
+    --working;
+    taken += " " + KeyNames::describe(spec);
   }
-  platform_.log.write("Tilwin: " + std::to_string(wanted - refused.size()) + " of " + std::to_string(wanted) +
+  platform_.log.write("Tilwin: " + std::to_string(working) + " of " + std::to_string(wanted.size()) +
                       " shortcuts work" + (taken.empty() ? "" : "; another program holds" + taken));
 }
 

@@ -15,22 +15,6 @@ constexpr std::uint32_t fourCharacterCode(char first, char second, char third, c
 
 constexpr std::uint32_t signature = fourCharacterCode('T', 'W', 'F', '1');
 
-struct Wish {
-  ShortcutOwner owner;
-  HotKeySpec spec;
-};
-
-std::vector<Wish> wishes(const TilwinSettings& settings) {
-  std::vector<Wish> result;
-  for (const SnapAction action : SnapActions::all()) {
-    if (const auto spec = settings.shortcut(action)) result.push_back({action, *spec});
-  }
-  for (const CustomArea& area : settings.customAreas) {
-    if (area.shortcut) result.push_back({area.id, *area.shortcut});
-  }
-  return result;
-}
-
 }  // namespace
 
 HotKeyCenter::HotKeyCenter(HotKeys& hotKeys, MainQueue& mainQueue)
@@ -46,12 +30,12 @@ HotKeyCenter::OwnerSet HotKeyCenter::registerShortcuts(const TilwinSettings& set
   unregisterAll();
   installHandler();
   std::uint32_t id = 1;
-  for (const Wish& wish : wishes(settings)) {
-    if (const auto reference = hotKeys_.add(wish.spec, {signature, id})) {
+  for (const auto& [owner, spec] : settings.shortcutsInForce()) {
+    if (const auto reference = hotKeys_.add(spec, {signature, id})) {
       refs_.push_back(*reference);
-      targets_.emplace(id, wish.owner);
+      targets_.emplace(id, owner);
     } else {
-      refused.insert(wish.owner);
+      refused.insert(owner);
     }
     id = idAfter(id);
   }

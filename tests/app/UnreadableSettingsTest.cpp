@@ -1,0 +1,158 @@
+#include <chrono>
+
+#include "app/SettingsStore.h"
+#include "core/settings/SettingsCoding.h"
+#include "platform/simulated/SimulatedUserDefaults.h"
+#include "tests/core/ArbitrarySettings.h"
+#include "tests/core/JsonText.h"
+
+namespace tilwin {
+namespace {
+
+using Blobs = SimulatedUserDefaults::Blobs;
+
+/// Stored settings that somebody or something has damaged.
+struct UnreadableSettings : testing::Test {
+  void store(std::string_view blob) { disk.store(SettingsStore::key, blob); }
+  Blobs after(const std::string& settings) const { return {{std::string(SettingsStore::key), settings}}; }
+  Blobs after(const std::string& settings, const std::string& kept) const {
+    Blobs blobs = after(settings);
+    blobs.emplace(SettingsStore::unreadableKey, kept);
+    return blobs;
+  }
+
+  SimulatedUserDefaults disk;
+  const std::string gapOf4 = written(TilwinSettings{.gap = 4});
+  const std::string gapOf5 = written(TilwinSettings{.gap = 5});
+};
+
+TEST_F(UnreadableSettings, CountAsNone) {
+  for (const char* blob : {"", "not json", "[]", "null", "\"{}\"", "{\"gap\":8", "\xff\xfe", "{} {}"}) {
+    store(blob);
+    EXPECT_EQ(SettingsStore(disk).settings.get(), TilwinSettings()) << blob;
+  }
+}
+
+TEST_F(UnreadableSettings, CutOffAtAnyByteAreUnreadableAndStayAsTheyAre) {
+  for (std::size_t length = 0; length < gapOf4.size(); ++length) {
+    store(gapOf4.substr(0, length));
+    EXPECT_EQ(SettingsStore(disk).settings.get(), TilwinSettings()) << length;
+    EXPECT_EQ(disk.blobs(), after(gapOf4.substr(0, length)));
+  }
+  store(gapOf4);
+  EXPECT_EQ(SettingsStore(disk).settings.get().gap, 4);
+}
+
+TEST_F(UnreadableSettings, AreKeptBeforeTheFirstWriteOverThem) {
+  store("{\"gap\":8");
+  SettingsStore settings(disk);
+  settings.settings.set({.gap = 4});
+  EXPECT_EQ(disk.blobs(), after(gapOf4, "{\"gap\":8"));
+  settings.settings.set({.gap = 5});
+  EXPECT_EQ(disk.blobs(), after(gapOf5, "{\"gap\":8"));
+  EXPECT_EQ(disk.writeCount(), 3);
+}
+
+TEST_F(UnreadableSettings, KeptOnceAreNotReplacedByReadableOnes) {
+  store("{\"gap\":8");
+  SettingsStore(disk).settings.set({.gap = 4});
+  SettingsStore(disk).settings.set({.gap = 5});
+  EXPECT_EQ(disk.blobs(), after(gapOf5, "{\"gap\":8"));
+}
+
+TEST_F(UnreadableSettings, ThatCannotBeKeptAreNotWrittenOver) {
+  store("{\"gap\":8");
+  SettingsStore settings(disk);
+  disk.setRefusing(true);
+  settings.settings.set({.gap = 4});
+  EXPECT_EQ(disk.blobs(), after("{\"gap\":8"));
+  disk.setRefusing(false);
+  settings.settings.set({.gap = 5});
+  EXPECT_EQ(disk.blobs(), after(gapOf5, "{\"gap\":8"));
+}
+
+TEST_F(UnreadableSettings, ReadableOnesWithBrokenFieldsAreNotAmongThem) {
+  store(R"({"gap":"wide"})");
+  SettingsStore(disk).settings.set({.gap = 4});
+  EXPECT_EQ(disk.blobs(), after(gapOf4));
+}
+
+TEST_F(UnreadableSettings, AreThoseLargerThanAMebibyte) {
+  const std::string largest = R"({"gap":4})" + std::string(1048576 - 9, ' ');
+  store(largest);
+  EXPECT_EQ(SettingsStore(disk).settings.get().gap, 4);
+  store(largest + " ");
+  SettingsStore settings(disk);
+  EXPECT_EQ(settings.settings.get(), TilwinSettings());
+  settings.settings.set({.gap = 4});
+  EXPECT_EQ(disk.blobs(), after(gapOf4, largest + " "));
+}
+
+TEST_F(UnreadableSettings, TheLargestOfTheWorstKindAreReadInGoodTime) {
+  const auto repeated = [](std::string start, std::string_view part, std::string_view end) {
+    while (start.size() + part.size() + end.size() < SettingsStore::largestBlob) start += part;
+    return start += end;
+  };
+  for (const std::string& blob :
+       {repeated(R"({"customAreas":[0)", ",0", "]}"), repeated(R"({"gap":[0)", ",1e999", "]}"),
+        repeated(R"({"disabled":[""]", ",\"\"", "]}"), repeated(R"({"shortcuts":{"":0)", ",\"a\":0", "}}"),
+        repeated("", "[", ""), repeated("", "{\"a\":", "")}) {
+    store(blob);
+    const auto began = std::chrono::steady_clock::now();
+    EXPECT_EQ(SettingsStore(disk).settings.get().gap, 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(10)) << blob.substr(0, 20);
+  }
+}
+
+/// Values of every kind that JSON has; some are good for some fields.
+std::string anyValue() {
+  constexpr std::array values{
+      "null",          "true",   "false", "0",       "-7",
+      "1e999",         "3.25",   "\"\"",  "\"x\"",   "[]",
+      "[1]",           "[null]", "{}",    "[\"a\"]", R"({"a":{"keyCode":1,"modifiers":2}})",
+      R"({"a":null})", "[{}]"};
+  return values[static_cast<std::size_t>(arbitrary::whole(0, static_cast<int>(values.size()) - 1))];
+}
+
+TEST(UnreadableSettingsProperties, NoMixtureOfGoodAndBrokenFieldsLosesAGoodOne) {
+  EXPECT_TRUE(rc::check([] {
+    TilwinSettings good = arbitrary::settings();
+    good.clamp();
+    const auto whole = JsonReader::parse(written(good));
+    const std::string brokenKey = whole.keys()[static_cast<std::size_t>(arbitrary::whole(0, 10))];
+    // The last of two equal keys counts.
+    std::string text = written(good);
+    text.pop_back();
+    text += ",\"" + brokenKey + "\":" + anyValue() + "}";
+    SimulatedUserDefaults disk;
+    disk.store(SettingsStore::key, text);
+    TilwinSettings loaded = SettingsStore(disk).settings.get();
+    const auto keep = [&](const char* key, auto member) {
+      if (brokenKey == key) loaded.*member = good.*member;
+    };
+    keep("gap", &TilwinSettings::gap);
+    keep("outer", &TilwinSettings::outer);
+    keep("cycleWidths", &TilwinSettings::cycleWidths);
+    keep("dragToSnap", &TilwinSettings::dragToSnap);
+    keep("shadowRecording", &TilwinSettings::shadowRecording);
+    keep("showMenuBarIcon", &TilwinSettings::showMenuBarIcon);
+    keep("restoreOnDisplayChange", &TilwinSettings::restoreOnDisplayChange);
+    keep("shortcuts", &TilwinSettings::shortcuts);
+    keep("disabled", &TilwinSettings::disabled);
+    keep("ignoredApps", &TilwinSettings::ignoredApps);
+    keep("customAreas", &TilwinSettings::customAreas);
+    RC_ASSERT(loaded == good);
+  }));
+}
+
+TEST(UnreadableSettingsProperties, NoBytesHarmTheStart) {
+  EXPECT_TRUE(rc::check([](const std::string& blob) {
+    SimulatedUserDefaults disk;
+    disk.store(SettingsStore::key, blob);
+    SettingsStore store(disk);
+    store.settings.set(store.settings.get());
+  }));
+}
+
+}  // namespace
+}  // namespace tilwin
