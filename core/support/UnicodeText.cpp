@@ -70,7 +70,10 @@ icu::UnicodeString withoutDiacritics(const icu::UnicodeString& text) {
   return kept;
 }
 
-bool isWhiteSpace(char32_t character) { return u_isUWhiteSpace(static_cast<UChar32>(character)) != 0; }
+bool isWhiteSpace(char32_t character) {
+  if (character < 0x80) return character == ' ' || (character >= '\t' && character <= '\r');
+  return u_isUWhiteSpace(static_cast<UChar32>(character)) != 0;
+}
 
 }  // namespace
 
@@ -118,6 +121,24 @@ std::string UnicodeText::trimmed(std::string_view text) {
     text.remove_suffix(last.size);
   }
   return std::string(text);
+}
+
+std::string UnicodeText::singleSpaced(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  bool isInRun = false;
+  for (std::size_t at = 0; at < text.size();) {
+    const Utf8Character next = Utf8::next(text, at);
+    const bool isSpace = isWhiteSpace(next.codePoint);
+    if (!isSpace) {
+      result.append(text, at, next.size);
+    } else if (!isInRun) {
+      result += ' ';
+    }
+    isInRun = isSpace;
+    at += next.size;
+  }
+  return result;
 }
 
 std::vector<std::string_view> UnicodeText::words(std::string_view text) {

@@ -24,6 +24,8 @@ struct UnicodeText {
   [[nodiscard]] static std::string composed(std::string_view text);
   /// Without white space (the property White_Space) at both ends.
   [[nodiscard]] static std::string trimmed(std::string_view text);
+  /// With a single plain space for every run of white space, at the ends too.
+  [[nodiscard]] static std::string singleSpaced(std::string_view text);
   /// The pieces between plain spaces, without empty ones. They are views into `text`.
   [[nodiscard]] static std::vector<std::string_view> words(std::string_view text);
 };

@@ -52,7 +52,7 @@ MAY_INCLUDE = {
     "platform/simulated": ([PORTS, *VALUES], ["std"]),
     "app": ([CORE, PORTS], ["std"]),
     "tests": ([CORE], TEST_TOOLS),
-    "tests/core": ([CORE, PORTS, "platform/simulated", "tests"], [*TEST_TOOLS, "json"]),
+    "tests/core": ([CORE, PORTS, "platform/simulated", "tests"], [*TEST_TOOLS, "icu", "json"]),
     "tests/app": ([CORE, PORTS, "platform/simulated", "app", "tests"], [*TEST_TOOLS, "json"]),
     "tests/x11": ([CORE, PORTS, "platform/x11", "tests"], [*TEST_TOOLS, "xcb"]),
     "tests/ui": ([CORE, PORTS, "platform/qt", "platform/simulated", "app", "tests"], [*TEST_TOOLS, "qt"]),
