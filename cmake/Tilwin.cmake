@@ -6,15 +6,19 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 option(TILWIN_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(TILWIN_FUZZ "Build the core and its fuzz targets, and nothing else (needs clang)" OFF)
 
 add_library(TilwinBuildRules INTERFACE)
 target_include_directories(TilwinBuildRules INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(TilwinBuildRules INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
-if(TILWIN_SANITIZE)
+if(TILWIN_SANITIZE OR TILWIN_FUZZ)
   target_compile_options(TilwinBuildRules INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(TilwinBuildRules INTERFACE -fsanitize=address,undefined)
+endif()
+if(TILWIN_FUZZ)
+  target_compile_options(TilwinBuildRules INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # tilwin_library(NAME SOURCES a.cpp ... [LINK TargetA ...]): a static library of the project.

@@ -28,6 +28,7 @@ CLEAN = {
     "app/Delegate.cpp": '#include "core/geometry/Rect.h"\n#include "platform/ports/Screens.h"\n',
     "app/main.cpp": '#ifdef __linux__\n#include "platform/qt/Menu.h"\n#endif\n',
     "tests/core/RectTests.cpp": '#include <gtest/gtest.h>\n#include "core/geometry/Rect.h"\n',
+    "fuzz/corpus/settings/broken": "{ \nTO" + "DO",
     "scripts/hello": '#!/usr/bin/env bash\necho "hello"\n',
 }
 

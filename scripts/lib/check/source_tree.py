@@ -8,6 +8,8 @@ from pathlib import Path
 
 CPP_SUFFIXES = {".h", ".hpp", ".cpp", ".cc", ".mm", ".m"}
 HEADER_SUFFIXES = {".h", ".hpp"}
+# What fuzzing starts from is bytes, not text.
+SEEDS = "fuzz/corpus/"
 NOT_OURS = {".git", ".cache", "build", "__pycache__"}
 
 # Comments and raw strings are blanked; ordinary strings are matched so that "//" inside them is left alone.
@@ -101,7 +103,7 @@ class SourceTree:
 
     @property
     def text_files(self):
-        return [file for file in self.files.values() if file.is_text]
+        return [file for file in self.files.values() if file.is_text and not file.path.startswith(SEEDS)]
 
     @property
     def cpp_files(self):
