@@ -3,10 +3,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <map>
-#include <string>
-#include <vector>
+#include <memory>
+#include <string_view>
 
 #include "core/snap/SnapController.h"
 #include "platform/simulated/SimulatedDesktop.h"
@@ -74,53 +72,5 @@ BENCHMARK_CAPTURE(perform, nextDisplay, SnapAction::nextDisplay);
 BENCHMARK(moveAndRestore);
 BENCHMARK(frame);
 
-/// Keeps the median processor time of each benchmark's repetitions while it prints them.
-class Summary : public benchmark::ConsoleReporter {
-public:
-  Summary() : ConsoleReporter(OO_None) {}
-
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median") {
-        medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
-      }
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-
-  void print() const {
-    if (medians_.size() < 5) return;  // only some were asked for
-    const double floor = median("providerCalls");
-    std::printf("\nfloor, the provider's calls alone: %.0f ns\n", floor);
-    printOwn("perform/cyclingWidths", floor);
-    printOwn("perform/nextDisplay", floor);
-    printOwn("moveAndRestore", 2 * floor);
-    std::printf("%-24s %7.1f ns, goal under 50 ns\n", "frame of one action", median("frame"));
-  }
-
-private:
-  [[nodiscard]] double median(const std::string& name) const { return medians_.at(name); }
-
-  void printOwn(const char* name, double floor) const {
-    const double whole = median(name);
-    std::printf("%-24s %7.0f ns whole, %.2f times its floor; own time %.0f ns, goal under 1000 ns\n", name,
-                whole, whole / floor, whole - floor);
-  }
-
-  std::map<std::string, double> medians_;
-};
-
 }  // namespace
 }  // namespace tilwin
-
-int main(int argc, char** argv) {
-  std::vector<char*> arguments(argv, argv + argc);
-  std::string repetitions = "--benchmark_repetitions=5";
-  std::string aggregates = "--benchmark_report_aggregates_only=true";
-  arguments.insert(arguments.begin() + 1, {repetitions.data(), aggregates.data()});
-  int count = static_cast<int>(arguments.size());
-  benchmark::Initialize(&count, arguments.data());
-  tilwin::Summary summary;
-  benchmark::RunSpecifiedBenchmarks(&summary);
-  summary.print();
-}
