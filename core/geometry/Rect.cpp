@@ -12,6 +12,11 @@ bool Rect::isClose(const Rect& to, double tolerance) const {
          std::abs(width - to.width) <= tolerance && std::abs(height - to.height) <= tolerance;
 }
 
+bool Rect::isWithin(double limit) const {
+  return std::abs(x) <= limit && std::abs(y) <= limit && std::abs(maxX()) <= limit &&
+         std::abs(maxY()) <= limit;
+}
+
 double Rect::overlapFraction(const Rect& with) const {
   if (!(width > 0 && height > 0)) return 0;
   const double sharedWidth = std::min(maxX(), with.maxX()) - std::max(x, with.x);

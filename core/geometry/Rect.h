@@ -26,6 +26,8 @@ struct Rect {
   }
   /// Whether each of the four fields differs from the other's by at most `tolerance`.
   [[nodiscard]] bool isClose(const Rect& to, double tolerance) const;
+  /// Whether every edge lies at most `limit` from the origin; never where a field is not a number.
+  [[nodiscard]] bool isWithin(double limit) const;
   /// The share of this rectangle's own area that the other covers, 0 to 1; 0 for an empty rectangle.
   [[nodiscard]] double overlapFraction(const Rect& with) const;
   /// This rectangle shrunk to fit the area if need be, then pushed inside it.

@@ -50,7 +50,7 @@ std::vector<SimulatedWindows::Handle> SimulatedWindowProvider::listed() const {
 }
 
 bool SimulatedWindowProvider::setFrame(std::int64_t id, const Rect& frame) {
-  if (!handedOut_.contains(id)) return false;
+  if (!handedOut_.contains(id) || !frame.isWithin(farthest)) return false;
   windows_.unmaximize(id);
   if (!windows_.request(id, frame)) return false;
   const SimulatedWindow& window = *windows_.find(id);

@@ -75,7 +75,7 @@ std::vector<WindowInfo> X11WindowProvider::allWindows() {
 
 bool X11WindowProvider::setFrame(std::int64_t id, const Rect& frame) {
   const auto window = ids_.windowOf(id);
-  if (!window) return false;
+  if (!window || !frame.isWithin(farthest)) return false;
   const auto snapshot = freshSnapshot(*window);
   if (!snapshot) return false;
   requestRelease(x_, *snapshot);

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <limits>
 
 #include "tests/contract/World.h"
 
@@ -109,6 +110,20 @@ TEST_P(WindowProviderContract, AWindowThatClosesWithoutWarningHarmsNothing) {
 TEST_P(WindowProviderContract, AnIdThatWasNeverIssuedIsNotMoved) {
   EXPECT_FALSE(provider->setFrame(-1, place(0, 0, 0.5, 0.5)));
   EXPECT_FALSE(provider->setFrame(987654321012345, place(0, 0, 0.5, 0.5)));
+}
+
+TEST_P(WindowProviderContract, AFrameThatNoDesktopHoldsIsRefusedAndTheWindowStays) {
+  const auto window = openFocused({.title = "text"});
+  const auto id = focused().id;
+  const Rect before = *world->standing(window);
+  constexpr double nowhere = std::numeric_limits<double>::quiet_NaN();
+  constexpr double endless = std::numeric_limits<double>::infinity();
+  for (const Rect& frame : {Rect{nowhere, 0, 400, 300}, Rect{0, endless, 400, 300}, Rect{0, 0, nowhere, 300},
+                            Rect{0, 0, 400, endless}, Rect{-40000, 0, 400, 300}, Rect{0, 0, 400, 1e300}}) {
+    EXPECT_FALSE(provider->setFrame(id, frame));
+  }
+  EXPECT_EQ(focused().frame, before);
+  EXPECT_EQ(*world->standing(window), before);
 }
 
 TEST_P(WindowProviderContract, ListingTheWindowsForgetsTheIdsOfThoseThatAreGone) {

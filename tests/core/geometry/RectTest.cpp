@@ -1,5 +1,6 @@
 #include "core/geometry/Rect.h"
 
+#include <limits>
 #include <unordered_set>
 
 #include "tests/core/Arbitrary.h"
@@ -123,6 +124,14 @@ TEST(RectProperties, RoundingTwiceChangesNothingMore) {
     const Rect rounded = arbitrary::anyRect().rounded();
     RC_ASSERT(rounded.rounded() == rounded);
   }));
+}
+
+TEST(Rect, LiesWithinALimitWhenAllItsEdgesDo) {
+  EXPECT_TRUE((Rect{-100, 50, 200, 50}.isWithin(100)));
+  EXPECT_FALSE((Rect{-101, 0, 10, 10}.isWithin(100)));
+  EXPECT_FALSE((Rect{0, 95, 10, 10}.isWithin(100)));
+  EXPECT_FALSE((Rect{0, 0, std::numeric_limits<double>::quiet_NaN(), 1}.isWithin(100)));
+  EXPECT_FALSE((Rect{0, 0, 1, std::numeric_limits<double>::infinity()}.isWithin(100)));
 }
 
 }  // namespace

@@ -77,6 +77,15 @@ TEST(ApplyLayout, GoesOnWhenOneWindowCannotBeMoved) {
   EXPECT_EQ(desk.frame(notes), (Rect{500, 0, 500, 800}));
 }
 
+TEST(ApplyLayout, MovesNoWindowIntoAGridWithoutCells) {
+  Applying desk;
+  const auto mail = desk.openOf("mail");
+  GridRegion region;
+  region.columns = 0;
+  desk.controller.apply(layoutOf({slotFor("mail", region)}));
+  EXPECT_EQ(desk.frame(mail), (Rect{100, 100, 300, 300}));
+}
+
 TEST(ApplyLayout, TellsNobodyOfItsMoves) {
   Applying desk;
   desk.openOf("mail");
