@@ -19,13 +19,14 @@ namespace {
 constexpr NormalizedRect fallbackTarget{0.175, 0.1, 0.65, 0.8};
 
 bool isSeparatorWordAt(std::string_view text, std::size_t at, std::string_view word) {
-  return text.substr(at).starts_with(word) && WordBoundary::isAt(text, at) &&
+  return text[at] == word.front() && text.substr(at).starts_with(word) && WordBoundary::isAt(text, at) &&
          WordBoundary::isAt(text, at + word.size());
 }
 
 /// How many bytes a separator takes that begins here; 0 if none does.
 std::size_t separatorSize(std::string_view text, std::size_t at) {
-  if (PhraseTable::separatorCharacters.find(text[at]) != std::string_view::npos) return 1;
+  const auto& characters = PhraseTable::separatorCharacters;
+  if (std::find(characters.begin(), characters.end(), text[at]) != characters.end()) return 1;
   for (const std::string_view word : PhraseTable::separatorWords) {
     if (isSeparatorWordAt(text, at, word)) return word.size();
   }

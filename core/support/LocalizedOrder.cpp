@@ -28,17 +28,17 @@ bool isPosix(const icu::Locale& locale) {
 std::unique_ptr<icu::Collator> collator(const icu::Locale& locale) {
   UErrorCode error = U_ZERO_ERROR;
   std::unique_ptr<icu::Collator> made(icu::Collator::createInstance(locale, error));
-  if (U_FAILURE(error) || made == nullptr) return nullptr;
+  if (U_FAILURE(error) != 0 || made == nullptr) return nullptr;
   made->setStrength(icu::Collator::SECONDARY);
   made->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, error);
-  return U_FAILURE(error) ? nullptr : std::move(made);
+  return U_FAILURE(error) != 0 ? nullptr : std::move(made);
 }
 
 }  // namespace
 
 struct LocalizedOrder::Rules {
   explicit Rules(const icu::Locale& locale) {
-    if (!locale.isBogus() && !isPosix(locale)) collator = tilwin::collator(locale);
+    if (locale.isBogus() == 0 && !isPosix(locale)) collator = tilwin::collator(locale);
     if (!collator) collator = tilwin::collator(icu::Locale::getRoot());
   }
 
@@ -57,7 +57,7 @@ bool LocalizedOrder::precedes(std::string_view first, std::string_view second) c
   if (rules_->collator) {
     UErrorCode error = U_ZERO_ERROR;
     const UCollationResult result = rules_->collator->compareUTF8(piece(first), piece(second), error);
-    if (U_SUCCESS(error)) return result == UCOL_LESS;
+    if (U_SUCCESS(error) != 0) return result == UCOL_LESS;
   }
   return UnicodeText::caseKey(first) < UnicodeText::caseKey(second);
 }

@@ -17,6 +17,8 @@ public:
   /// and "POSIX", whose order is that of code points, give the order that is in no language.
   explicit LocalizedOrder(const std::string& locale);
   ~LocalizedOrder();
+  LocalizedOrder(const LocalizedOrder&) = delete;
+  LocalizedOrder& operator=(const LocalizedOrder&) = delete;
   LocalizedOrder(LocalizedOrder&&) noexcept;
   LocalizedOrder& operator=(LocalizedOrder&&) noexcept;
 

@@ -44,9 +44,9 @@ using Form = const icu::Normalizer2*(UErrorCode&);
 icu::UnicodeString normalized(const icu::UnicodeString& text, Form form) {
   UErrorCode error = U_ZERO_ERROR;
   const icu::Normalizer2* const normalizer = form(error);
-  if (U_FAILURE(error)) return text;
+  if (U_FAILURE(error) != 0) return text;
   icu::UnicodeString result = normalizer->normalize(text, error);
-  return U_FAILURE(error) ? text : result;
+  return U_FAILURE(error) != 0 ? text : result;
 }
 
 icu::UnicodeString decomposedForm(const icu::UnicodeString& text) {
@@ -128,7 +128,9 @@ std::string UnicodeText::singleSpaced(std::string_view text) {
   result.reserve(text.size());
   bool isInRun = false;
   for (std::size_t at = 0; at < text.size();) {
-    const Utf8Character next = Utf8::next(text, at);
+    const char byte = text[at];
+    const bool isAscii = static_cast<unsigned char>(byte) < 0x80;
+    const Utf8Character next = isAscii ? Utf8Character{static_cast<char32_t>(byte), 1} : Utf8::next(text, at);
     const bool isSpace = isWhiteSpace(next.codePoint);
     if (!isSpace) {
       result.append(text, at, next.size);

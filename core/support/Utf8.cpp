@@ -30,11 +30,12 @@ Utf8Character Utf8::next(std::string_view text, std::size_t at) {
   if (at >= text.size()) return {};
   const std::string_view window = text.substr(at, longest);
   const auto length = static_cast<std::int32_t>(window.size());
+  const char* const bytes = window.data();
   std::int32_t index = 0;
   UChar32 character = 0;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"  // ICU's macro puts an int into a byte
-  U8_NEXT_OR_FFFD(window.data(), index, length, character);
+  U8_NEXT_OR_FFFD(bytes, index, length, character);
 #pragma GCC diagnostic pop
   return {static_cast<char32_t>(character), static_cast<std::size_t>(index)};
 }
@@ -44,9 +45,10 @@ Utf8Character Utf8::previous(std::string_view text, std::size_t at) {
   if (end == 0) return {};
   const std::size_t start = end > longest ? end - longest : 0;
   const std::string_view window = text.substr(start, end - start);
+  const char* const bytes = window.data();
   auto index = static_cast<std::int32_t>(window.size());
   UChar32 character = 0;
-  U8_PREV_OR_FFFD(window.data(), 0, index, character);
+  U8_PREV_OR_FFFD(bytes, 0, index, character);
   return {static_cast<char32_t>(character), window.size() - static_cast<std::size_t>(index)};
 }
 

@@ -62,7 +62,7 @@ private:
     return query;
   }
 
-  RegularExpression separators_{"\\band\\b|\\bthen\\b|;|\\|"};
+  RegularExpression separators_{R"(\band\b|\bthen\b|;|\|)"};
   RegularExpression spaces_{"\\s+"};
   std::vector<std::unique_ptr<RegularExpression>> phrases_;
 };
@@ -126,12 +126,15 @@ TEST(PhraseParserProperties, EveryClauseEndsInASlotOrUnresolved) {
   const Texts names{"Mail", "Mailplane", "notes", "a b", "é", "Left", "日本", ""};
   EXPECT_TRUE(rc::check([&] {
     std::vector<PhraseParser::AppCandidate> apps;
-    for (const std::string& name : *rc::gen::container<Texts>(rc::gen::elementOf(names)))
+    for (const std::string& name : *rc::gen::container<Texts>(rc::gen::elementOf(names))) {
       apps.push_back({name, name});
+    }
     const auto result = PhraseParser::parse(arbitrary::textOf(piecesOfSentences()));
     const auto [slots, unresolved] = PhraseParser::slots(result, apps);
     RC_ASSERT(slots.size() + unresolved.size() == result.clauses.size());
-    for (const std::string& query : unresolved) RC_ASSERT(!PhraseParser::resolve(query, apps).has_value());
+    for (const std::string& query : unresolved) {
+      RC_ASSERT(!PhraseParser::resolve(query, apps).has_value());
+    }
   }));
 }
 

@@ -150,7 +150,9 @@ TEST(PhraseParser, NamesOfAnyScriptAreLowerCased) {
 TEST(PhraseParser, IllFormedBytesBecomeReplacementCharacters) {
   expectClauses("ma\xFFil left", {{"ma\uFFFDil", leftHalf}});
   for (const std::string& text : illFormedTexts()) {
-    const auto result = parse("mail " + text + " left, " + text);
+    std::string sentence = "mail ";
+    sentence.append(text).append(" left, ").append(text);
+    const auto result = parse(sentence);
     ASSERT_EQ(result.clauses.size(), 1) << testing::PrintToString(text);
     EXPECT_EQ(result.clauses[0].action, leftHalf);
     EXPECT_EQ(result.unreadable.size(), 1);

@@ -1,5 +1,7 @@
 #include "core/support/LocalizedOrder.h"
 
+#include <unicode/locid.h>
+
 #include <algorithm>
 
 #include "tests/core/support/Texts.h"
@@ -22,8 +24,35 @@ TEST(LocalizedOrder, IgnoresCaseInEveryLocale) {
   }
 }
 
-TEST(LocalizedOrder, ThatOfTheEnvironmentIgnoresCaseToo) {
-  EXPECT_EQ(sorted(LocalizedOrder(), {"gamma", "Beta", "alpha"}), (Names{"alpha", "Beta", "gamma"}));
+/// What ICU makes of an environment that names this locale, for as long as this lives.
+class Environment {
+public:
+  explicit Environment(const char* locale) { become(icu::Locale(locale)); }
+  ~Environment() { become(before_); }
+  Environment(const Environment&) = delete;
+  Environment& operator=(const Environment&) = delete;
+
+private:
+  static void become(const icu::Locale& locale) {
+    UErrorCode error = U_ZERO_ERROR;
+    icu::Locale::setDefault(locale, error);
+    EXPECT_TRUE(U_SUCCESS(error));
+  }
+
+  icu::Locale before_ = icu::Locale::getDefault();
+};
+
+TEST(LocalizedOrder, ThatOfTheEnvironmentIgnoresCaseWhateverItNames) {
+  for (const char* locale : {"en_US_POSIX", "en_US", "tr_TR", "ja_JP"}) {
+    const Environment environment(locale);
+    EXPECT_EQ(sorted(LocalizedOrder(), {"gamma", "Beta", "alpha"}), (Names{"alpha", "Beta", "gamma"}))
+        << locale;
+  }
+}
+
+TEST(LocalizedOrder, WithoutALocaleIsThatOfTheEnvironment) {
+  const Environment swedish("sv_SE");
+  EXPECT_EQ(sorted(LocalizedOrder(), {"Äpple", "Zoo", "Ast"}), (Names{"Ast", "Zoo", "Äpple"}));
 }
 
 TEST(LocalizedOrder, CaseAloneDecidesNothing) {

@@ -13,7 +13,7 @@ icu::UnicodeString utf16(std::string_view text) {
 }
 
 void expectSuccess(UErrorCode error) {
-  if (U_FAILURE(error)) fatal(u_errorName(error));
+  if (U_FAILURE(error) != 0) fatal(u_errorName(error));
 }
 
 }  // namespace
