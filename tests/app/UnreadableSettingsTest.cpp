@@ -14,8 +14,8 @@ using Blobs = SimulatedUserDefaults::Blobs;
 /// Stored settings that somebody or something has damaged.
 struct UnreadableSettings : testing::Test {
   void store(std::string_view blob) { disk.store(SettingsStore::key, blob); }
-  Blobs after(const std::string& settings) const { return {{std::string(SettingsStore::key), settings}}; }
-  Blobs after(const std::string& settings, const std::string& kept) const {
+  static Blobs after(const std::string& settings) { return {{std::string(SettingsStore::key), settings}}; }
+  static Blobs after(const std::string& settings, const std::string& kept) {
     Blobs blobs = after(settings);
     blobs.emplace(SettingsStore::unreadableKey, kept);
     return blobs;

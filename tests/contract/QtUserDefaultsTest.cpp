@@ -74,10 +74,14 @@ std::unique_ptr<UserDefaultsWorld> makeWorld() { return std::make_unique<QtUserD
 class Ordinary {
 public:
   Ordinary() {
-    if (wasRoot_) (void)!seteuid(nobody);
+    if (wasRoot_) {
+      EXPECT_EQ(seteuid(nobody), 0);
+    }
   }
   ~Ordinary() {
-    if (wasRoot_) (void)!seteuid(0);
+    if (wasRoot_) {
+      EXPECT_EQ(seteuid(0), 0);
+    }
   }
   Ordinary(const Ordinary&) = delete;
   Ordinary& operator=(const Ordinary&) = delete;

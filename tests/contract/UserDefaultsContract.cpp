@@ -49,7 +49,7 @@ TEST_P(UserDefaultsContract, AnyBytesSurvive) {
   for (const std::string& blob :
        {std::string(), everyByte(), everyByte() + everyByte(), std::string("\0", 1),
         std::string("\xef\xbb\xbf{}"), std::string("@ByteArray(x)"), std::string("@Invalid()"),
-        std::string("@@"), std::string(" a "), std::string("a,b"), std::string("\"a\",\"b\""),
+        std::string("@@"), std::string(" a "), std::string("a,b"), std::string(R"("a","b")"),
         std::string("\"quoted\""), std::string("50%"), std::string("\\x41;#=[]\r\n\t"),
         std::string("\x01") + "f", std::string("ü⌃😀"), std::string(300000, '"')}) {
     world->defaults().setData(key, blob);

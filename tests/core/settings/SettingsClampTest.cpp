@@ -90,7 +90,9 @@ TEST(SettingsClampProperties, WhateverIsGivenEndsInRangeAndClampingAgainChangesN
   EXPECT_TRUE(rc::check([] {
     TilwinSettings settings = arbitrary::settings();
     settings.clamp();
-    for (const double distance : {settings.gap, settings.outer}) RC_ASSERT(distance >= 0 && distance <= 64);
+    for (const double distance : {settings.gap, settings.outer}) {
+      RC_ASSERT(distance >= 0 && distance <= 64);
+    }
     RC_ASSERT(settings.customAreas.size() <= 12);
     for (const CustomArea& area : settings.customAreas) {
       const NormalizedRect& rect = area.rect;

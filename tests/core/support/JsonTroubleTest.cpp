@@ -123,7 +123,7 @@ TEST(JsonCollections, LossyElementsDropOutAlone) {
   const auto elements = read<std::vector<Lossy<double>>>(R"([1,"2",null,{"x":3},4])");
   ASSERT_EQ(elements.size(), 5);
   EXPECT_EQ(elements[0].value, 1);
-  for (const std::size_t broken : {1, 2, 3}) EXPECT_EQ(elements[broken].value, std::nullopt);
+  for (const std::size_t broken : {1U, 2U, 3U}) EXPECT_EQ(elements[broken].value, std::nullopt);
   EXPECT_EQ(elements[4].value, 4);
 }
 
