@@ -18,8 +18,9 @@ class SettingsStore {
 public:
   static constexpr std::string_view key = "tilwin.settings.v1";
   static constexpr std::string_view unreadableKey = "tilwin.settings.v1.unreadable";
-  /// Larger blobs are not even looked at, and never written.
-  static constexpr std::size_t largestBlob = std::size_t{1} << 20;
+  /// Larger blobs are not even looked at, and never written. Many times what anybody's settings take, and
+  /// read in well under a second whatever is in it.
+  static constexpr std::size_t largestBlob = std::size_t{1} << 18;
 
   /// The port must outlive the store.
   explicit SettingsStore(UserDefaults& defaults);

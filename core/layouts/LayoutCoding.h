@@ -23,20 +23,22 @@ struct JsonCoding<SlotTarget> {
   static JsonValue encode(const SlotTarget& target);
 };
 
+// In the order of the layouts file, whose keys are sorted.
+
 template <>
 struct JsonFields<LayoutSlot> {
   static constexpr auto table = std::make_tuple(
-      JsonField{"bundleID", &LayoutSlot::bundleID}, JsonField{"appName", &LayoutSlot::appName},
-      JsonField{"titleContains", &LayoutSlot::titleContains},
-      JsonField{"displayIndex", &LayoutSlot::displayIndex}, JsonField{"target", &LayoutSlot::target});
+      JsonField{"appName", &LayoutSlot::appName}, JsonField{"bundleID", &LayoutSlot::bundleID},
+      JsonField{"displayIndex", &LayoutSlot::displayIndex}, JsonField{"target", &LayoutSlot::target},
+      JsonField{"titleContains", &LayoutSlot::titleContains});
 };
 
 template <>
 struct JsonFields<Layout> {
-  static constexpr auto table = std::make_tuple(
-      JsonField{"id", &Layout::id}, JsonField{"name", &Layout::name}, JsonField{"slots", &Layout::slots},
-      JsonField{"signature", &Layout::signature}, JsonField{"isAutomatic", &Layout::isAutomatic},
-      JsonField{"updatedAt", &Layout::updatedAt});
+  static constexpr auto table =
+      std::make_tuple(JsonField{"id", &Layout::id}, JsonField{"isAutomatic", &Layout::isAutomatic},
+                      JsonField{"name", &Layout::name}, JsonField{"signature", &Layout::signature},
+                      JsonField{"slots", &Layout::slots}, JsonField{"updatedAt", &Layout::updatedAt});
 };
 
 }  // namespace tilwin

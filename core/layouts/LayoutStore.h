@@ -12,8 +12,9 @@ namespace tilwin {
 /// Every saved layout: the user's own, and those the program keeps for the display sets seen last.
 struct LayoutStore {
   static constexpr std::size_t maximumAutomatic = 6;
-  /// No file larger than this is read or written, in bytes; some 5,000 layouts of a dozen windows.
-  static constexpr std::size_t maximumFileSize = std::size_t{16} << 20;
+  /// No file larger than this is read or written, in bytes; some 2,000 layouts of a dozen windows, and read
+  /// in about a second at worst, whatever is in it.
+  static constexpr std::size_t maximumFileSize = std::size_t{8} << 20;
 
   std::vector<Layout> layouts;  ///< both sorts, in the order added
 

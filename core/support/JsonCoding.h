@@ -109,8 +109,9 @@ template <typename Element>
 struct JsonCoding<std::vector<Element>> {
   static std::vector<Element> decode(const JsonReader& reader) {
     std::vector<Element> values;
-    for (const JsonReader& element : reader.elements())
-      values.push_back(JsonCoding<Element>::decode(element));
+    // One reader at a time: most of a broken array is never looked at.
+    for (std::size_t index = 0, count = reader.size(); index < count; ++index)
+      values.push_back(JsonCoding<Element>::decode(reader.element(index)));
     return values;
   }
   static JsonValue encode(const std::vector<Element>& values) {

@@ -77,6 +77,27 @@ std::string withoutOverflows(std::string_view json) {
   return result;
 }
 
+/// The JSON text with one space for each run of blanks outside strings. The library looks at a blank as long
+/// as at anything else, and more than half of a text made for people is blanks.
+std::string withSingleBlanks(std::string_view json) {
+  std::string result(json.size(), '\0');
+  std::size_t size = 0;
+  bool inText = false;
+  bool afterBlank = false;
+  for (std::size_t at = 0; at < json.size(); ++at) {
+    const char character = json[at];
+    const bool isBlank =
+        !inText && (character == ' ' || character == '\n' || character == '\t' || character == '\r');
+    if (isBlank && std::exchange(afterBlank, true)) continue;
+    afterBlank = isBlank;
+    result[size++] = isBlank ? ' ' : character;
+    if (character == '"') inText = !inText;
+    if (inText && character == '\\' && at + 1 < json.size()) result[size++] = json[++at];
+  }
+  result.resize(size);
+  return result;
+}
+
 /// One number too large must not cost the whole text: it becomes null, so that only its own field is without
 /// a value.
 Node parsed(std::string_view json) {
@@ -90,19 +111,45 @@ Node parsed(std::string_view json) {
 
 }  // namespace
 
-JsonReader::JsonReader(std::shared_ptr<const void> node, std::string path)
-    : node_(std::move(node)), path_(std::move(path)) {}
+struct JsonReader::Step {
+  std::shared_ptr<const Step> outer;
+  std::string_view key;
+  std::size_t index;
+};
+
+JsonReader::JsonReader(std::shared_ptr<const void> node, std::shared_ptr<const Step> outer,
+                       std::string_view key, std::size_t index)
+    : node_(std::move(node)), outer_(std::move(outer)), key_(key), index_(index) {}
+
+/// Paths are put together only for errors: most values are read without one.
+std::string JsonReader::path() const {
+  std::vector<std::string> steps;
+  for (const Step* each = step().get(); each->outer != nullptr; each = each->outer.get())
+    steps.push_back(each->key.data() == nullptr ? std::to_string(each->index) : std::string(each->key));
+  std::string result;
+  for (auto each = steps.rbegin(); each != steps.rend(); ++each) result = extended(result, *each);
+  return result;
+}
+
+std::shared_ptr<const JsonReader::Step> JsonReader::step() const {
+  if (!own_) own_ = std::make_shared<const Step>(Step{outer_, key_, index_});
+  return own_;
+}
+
+JsonReader JsonReader::inner(const void* node, std::string_view key, std::size_t index) const {
+  return {std::shared_ptr<const void>(node_, node), step(), key, index};
+}
 
 JsonReader JsonReader::parse(std::string_view text) {
   try {
-    return {std::make_shared<const Node>(parsed(text)), ""};
+    return {std::make_shared<const Node>(parsed(withSingleBlanks(text))), nullptr, {}, 0};
   } catch (const Node::exception& error) {
     throw JsonError(JsonError::Kind::notJson, "", error.what());
   }
 }
 
 void JsonReader::fail(JsonError::Kind kind, const std::string& message) const {
-  throw JsonError(kind, path_, message);
+  throw JsonError(kind, path(), message);
 }
 
 bool JsonReader::isNull() const { return nodeAt(node_).is_null(); }
@@ -134,27 +181,31 @@ std::string JsonReader::text() const {
   return nodeAt(node_).get<std::string>();
 }
 
-std::vector<JsonReader> JsonReader::elements() const {
+std::size_t JsonReader::size() const {
   if (!nodeAt(node_).is_array()) fail(JsonError::Kind::wrongType, "an array expected");
+  return nodeAt(node_).size();
+}
+
+JsonReader JsonReader::element(std::size_t index) const { return inner(&nodeAt(node_)[index], {}, index); }
+
+std::vector<JsonReader> JsonReader::elements() const {
   std::vector<JsonReader> result;
-  for (const Node& element : nodeAt(node_)) {
-    result.push_back(JsonReader({node_, &element}, extended(path_, std::to_string(result.size()))));
-  }
+  for (std::size_t index = 0; index < size(); ++index) result.push_back(element(index));
   return result;
 }
 
 std::optional<JsonReader> JsonReader::find(std::string_view key) const {
   const Node& node = nodeAt(node_);
   if (!node.is_object()) fail(JsonError::Kind::wrongType, "an object expected");
-  const auto found = node.find(std::string(key));
+  const auto found = node.find(key);
   if (found == node.end() || found->is_null()) return std::nullopt;
-  return JsonReader({node_, &*found}, extended(path_, key));
+  return inner(&*found, found.key(), 0);
 }
 
 JsonReader JsonReader::member(std::string_view key) const {
   auto found = find(key);
   if (!found) {
-    throw JsonError(JsonError::Kind::missingKey, extended(path_, key), "a value expected, nothing there");
+    throw JsonError(JsonError::Kind::missingKey, extended(path(), key), "a value expected, nothing there");
   }
   return *std::move(found);
 }

@@ -28,6 +28,9 @@ public:
   [[nodiscard]] std::int64_t wholeNumber(std::int64_t least, std::int64_t most) const;
   [[nodiscard]] std::string text() const;
   [[nodiscard]] std::vector<JsonReader> elements() const;
+  /// How many elements an array has, and one of them.
+  [[nodiscard]] std::size_t size() const;
+  [[nodiscard]] JsonReader element(std::size_t index) const;
 
   /// The value under a key that must be there.
   [[nodiscard]] JsonReader member(std::string_view key) const;
@@ -39,10 +42,20 @@ public:
   [[noreturn]] void fail(JsonError::Kind kind, const std::string& message) const;
 
 private:
-  JsonReader(std::shared_ptr<const void> node, std::string path);
+  /// A key or an index, and the way to the value that has it; none around the whole text.
+  struct Step;
+  JsonReader(std::shared_ptr<const void> node, std::shared_ptr<const Step> outer, std::string_view key,
+             std::size_t index);
 
-  std::shared_ptr<const void> node_;  ///< shares the document, points at the value
-  std::string path_;
+  [[nodiscard]] std::shared_ptr<const Step> step() const;
+  [[nodiscard]] JsonReader inner(const void* node, std::string_view key, std::size_t index) const;
+  [[nodiscard]] std::string path() const;
+
+  std::shared_ptr<const void> node_;         ///< shares the document, points at the value
+  std::shared_ptr<const Step> outer_;        ///< null at the top
+  std::string_view key_;                     ///< lives in the document
+  std::size_t index_;                        ///< counts where there is no key
+  mutable std::shared_ptr<const Step> own_;  ///< made when the first inner value needs it
 };
 
 }  // namespace tilwin

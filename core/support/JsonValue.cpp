@@ -58,7 +58,12 @@ JsonValue::JsonValue(JsonValue&&) noexcept = default;
 JsonValue& JsonValue::operator=(JsonValue&&) noexcept = default;
 JsonValue::~JsonValue() = default;
 
-JsonValue JsonValue::object() { return JsonValue(Node{nlohmann::ordered_json::object()}); }
+JsonValue JsonValue::object() {
+  constexpr std::size_t usualMembers = 6;
+  auto json = nlohmann::ordered_json::object();
+  json.get_ref<Members&>().reserve(usualMembers);
+  return JsonValue(Node{std::move(json)});
+}
 
 JsonValue JsonValue::array() { return JsonValue(Node{nlohmann::ordered_json::array()}); }
 

@@ -77,8 +77,8 @@ TEST_F(UnreadableSettings, ReadableOnesWithBrokenFieldsAreNotAmongThem) {
   EXPECT_EQ(disk.blobs(), after(gapOf4));
 }
 
-TEST_F(UnreadableSettings, AreThoseLargerThanAMebibyte) {
-  const std::string largest = R"({"gap":4})" + std::string(1048576 - 9, ' ');
+TEST_F(UnreadableSettings, AreThoseLargerThanSettingsEverAre) {
+  const std::string largest = R"({"gap":4})" + std::string(SettingsStore::largestBlob - 9, ' ');
   store(largest);
   EXPECT_EQ(SettingsStore(disk).settings.get().gap, 4);
   store(largest + " ");

@@ -13,10 +13,11 @@ const std::string region =
 const std::string normalized = R"({"normalized":{"_0":{"x":0.25,"y":0,"width":0.5,"height":1}}})";
 
 const std::string wholeLayout =
-    R"({"id":"0B5E9F6A-33B5-4C5E-9A34-6F5D0E0A1B2C","name":"Desk","slots":[{"bundleID":"org.example.mail",)"
-    R"("appName":"Mail","titleContains":"Inbox","displayIndex":1,"target":)" +
-    region + R"(},{"displayIndex":0,"target":)" + normalized +
-    R"(}],"signature":{"key":"800x600@0,0"},"isAutomatic":true,"updatedAt":"2026-03-01T09:00:05Z"})";
+    R"({"id":"0B5E9F6A-33B5-4C5E-9A34-6F5D0E0A1B2C","isAutomatic":true,"name":"Desk",)"
+    R"("signature":{"key":"800x600@0,0"},"slots":[{"appName":"Mail","bundleID":"org.example.mail",)"
+    R"("displayIndex":1,"target":)" +
+    region + R"(,"titleContains":"Inbox"},{"displayIndex":0,"target":)" + normalized +
+    R"(}],"updatedAt":"2026-03-01T09:00:05Z"})";
 
 template <typename T>
 std::string errorOf(const std::string& text) {

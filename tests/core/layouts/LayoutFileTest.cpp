@@ -3,8 +3,8 @@
 
 #include <csignal>
 
+#include "core/layouts/LayoutStoreCoding.h"
 #include "core/layouts/LayoutsFile.h"
-#include "core/support/JsonError.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/layouts/Layouts.h"
 #include "tests/core/support/FileText.h"
@@ -88,20 +88,24 @@ TEST_F(LayoutFile, LoadsAsAnEmptyStoreWhenMissingEmptyOrWithoutLayouts) {
   }
 }
 
-TEST_F(LayoutFile, LoadsAsAnEmptyStoreWhenCutOffAnywhere) {
-  for (std::size_t length = 0; length < prettyFile.size(); ++length) {
-    given(prettyFile.substr(0, length));
-    ASSERT_EQ(loaded(), LayoutStore{}) << "after " << length << " bytes";
-  }
+/// How many layouts a file with this text would give; nothing when it could not be read.
+std::optional<std::size_t> layoutsIn(const std::string& text) {
+  const auto decoded = decodeJson<LayoutStore>(text);
+  const auto* store = std::get_if<LayoutStore>(&decoded);
+  return store == nullptr ? std::nullopt : std::optional(store->layouts.size());
 }
 
-TEST_F(LayoutFile, SurvivesAStrayByteAnywhere) {
+TEST_F(LayoutFile, CannotBeReadWhenCutOffAnywhere) {
+  for (std::size_t length = 0; length < prettyFile.size(); ++length)
+    ASSERT_EQ(layoutsIn(prettyFile.substr(0, length)), std::nullopt) << "after " << length << " bytes";
+}
+
+TEST_F(LayoutFile, HoldsItsOneLayoutOrCannotBeReadWithAStrayByteAnywhere) {
   for (std::size_t place = 0; place < prettyFile.size(); ++place) {
     for (const char stray : {'\xFF', '\0', '{', '"', '9'}) {
       std::string content = prettyFile;
       content[place] = stray;
-      given(content);
-      ASSERT_LE(loaded().layouts.size(), 1U);
+      ASSERT_EQ(layoutsIn(content).value_or(1), 1U) << stray << " at " << place;
     }
   }
 }
