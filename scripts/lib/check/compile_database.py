@@ -7,7 +7,8 @@ from dataclasses import dataclass
 from pathlib import Path
 
 _WITH_VALUE = {"-o", "-MF", "-MT", "-MQ"}
-_DROPPED = {"-c", "-MD", "-MMD", "-Werror"}
+_DROPPED = {"-c", "-MD", "-MMD", "-Werror", "-Winvalid-pch"}
+_PRECOMPILED = "/cmake_pch.hxx"  # made for one compiler, and hides what a source forgot to include
 
 
 @dataclass(frozen=True)
@@ -22,6 +23,10 @@ def _flags(arguments, source):
     for argument in arguments:
         if argument in _WITH_VALUE:
             next(arguments, None)
+        elif argument == "-include":
+            header = next(arguments)
+            if not header.endswith(_PRECOMPILED):
+                kept += [argument, header]
         elif argument not in _DROPPED and argument != source:
             kept.append(argument)
     return tuple(kept)
