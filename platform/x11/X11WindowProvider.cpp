@@ -21,6 +21,18 @@ bool isOwn(const WindowSnapshot& snapshot) {
   return snapshot.process == static_cast<std::uint32_t>(getpid());
 }
 
+/// The managed windows, top first. xfwm4 lists a screen's first window as managed at once, and in the
+/// stacking order only with the next change of the order: what is missing there is new, and on top.
+std::vector<xcb_window_t> windowsFromTheTop(const X11Connection& x) {
+  PropertyRequest managed(x.get(), x.root(), x.atom(Atom::netClientList));
+  PropertyRequest stacked(x.get(), x.root(), x.atom(Atom::netClientListStacking));
+  auto bottomFirst = stacked.numbers();
+  for (const auto window : managed.numbers()) {
+    if (std::ranges::find(bottomFirst, window) == bottomFirst.end()) bottomFirst.push_back(window);
+  }
+  return {bottomFirst.rbegin(), bottomFirst.rend()};
+}
+
 }  // namespace
 
 X11WindowProvider::X11WindowProvider(X11Connection& x, MainQueue& queue)
@@ -58,9 +70,7 @@ std::optional<WindowInfo> X11WindowProvider::focusedWindow() {
 }
 
 std::vector<WindowInfo> X11WindowProvider::allWindows() {
-  auto stacking = readClientList(x_, Atom::netClientListStacking);
-  std::ranges::reverse(stacking);
-  const auto snapshots = readWindows(x_, stacking);
+  const auto snapshots = readWindows(x_, windowsFromTheTop(x_));
   // The manager may still list a window that has just gone.
   std::vector<xcb_window_t> open;
   std::ranges::transform(snapshots, std::back_inserter(open), &WindowSnapshot::window);

@@ -14,14 +14,6 @@ namespace {
   std::exit(2);
 }
 
-tilwin::desktop::Manager managerNamed(std::string_view name) {
-  using namespace tilwin::desktop;
-  for (const auto manager : allManagers) {
-    if (traits(manager).name == name) return manager;
-  }
-  usage();
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -33,7 +25,9 @@ int main(int argc, char** argv) {
     if (option == "--tilwin") {
       arguments.tilwin = std::filesystem::absolute(argv[index + 1]);
     } else if (option == "--window-manager") {
-      arguments.manager = managerNamed(argv[index + 1]);
+      const auto manager = tilwin::desktop::managerNamed(argv[index + 1]);
+      if (!manager) usage();
+      arguments.manager = *manager;
     } else {
       usage();
     }

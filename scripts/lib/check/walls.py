@@ -59,6 +59,8 @@ MAY_INCLUDE = {
     "tests/macos": ([CORE, PORTS, "platform/macos", "app", "tests"], [*TEST_TOOLS, "apple"]),
     "tests/contract": (["core", "platform", "tests"], [*TEST_TOOLS, "xcb", "qt"]),
     "tests/desktop": (["core/geometry", "tests"], [*TEST_TOOLS, "linux", "xcb", "qt"]),
+    # Layouts on real desktops, placed from within the test.
+    "tests/desktop/layouts": ([CORE, PORTS, "platform/x11", "platform/qt", "tests"], [*TEST_TOOLS, "qt"]),
     "fuzz": ([CORE], ["std"]),
     "bench": ([CORE, PORTS, "platform/simulated", "app"], ["std", "posix", "benchmark"]),
     "bench/desktop": (["core/geometry", "tests/desktop"], ["std", "posix", "benchmark", "xcb"]),

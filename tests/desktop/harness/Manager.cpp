@@ -23,4 +23,11 @@ const ManagerTraits& traits(Manager manager) {
   throw HarnessError("no such manager");
 }
 
+std::optional<Manager> managerNamed(std::string_view name) {
+  for (const auto& row : table) {
+    if (row.name == name) return row.manager;
+  }
+  return std::nullopt;
+}
+
 }  // namespace tilwin::desktop

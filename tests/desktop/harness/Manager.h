@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "tests/desktop/harness/PrivateHome.h"
 
@@ -40,5 +41,7 @@ struct ManagerTraits {
 };
 
 const ManagerTraits& traits(Manager manager);
+/// The manager with that name in the table; nothing when there is none.
+std::optional<Manager> managerNamed(std::string_view name);
 
 }  // namespace tilwin::desktop
