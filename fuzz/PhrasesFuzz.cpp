@@ -8,17 +8,13 @@
 #include <vector>
 
 #include "core/layouts/PhraseParser.h"
-#include "core/support/Fatal.h"
 #include "core/support/UnicodeText.h"
 #include "core/support/Utf8.h"
 #include "core/support/WordBoundary.h"
+#include "fuzz/Require.h"
 
 namespace tilwin {
 namespace {
-
-void require(bool holds, std::string_view otherwise) {
-  if (!holds) fatal(otherwise);
-}
 
 bool isWordAt(std::string_view text, std::size_t at, std::string_view word) {
   return text.substr(at).starts_with(word) && WordBoundary::isAt(text, at) &&

@@ -5,19 +5,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <variant>
 
 #include "core/settings/SettingsCoding.h"
-#include "core/support/Fatal.h"
+#include "fuzz/Require.h"
 
 namespace {
 
+using tilwin::require;
 using tilwin::TilwinSettings;
-
-void require(bool holds, std::string_view what) {
-  if (!holds) tilwin::fatal(what);
-}
 
 bool isOnScreen(const tilwin::NormalizedRect& rect) {
   return rect.x >= 0 && rect.y >= 0 && rect.width >= 0.05 && rect.height >= 0.05 &&

@@ -47,7 +47,7 @@ def _failure(status, output):
     """What to say about a run that ended badly; nothing about one that ended well."""
     if status == 0:
         return None
-    reason = re.search(r"(?:ERROR: \w+: |runtime error: )(.*)", output)
+    reason = re.search(r"(?:^Tilwin: |ERROR: \w+: |runtime error: )(.*)", output, re.MULTILINE)
     kept = re.search(r"Test unit written to (\S+)", output)
     return f"{reason.group(1) if reason else f'ended with status {status}'}; " \
            f"the input is {kept.group(1) if kept else 'not kept'}"
