@@ -1,9 +1,9 @@
 // Planning, capturing, loading and writing layouts, each at one size and at twice that size.
 
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
 
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -35,7 +35,7 @@ std::vector<WindowInfo> windows(std::int64_t count) {
                       .appName = "Application " + std::to_string(id % applications),
                       .title = "Résumé " + std::to_string(id) + " – Application",
                       .frame = {1.0 * (id * 37 % 7000), 1.0 * (id * 17 % 900), 640, 480},
-                      .zOrder = id * 7919 % count});
+                      .zOrder = std::int64_t{id} * 7919 % count});
   }
   return result;
 }

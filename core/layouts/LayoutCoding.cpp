@@ -1,5 +1,6 @@
 #include "core/layouts/LayoutCoding.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,10 +21,10 @@ struct Kind {
 };
 
 /// In the order of the alternatives of `SlotTarget`.
-constexpr Kind kinds[] = {
+constexpr std::array kinds = std::to_array<Kind>({
     {"region", decodeTarget<GridRegion>},
     {"normalized", decodeTarget<NormalizedRect>},
-};
+});
 
 }  // namespace
 

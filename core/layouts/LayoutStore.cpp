@@ -33,7 +33,7 @@ LayoutStore LayoutStore::load(const fs::path& from) { return read(from).value_or
 void LayoutStore::write(const fs::path& to) const {
   const auto encoded = encodePrettyJson(*this);
   if (const auto* error = std::get_if<JsonError>(&encoded)) throw *error;
-  const std::string& text = std::get<std::string>(encoded);
+  const auto& text = std::get<std::string>(encoded);
   if (text.size() > maximumFileSize) {
     throw fs::filesystem_error("too many layouts", to, std::make_error_code(std::errc::file_too_large));
   }

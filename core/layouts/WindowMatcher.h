@@ -7,6 +7,7 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "core/geometry/WindowInfo.h"
@@ -33,12 +34,9 @@ private:
   /// Candidates by the folded form of one of their texts, frontmost first.
   using Group = std::vector<Candidate*>;
   using Groups = std::unordered_map<std::string, Group>;
-  /// What a slot asks for, apart from the windows left.
-  struct Query {
-    const Group* group;
-    std::string titleKey;  ///< empty when any title will do
-    auto operator<=>(const Query&) const = default;
-  };
+  /// What a slot asks for: its group, and the folded form of the title's part, which is empty when any title
+  /// will do.
+  using Query = std::pair<const Group*, std::string>;
 
   [[nodiscard]] static Groups grouped(std::vector<Candidate>& candidates, std::string WindowInfo::*text);
   [[nodiscard]] const Group* group(const LayoutSlot& slot);

@@ -41,8 +41,8 @@ public:
   /// A new area where the focused window stands; the window is neither moved nor remembered.
   [[nodiscard]] std::optional<CustomArea> captureFocusedWindow(std::string named) const;
 
-  /// Places the windows of a saved layout, as far as they are open. A window that does not move stops no other.
-  /// The slots that found no window are in the plan returned.
+  /// Places the windows of a saved layout, as far as they are open. A window that does not move stops no
+  /// other. The slots that found no window are in the plan returned.
   LayoutPlan apply(const Layout& layout);
 
   /// Keeps the window's frame for `restore`, unless one is kept already.

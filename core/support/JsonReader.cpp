@@ -126,8 +126,9 @@ std::string JsonReader::path() const {
   std::vector<std::string> steps;
   for (const Step* each = step().get(); each->outer != nullptr; each = each->outer.get())
     steps.push_back(each->key.data() == nullptr ? std::to_string(each->index) : std::string(each->key));
+  std::reverse(steps.begin(), steps.end());
   std::string result;
-  for (auto each = steps.rbegin(); each != steps.rend(); ++each) result = extended(result, *each);
+  for (const std::string& each : steps) result = extended(result, each);
   return result;
 }
 

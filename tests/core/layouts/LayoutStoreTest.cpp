@@ -26,8 +26,8 @@ Layout automaticFor(int width, int second, std::vector<LayoutSlot> slots = {}) {
 }
 
 std::vector<std::string> namesOf(const std::vector<Layout>& layouts) {
-  std::vector<std::string> names;
-  for (const Layout& layout : layouts) names.push_back(layout.name);
+  std::vector<std::string> names(layouts.size());
+  std::transform(layouts.begin(), layouts.end(), names.begin(), [](const Layout& each) { return each.name; });
   return names;
 }
 

@@ -21,7 +21,7 @@ protected:
 };
 
 struct Place {
-  const char* application;
+  const char* application = "";
   Rect arranged;
   Rect scattered;
 };

@@ -57,9 +57,6 @@ Manager LayoutDesktop::manager = Manager::openbox;
 std::unique_ptr<Session> LayoutDesktop::session_;
 std::string LayoutDesktop::whyNot_;
 
-LayoutDesktop::LayoutDesktop() = default;
-LayoutDesktop::~LayoutDesktop() = default;
-
 void LayoutDesktop::SetUpTestSuite() {
   session_ = Session::tryStart({.manager = manager, .displays = displays}, whyNot_);
 }
@@ -72,7 +69,7 @@ void LayoutDesktop::SetUp() {
     GTEST_SKIP() << whyNot_;
   }
   setenv("DISPLAY", session().server().display().c_str(), 1);
-  tilwin_ = std::make_unique<Tilwin>();
+  tilwin_ = std::make_shared<Tilwin>();
   ASSERT_EQ(provider().displays().size(), 2U);
 }
 

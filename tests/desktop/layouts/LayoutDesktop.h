@@ -26,8 +26,6 @@ protected:
   static constexpr Rect monitor{0, 0, 1920, 1080};
   static constexpr Rect laptop{1920, 180, 1440, 900};
 
-  LayoutDesktop();
-  ~LayoutDesktop() override;
   void SetUp() override;
   void TearDown() override;
 
@@ -42,18 +40,18 @@ protected:
                 const Rect& frame = {300, 250, 640, 480});
 
   /// The layout in a layouts file with this text.
-  Layout fromFile(const std::string& text);
+  static Layout fromFile(const std::string& text);
   /// The layout in a layouts file with these slots and nothing of interest besides.
   Layout withSlots(const std::string& slots);
   /// The same layout once it has been in a file.
-  Layout savedAndLoaded(const Layout& layout);
+  static Layout savedAndLoaded(const Layout& layout);
 
   /// Whether the frame comes to be that and stays, as a stranger to Tilwin sees it. Tilwin goes on working.
   testing::AssertionResult stands(WindowId window, const Rect& frame, double tolerance = 0);
   /// The same for a window whose size goes by steps: up to one step smaller.
   testing::AssertionResult standsByItsSteps(WindowId window, const Rect& frame);
   /// Lets Tilwin and the desktop work until it holds. False when it does not in time.
-  bool eventually(const Predicate& condition);
+  static bool eventually(const Predicate& condition);
   /// Lets Tilwin work for that long.
   static void work(Milliseconds time);
   /// As a person does it, who sees where the window has come to.
@@ -64,7 +62,7 @@ private:
 
   static std::unique_ptr<Session> session_;
   static std::string whyNot_;
-  std::unique_ptr<Tilwin> tilwin_;
+  std::shared_ptr<Tilwin> tilwin_;
   std::vector<std::unique_ptr<TestWindow>> windows_;
 };
 
