@@ -15,6 +15,7 @@ from cache import Cache, key_of
 from source_tree import Finding
 
 TOGETHER = 16  # sources in one translation unit
+APART = ("fuzz",)  # folders whose sources all define the same function
 FOLDERS = ("core", "app", "platform", "tests", "bench", "fuzz")
 FUNCTION_LINES = 30  # as in .clang-tidy
 
@@ -33,8 +34,9 @@ def groups(tree, database):
             entry = database.entries[path]
             alike.setdefault((path.split("/")[0], entry.flags), []).append(entry)
     for entries in alike.values():
-        for start in range(0, len(entries), TOGETHER):
-            yield entries[start:start + TOGETHER]
+        size = 1 if entries[0].path.startswith(APART) else TOGETHER
+        for start in range(0, len(entries), size):
+            yield entries[start:start + size]
 
 
 def _hint(message):

@@ -21,9 +21,9 @@ protected:
 };
 
 struct Place {
-  const char* application = "";
-  Rect arranged;
-  Rect scattered;
+  const char* application = nullptr;
+  Rect arranged{};
+  Rect scattered{};
 };
 
 constexpr std::array<Place, 4> places{{

@@ -42,20 +42,20 @@ protected:
   /// The layout in a layouts file with this text.
   static Layout fromFile(const std::string& text);
   /// The layout in a layouts file with these slots and nothing of interest besides.
-  Layout withSlots(const std::string& slots);
+  static Layout withSlots(const std::string& slots);
   /// The same layout once it has been in a file.
   static Layout savedAndLoaded(const Layout& layout);
 
   /// Whether the frame comes to be that and stays, as a stranger to Tilwin sees it. Tilwin goes on working.
-  testing::AssertionResult stands(WindowId window, const Rect& frame, double tolerance = 0);
+  static testing::AssertionResult stands(WindowId window, const Rect& frame, double tolerance = 0);
   /// The same for a window whose size goes by steps: up to one step smaller.
-  testing::AssertionResult standsByItsSteps(WindowId window, const Rect& frame);
+  static testing::AssertionResult standsByItsSteps(WindowId window, const Rect& frame);
   /// Lets Tilwin and the desktop work until it holds. False when it does not in time.
   static bool eventually(const Predicate& condition);
   /// Lets Tilwin work for that long.
   static void work(Milliseconds time);
   /// As a person does it, who sees where the window has come to.
-  void placeByHand(WindowId window, const Rect& frame);
+  static void placeByHand(WindowId window, const Rect& frame);
 
 private:
   struct Tilwin;
