@@ -14,9 +14,11 @@
 namespace tilwin {
 namespace {
 
-constexpr int applications = 40;
+constexpr int differentApplications = 40;
 
-std::string bundleID(int index) { return "org.example.Application" + std::to_string(index % applications); }
+std::string bundleID(int index) {
+  return "org.example.Application" + std::to_string(index % differentApplications);
+}
 
 std::vector<DisplayInfo> fourDisplays() {
   std::vector<DisplayInfo> displays;
@@ -32,7 +34,7 @@ std::vector<WindowInfo> windows(std::int64_t count) {
   for (int id = 1; id <= count; ++id) {
     result.push_back({.id = id,
                       .bundleID = bundleID(id),
-                      .appName = "Application " + std::to_string(id % applications),
+                      .appName = "Application " + std::to_string(id % differentApplications),
                       .title = "Résumé " + std::to_string(id) + " – Application",
                       .frame = {1.0 * (id * 37 % 7000), 1.0 * (id * 17 % 900), 640, 480},
                       .zOrder = std::int64_t{id} * 7919 % count});
@@ -46,7 +48,7 @@ Layout layout(std::int64_t slots) {
   for (int index = 0; index < slots; ++index) {
     LayoutSlot slot{.displayIndex = index % 4, .target = NormalizedRect{0.25, 0.25, 0.5, 0.5}};
     if (index % 2 == 0) slot.bundleID = bundleID(index);
-    if (index % 2 != 0) slot.appName = "APPLICATION " + std::to_string(index % applications);
+    if (index % 2 != 0) slot.appName = "APPLICATION " + std::to_string(index % differentApplications);
     if (index % 3 == 0) slot.titleContains = "resume " + std::to_string(index % 10);
     result.slots.push_back(slot);
   }

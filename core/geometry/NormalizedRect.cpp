@@ -2,19 +2,14 @@
 
 #include <algorithm>
 
+#include "core/geometry/Span.h"
+
 namespace tilwin {
 namespace {
 
-constexpr double smallestShare = 0.05;
-
-struct Span {
-  double start;
-  double length;
-};
-
 Span clampedSpan(double start, double length) {
-  const double from = std::min(std::max(start, 0.0), 1 - smallestShare);
-  return {from, std::min(std::max(length, smallestShare), 1 - from)};
+  const double from = std::min(std::max(start, 0.0), 1 - NormalizedRect::smallestShare);
+  return {from, std::min(std::max(length, NormalizedRect::smallestShare), 1 - from)};
 }
 
 double divisor(double side) { return side >= 1 ? side : 1; }

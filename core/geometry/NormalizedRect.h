@@ -7,6 +7,9 @@ namespace tilwin {
 /// A rectangle as fractions of an area, such as a display's visible frame. Any numbers may be stored; they
 /// are brought into range only when turned back into points.
 struct NormalizedRect {
+  /// A window or area takes at least this share of a display in each direction.
+  static constexpr double smallestShare = 0.05;
+
   double x = 0;
   double y = 0;
   double width = 0;

@@ -6,11 +6,9 @@
 namespace tilwin {
 namespace {
 
-constexpr double smallestShare = 0.05;
-
 // Written so that what is not a number falls back to the lower bound.
 double clampedLength(double length) {
-  return length >= smallestShare ? std::min(length, 1.0) : smallestShare;
+  return length >= NormalizedRect::smallestShare ? std::min(length, 1.0) : NormalizedRect::smallestShare;
 }
 double clampedStart(double start, double length) { return start >= 0 ? std::min(start, 1 - length) : 0; }
 

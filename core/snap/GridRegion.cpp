@@ -2,15 +2,11 @@
 
 #include <algorithm>
 
+#include "core/geometry/Span.h"
 #include "core/support/Hash.h"
 
 namespace tilwin {
 namespace {
-
-struct Span {
-  double start;
-  double length;
-};
 
 /// One axis of the grid. The counts come as floats because a decoded region may hold any whole number, and
 /// arithmetic on those must not overflow.

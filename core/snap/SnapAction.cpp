@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "core/geometry/Span.h"
+
 namespace tilwin {
 namespace {
 
@@ -76,11 +78,6 @@ const Row& row(SnapAction action) { return table[static_cast<std::size_t>(action
 Rect centred(const Rect& area, double width, double height) {
   return {area.x + 0.5 * area.width - 0.5 * width, area.y + 0.5 * area.height - 0.5 * height, width, height};
 }
-
-struct Span {
-  double start;
-  double length;
-};
 
 Span grown(double start, double length, double areaStart, double areaLength) {
   const double step = SnapActions::resizeStep;

@@ -3,22 +3,13 @@
 #include <unicode/coll.h>
 #include <unicode/locid.h>
 
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
 #include <utility>
 
+#include "core/support/IcuText.h"
 #include "core/support/UnicodeText.h"
 
 namespace tilwin {
 namespace {
-
-// ICU counts in 32 bits; a name is decided long before this many bytes.
-constexpr std::size_t longest = std::size_t{1} << 29;
-
-icu::StringPiece piece(std::string_view text) {
-  return {text.data(), static_cast<std::int32_t>(std::min(text.size(), longest))};
-}
 
 bool isPosix(const icu::Locale& locale) {
   const std::string_view language = locale.getLanguage();
@@ -56,7 +47,7 @@ LocalizedOrder& LocalizedOrder::operator=(LocalizedOrder&&) noexcept = default;
 bool LocalizedOrder::precedes(std::string_view first, std::string_view second) const {
   if (rules_->collator) {
     UErrorCode error = U_ZERO_ERROR;
-    const UCollationResult result = rules_->collator->compareUTF8(piece(first), piece(second), error);
+    const UCollationResult result = rules_->collator->compareUTF8(icuPiece(first), icuPiece(second), error);
     if (U_SUCCESS(error) != 0) return result == UCOL_LESS;
   }
   return UnicodeText::caseKey(first) < UnicodeText::caseKey(second);

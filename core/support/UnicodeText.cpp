@@ -9,13 +9,11 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/support/IcuText.h"
 #include "core/support/Utf8.h"
 
 namespace tilwin {
 namespace {
-
-// ICU counts in 32 bits and folding can triple a text; what lies beyond half a gigabyte is not looked at.
-constexpr std::size_t longest = std::size_t{1} << 29;
 
 constexpr char asciiLower(char byte) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
@@ -27,10 +25,7 @@ std::string asciiLowerCased(std::string_view text) {
   return lower;
 }
 
-icu::UnicodeString utf16(std::string_view text) {
-  return icu::UnicodeString::fromUTF8(
-      icu::StringPiece(text.data(), static_cast<std::int32_t>(std::min(text.size(), longest))));
-}
+icu::UnicodeString utf16(std::string_view text) { return icu::UnicodeString::fromUTF8(icuPiece(text)); }
 
 std::string utf8(const icu::UnicodeString& text) {
   std::string bytes;

@@ -5,7 +5,6 @@
 namespace tilwin {
 namespace {
 
-constexpr Rect somewhere{100, 100, 800, 600};
 constexpr Rect leftHalf{0, 25, 720, 875};
 constexpr HotKeySpec f5{96, 0};
 constexpr HotKeySpec controlOptionA{0, 6144};

@@ -1,14 +1,9 @@
-#include <gtest/gtest.h>
-
-#include "app/HotKeyCenter.h"
 #include "core/snap/SnapController.h"
-#include "platform/simulated/SimulatedDesktop.h"
-#include "tests/Printing.h"
+#include "tests/app/HotKeyCenterFixture.h"
 
 namespace tilwin {
 namespace {
 
-constexpr Rect somewhere{100, 100, 800, 600};
 constexpr HotKeySpec controlOptionLeft{123, 6144};
 constexpr HotKeySpec controlOptionRight{124, 6144};
 constexpr HotKeySpec controlOptionBackspace{51, 6144};

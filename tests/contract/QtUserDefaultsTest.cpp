@@ -19,8 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* key = "tilwin.settings.v1";
-
 class KeptLog : public SystemLog {
 public:
   void write(std::string_view line) override { lines.emplace_back(line); }

@@ -9,7 +9,6 @@ namespace {
 
 using Blob = std::optional<std::string>;
 
-constexpr const char* key = "tilwin.settings.v1";
 constexpr const char* otherKey = "tilwin.settings.v1.unreadable";
 
 std::string everyByte() {

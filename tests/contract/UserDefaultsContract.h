@@ -8,6 +8,8 @@
 
 namespace tilwin::contract {
 
+inline constexpr const char* key = "tilwin.settings.v1";
+
 /// Where a user's settings are kept, and the adapter under test.
 class UserDefaultsWorld {
 public:

@@ -1,6 +1,5 @@
 #include <unistd.h>
 
-#include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
 #include <algorithm>
@@ -13,7 +12,6 @@
 #include "platform/x11/X11HotKeys.h"
 #include "platform/x11/X11WindowProvider.h"
 #include "tests/contract/World.h"
-#include "tests/desktop/harness/ExitGuard.h"
 #include "tests/desktop/harness/GrabbedKey.h"
 #include "tests/desktop/harness/Session.h"
 
@@ -163,10 +161,3 @@ INSTANTIATE_TEST_SUITE_P(X11, HotKeysContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, MainQueueContract, testing::Values(&makeX11World));
 
 }  // namespace tilwin::contract
-
-int main(int argc, char** argv) {
-  const tilwin::desktop::EndOnSignal endOnSignal;
-  const QCoreApplication application(argc, argv);
-  testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

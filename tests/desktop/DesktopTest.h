@@ -20,6 +20,9 @@ struct Arguments {
 
 [[nodiscard]] Arguments& arguments();
 
+inline constexpr Rect leftHalf{0, 0, 960, 1080};
+inline constexpr Rect rightHalf{960, 0, 960, 1080};
+
 /// One desktop of 1920×1080 points with Tilwin running, shared by the tests of a suite: whatever one test
 /// does to it, Tilwin has to serve the next.
 class DesktopTest : public testing::Test {

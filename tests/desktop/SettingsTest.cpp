@@ -12,7 +12,6 @@ namespace tilwin::desktop {
 namespace {
 
 constexpr const char* rightHalfKeys = "Control+Alt+Right";
-constexpr Rect rightHalf{960, 0, 960, 1080};
 
 /// Tilwin with settings that stood in its file before it started.
 class Settings : public DesktopTest {
@@ -106,10 +105,10 @@ TEST_F(Settings, WithoutCyclingAHalfStaysAHalf) {
   const TestWindow window = session().window();
   focusAtStart(window.id());
   press(leftHalfKeys);
-  ASSERT_TRUE(stands(window.id(), {0, 0, 960, 1080}));
+  ASSERT_TRUE(stands(window.id(), leftHalf));
   press(leftHalfKeys);
   desktop().settle();
-  EXPECT_TRUE(stands(window.id(), {0, 0, 960, 1080}));
+  EXPECT_TRUE(stands(window.id(), leftHalf));
 }
 
 TEST_F(Settings, AnIgnoredApplicationIsNeverMoved) {

@@ -7,8 +7,6 @@ namespace tilwin::desktop {
 
 namespace {
 
-constexpr Rect leftHalf{0, 0, 960, 1080};
-
 /// Windows whose size goes by whole character cells.
 class Terminals : public DesktopTest {};
 

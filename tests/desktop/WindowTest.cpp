@@ -7,9 +7,6 @@ namespace tilwin::desktop {
 
 namespace {
 
-constexpr Rect leftHalf{0, 0, 960, 1080};
-constexpr Rect rightHalf{960, 0, 960, 1080};
-
 class Windows : public DesktopTest {};
 
 }  // namespace

@@ -14,7 +14,7 @@ from pathlib import Path
 from cache import Cache, key_of
 from source_tree import Finding
 
-TOGETHER = 16  # sources in one translation unit
+TOGETHER = 20  # sources in one translation unit
 APART = ("fuzz",)  # folders whose sources all define the same function
 FOLDERS = ("core", "app", "platform", "tests", "bench", "fuzz")
 FUNCTION_LINES = 30  # as in .clang-tidy
@@ -26,6 +26,24 @@ _LENGTH = re.compile(r"(\d+) lines including whitespace")
 _CLANG_ONLY = ("-Wno-unknown-warning-option", "-Wno-unused-command-line-argument")
 
 
+def _packed(entries):
+    """Groups as large as they may be, of sources that can stand in one unit."""
+    packed = []
+    for entry in entries:
+        lone = entry.path.startswith(APART)
+        is_main = entry.path.endswith("/main.cpp")
+        room = (group for group in packed if not lone and len(group) < TOGETHER
+                and not (is_main and group[-1].path.endswith("/main.cpp")))
+        group = next(room, None)
+        if group is None:
+            packed.append([entry])
+        elif is_main:
+            group.append(entry)
+        else:
+            group.insert(0, entry)  # a main stays last, where it is seen
+    return packed
+
+
 def groups(tree, database):
     """Lists of sources to lint together: from the same top folder, same flags, in order of path."""
     alike = {}
@@ -34,9 +52,7 @@ def groups(tree, database):
             entry = database.entries[path]
             alike.setdefault((path.split("/")[0], entry.flags), []).append(entry)
     for entries in alike.values():
-        size = 1 if entries[0].path.startswith(APART) else TOGETHER
-        for start in range(0, len(entries), size):
-            yield entries[start:start + size]
+        yield from _packed(entries)
 
 
 def _hint(message):

@@ -9,7 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 
-Layout named(std::string name) {
+Layout layoutNamed(std::string name) {
   Layout layout = layoutOf({});
   layout.name = std::move(name);
   return layout;
@@ -41,17 +41,18 @@ std::vector<Date> automaticDates(const LayoutStore& store) {
 }
 
 TEST(LayoutStore, ListsTheUsersLayoutsByNameWhateverTheirCase) {
-  const LayoutStore store{{named("gamma"), automaticFor(800, 1), named("Beta"), named("alpha")}};
+  const LayoutStore store{
+      {layoutNamed("gamma"), automaticFor(800, 1), layoutNamed("Beta"), layoutNamed("alpha")}};
   EXPECT_THAT(namesOf(store.userLayouts()), ElementsAre("alpha", "Beta", "gamma"));
 }
 
 TEST(LayoutStore, ListsLayoutsOfTheSameNameAsTheyWereAdded) {
-  const LayoutStore store{{named("Desk"), named("desk"), named("Desk")}};
+  const LayoutStore store{{layoutNamed("Desk"), layoutNamed("desk"), layoutNamed("Desk")}};
   EXPECT_EQ(store.userLayouts(), store.layouts);
 }
 
 TEST(LayoutStore, SavesAChangedLayoutWhereItStood) {
-  LayoutStore store{{named("a"), named("b"), named("c")}};
+  LayoutStore store{{layoutNamed("a"), layoutNamed("b"), layoutNamed("c")}};
   Layout changed = store.layouts.at(1);
   changed.name = "B";
   changed.slots = {slotFor("mail")};
@@ -61,22 +62,22 @@ TEST(LayoutStore, SavesAChangedLayoutWhereItStood) {
 }
 
 TEST(LayoutStore, AddsANewLayoutAtTheEndEvenUnderANameThatIsThere) {
-  LayoutStore store{{named("Desk"), named("Other")}};
-  const Layout added = named("Desk");
+  LayoutStore store{{layoutNamed("Desk"), layoutNamed("Other")}};
+  const Layout added = layoutNamed("Desk");
   store.save(added);
   EXPECT_THAT(namesOf(store.layouts), ElementsAre("Desk", "Other", "Desk"));
   EXPECT_EQ(store.layouts.back(), added);
 }
 
 TEST(LayoutStore, RemovesEveryLayoutOfAnId) {
-  LayoutStore store{{named("a"), named("b")}};
+  LayoutStore store{{layoutNamed("a"), layoutNamed("b")}};
   store.layouts.push_back(store.layouts.front());
   store.remove(Uuid(store.layouts.front().id));
   EXPECT_THAT(namesOf(store.layouts), ElementsAre("b"));
 }
 
 TEST(LayoutStore, RenamesOnlyTheFirstLayoutOfAnId) {
-  LayoutStore store{{named("a"), named("b")}};
+  LayoutStore store{{layoutNamed("a"), layoutNamed("b")}};
   store.layouts.push_back(store.layouts.front());
   store.rename(store.layouts.front().id, "new");
   EXPECT_THAT(namesOf(store.layouts), ElementsAre("new", "b", "a"));
@@ -99,7 +100,7 @@ TEST(LayoutStore, NeverTakesALayoutWithoutSignatureForAnEmptyDisplaySet) {
 }
 
 TEST(LayoutStore, KeepsIdAndPlaceOfTheAutomaticLayoutThatANewOneReplaces) {
-  LayoutStore store{{automaticFor(800, 1), named("mine")}};
+  LayoutStore store{{automaticFor(800, 1), layoutNamed("mine")}};
   const Uuid id = store.layouts.front().id;
   Layout renewed = automaticFor(800, 2, {slotFor("mail")});
   renewed.name = "Newer";
@@ -147,7 +148,7 @@ TEST(LayoutStore, DropsTheLaterOfEquallyOldAutomaticLayouts) {
 
 TEST(LayoutStore, NeverDropsTheUsersLayouts) {
   LayoutStore store;
-  for (int count = 0; count < 20; ++count) store.save(named("mine"));
+  for (int count = 0; count < 20; ++count) store.save(layoutNamed("mine"));
   for (int second = 1; second <= 9; ++second) store.setAutomatic(automaticFor(800 + second, second));
   EXPECT_EQ(store.userLayouts().size(), 20U);
   EXPECT_EQ(automaticDates(store).size(), 6U);
@@ -156,7 +157,7 @@ TEST(LayoutStore, NeverDropsTheUsersLayouts) {
 TEST(LayoutStore, DropsOldAutomaticLayoutsOnlyEvenWhereALayoutOfTheUserHasTheirId) {
   LayoutStore store;
   for (int second = 1; second <= 6; ++second) store.setAutomatic(automaticFor(800 + second, second));
-  Layout mine = named("mine");
+  Layout mine = layoutNamed("mine");
   mine.id = store.layouts.front().id;
   store.layouts.push_back(mine);
   store.setAutomatic(automaticFor(900, 7));

@@ -6,7 +6,6 @@
 namespace tilwin {
 namespace {
 
-constexpr Rect somewhere{100, 100, 800, 600};
 /// The middle 60% of the desktop's visible frame 0,25 1440x875.
 constexpr Rect middle{288, 25, 864, 875};
 

@@ -4,8 +4,6 @@
 namespace tilwin {
 namespace {
 
-constexpr Rect somewhere{100, 100, 800, 600};
-
 struct Restore : testing::Test, Snapping {
   /// Makes the focused window's frame from before the first action this one.
   void rememberAs(const Rect& frame) { controller.remember({.id = window, .frame = frame}); }

@@ -5,8 +5,6 @@
 namespace tilwin {
 namespace {
 
-constexpr Rect somewhere{100, 100, 800, 600};
-constexpr Rect leftHalf{0, 25, 720, 875};
 constexpr Rect leftTwoThirds{0, 25, 960, 875};
 constexpr Rect leftThird{0, 25, 480, 875};
 constexpr Rect rightHalf{720, 25, 720, 875};

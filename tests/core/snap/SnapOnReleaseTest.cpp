@@ -6,7 +6,6 @@ namespace {
 
 constexpr Rect beforeTheDrag{100, 100, 800, 600};
 constexpr Rect whereDropped{-300, 200, 800, 600};
-constexpr Rect leftHalf{0, 25, 720, 875};
 
 /// A window that the user has just dropped and the provider has told of.
 struct SnapOnRelease : testing::Test, Snapping {

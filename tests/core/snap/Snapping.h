@@ -12,6 +12,10 @@
 
 namespace tilwin {
 
+/// Where windows stand before anything moves them, and what they may be moved to on the first display.
+inline constexpr Rect somewhere{100, 100, 800, 600};
+inline constexpr Rect leftHalf{0, 25, 720, 875};
+
 /// A desktop, a controller that works it, and the words the tests are written in.
 struct Snapping {
   using Window = SimulatedWindows::Handle;

@@ -27,10 +27,10 @@ Enrolled& enrolled() {
 }
 
 sigset_t endSignals() {
-  sigset_t signals;
-  sigemptyset(&signals);
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, number);
-  return signals;
+  sigset_t ending;
+  sigemptyset(&ending);
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&ending, number);
+  return ending;
 }
 
 void signalGroups(const std::set<pid_t>& groups, int number) {
