@@ -33,12 +33,12 @@ struct AppDelegateTest : testing::Test {
     desktop.time.runDue();
     return desktop.windows.find(window)->frame;
   }
-  void putBack() { desktop.windows.moveByHand(window, somewhere); }
+  void putBack() { desktop.windows.moveByHand(window, untouched); }
   std::size_t registered() const { return desktop.keyboard.registrations().size(); }
 
   SimulatedDesktop desktop;
   Platform platform = desktop.platform();
-  SimulatedWindows::Handle window = desktop.windows.open({.frame = somewhere});
+  SimulatedWindows::Handle window = desktop.windows.open({.frame = untouched});
   std::optional<AppDelegate> delegate;
 };
 
@@ -67,7 +67,7 @@ TEST_F(AppDelegateTest, AnOverrideTakesThePlaceOfTheDefault) {
   TilwinSettings settings;
   settings.shortcuts["leftHalf"] = f5;
   startWith(settings);
-  EXPECT_EQ(pressed(leftHalfKeys), somewhere);
+  EXPECT_EQ(pressed(leftHalfKeys), untouched);
   EXPECT_EQ(pressed(f5), leftHalf);
 }
 
@@ -75,7 +75,7 @@ TEST_F(AppDelegateTest, ADisabledShortcutDoesNothing) {
   TilwinSettings settings;
   settings.clearShortcut(SnapAction::leftHalf);
   startWith(settings);
-  EXPECT_EQ(pressed(leftHalfKeys), somewhere);
+  EXPECT_EQ(pressed(leftHalfKeys), untouched);
   EXPECT_EQ(registered(), 28);
 }
 
@@ -94,7 +94,7 @@ TEST_F(AppDelegateTest, IgnoredApplicationsAreNotMoved) {
   TilwinSettings settings;
   settings.ignoredApps = {desktop.windows.find(window)->bundleID};
   startWith(settings);
-  EXPECT_EQ(pressed(leftHalfKeys), somewhere);
+  EXPECT_EQ(pressed(leftHalfKeys), untouched);
 }
 
 TEST_F(AppDelegateTest, AnAreasShortcutPutsTheWindowThere) {
@@ -116,14 +116,14 @@ TEST_F(AppDelegateTest, AnAreaThatIsGoneWhenItsPressArrivesDoesNothing) {
   desktop.keyboard.press(f5);
   delegate->store().settings.set({});
   desktop.time.runDue();
-  EXPECT_EQ(desktop.windows.find(window)->frame, somewhere);
+  EXPECT_EQ(desktop.windows.find(window)->frame, untouched);
 }
 
 TEST_F(AppDelegateTest, AChangeTakesEffectFromTheMainQueue) {
   start();
   delegate->store().settings.set({.outer = 10});
   desktop.keyboard.press(leftHalfKeys);
-  EXPECT_EQ(desktop.windows.find(window)->frame, somewhere);
+  EXPECT_EQ(desktop.windows.find(window)->frame, untouched);
   desktop.time.runDue();
   EXPECT_EQ(desktop.windows.find(window)->frame, (Rect{10, 35, 710, 855}));
 }
@@ -140,7 +140,7 @@ TEST_F(AppDelegateTest, EverythingFollowsAChangeWithoutANewStart) {
   putBack();
   settings.ignoredApps = {desktop.windows.find(window)->bundleID};
   change(settings);
-  EXPECT_EQ(pressed(leftHalfKeys), somewhere);
+  EXPECT_EQ(pressed(leftHalfKeys), untouched);
 }
 
 TEST_F(AppDelegateTest, AnAreaMovedByTheUserIsMetAtItsNewPlaceWithoutRegisteringAgain) {

@@ -14,7 +14,7 @@
 namespace tilwin {
 
 /// Where windows stand before anything moves them.
-inline constexpr Rect somewhere{100, 100, 800, 600};
+inline constexpr Rect untouched{100, 100, 800, 600};
 
 inline constexpr HotKeySpec leftHalfKeys{123, 6144};
 inline constexpr HotKeySpec rightHalfKeys{124, 6144};

@@ -26,7 +26,7 @@ struct ShortcutToWindow : testing::Test {
   SimulatedDesktop desktop{"1440x900+0+0,1000x800+1440+0"};
   SnapController controller{desktop.provider()};
   HotKeyCenter center{desktop.hotKeys(), desktop.mainQueue()};
-  SimulatedWindows::Handle window = desktop.windows.open({.frame = somewhere});
+  SimulatedWindows::Handle window = desktop.windows.open({.frame = untouched});
 };
 
 TEST_F(ShortcutToWindow, TheSameKeysAgainCycleTheWidth) {
@@ -39,7 +39,7 @@ TEST_F(ShortcutToWindow, TheSameKeysAgainCycleTheWidth) {
 TEST_F(ShortcutToWindow, BackspaceBringsTheFirstFrameBackOnce) {
   pressed(controlOptionLeft);
   pressed(controlOptionRight);
-  EXPECT_EQ(pressed(controlOptionBackspace), somewhere);
+  EXPECT_EQ(pressed(controlOptionBackspace), untouched);
   desktop.windows.moveByHand(window, {5, 50, 300, 300});
   EXPECT_EQ(pressed(controlOptionBackspace), (Rect{5, 50, 300, 300}));
 }
@@ -52,11 +52,11 @@ TEST_F(ShortcutToWindow, EachWindowHasAFrameOfItsOwnToGoBackTo) {
   EXPECT_EQ(pressed(controlOptionBackspace), (Rect{200, 200, 400, 300}));
   desktop.windows.focus(first);
   window = first;
-  EXPECT_EQ(pressed(controlOptionBackspace), somewhere);
+  EXPECT_EQ(pressed(controlOptionBackspace), untouched);
 }
 
 TEST_F(ShortcutToWindow, ATerminalThatRoundsItsSizeRestoresAndCyclesToo) {
-  window = desktop.windows.open({.frame = somewhere, .widthStep = 9, .heightStep = 17});
+  window = desktop.windows.open({.frame = untouched, .widthStep = 9, .heightStep = 17});
   EXPECT_EQ(pressed(controlOptionRight), (Rect{720, 25, 720, 867}));
   EXPECT_EQ(pressed(controlOptionRight), (Rect{480, 25, 954, 867}));
   EXPECT_EQ(pressed(controlOptionBackspace), (Rect{100, 100, 792, 595}));
@@ -82,12 +82,12 @@ TEST_F(ShortcutToWindow, AnUnpluggedDisplaySendsRestoreToTheOneThatIsLeft) {
 }
 
 TEST_F(ShortcutToWindow, ThisProgramsOwnWindowsAreNotMoved) {
-  window = desktop.windows.open({.frame = somewhere, .isOfThisProgram = true});
-  EXPECT_EQ(pressed(controlOptionLeft), somewhere);
+  window = desktop.windows.open({.frame = untouched, .isOfThisProgram = true});
+  EXPECT_EQ(pressed(controlOptionLeft), untouched);
 }
 
 TEST_F(ShortcutToWindow, AWindowThatVanishesIsNoHarm) {
-  window = desktop.windows.open({.frame = somewhere, .vanishesOnceSeen = true});
+  window = desktop.windows.open({.frame = untouched, .vanishesOnceSeen = true});
   EXPECT_EQ(pressed(controlOptionLeft), Rect{});
   EXPECT_EQ(pressed(controlOptionLeft), Rect{});
 }

@@ -9,7 +9,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string twoDisplays = "1000x800+0+0,2000x1000+1000+0";
+const std::string sideBySide = "1000x800+0+0,2000x1000+1000+0";
 
 Layout capture(const std::vector<WindowInfo>& windows, const std::vector<DisplayInfo>& displays) {
   return LayoutPlanner::snapshot(windows, displays, "Desk", false, at(5));
@@ -22,7 +22,7 @@ std::int64_t displayIndexOf(const Rect& frame, std::string_view displays) {
 }
 
 TEST(Snapshot, CarriesNameDateOriginAndTheDisplays) {
-  const auto displays = displaysAt(twoDisplays);
+  const auto displays = displaysAt(sideBySide);
   const Layout layout = LayoutPlanner::snapshot({}, displays, "Automatic", true, at(7));
   EXPECT_EQ(layout.name, "Automatic");
   EXPECT_TRUE(layout.isAutomatic);
@@ -41,7 +41,7 @@ TEST(Snapshot, WithoutDisplaysHasASignatureButNoSlots) {
 
 TEST(Snapshot, ListsWindowsFrontToBack) {
   const auto layout =
-      capture({windowOf("b", 1, 2), windowOf("a", 2, 1), windowOf("c", 3, 2)}, displaysAt(twoDisplays));
+      capture({windowOf("b", 1, 2), windowOf("a", 2, 1), windowOf("c", 3, 2)}, displaysAt(sideBySide));
   std::vector<std::string> order;
   for (const LayoutSlot& slot : layout.slots) order.push_back(*slot.bundleID);
   EXPECT_THAT(order, ElementsAre("a", "b", "c"));
@@ -50,7 +50,7 @@ TEST(Snapshot, ListsWindowsFrontToBack) {
 TEST(Snapshot, LeavesOutMinimizedWindowsAndThoseOfNoKnownApplication) {
   const auto layout = capture({{.id = 1, .bundleID = "a", .frame = {0, 0, 10, 10}, .isMinimized = true},
                                {.id = 2, .appName = "Nameless", .frame = {0, 0, 10, 10}}},
-                              displaysAt(twoDisplays));
+                              displaysAt(sideBySide));
   EXPECT_THAT(layout.slots, IsEmpty());
 }
 
@@ -60,7 +60,7 @@ TEST(Snapshot, KeepsIdentifierAndNameButNoTitle) {
                                 .appName = "Mail",
                                 .title = "Inbox",
                                 .frame = {0, 0, 10, 10}}},
-                              displaysAt(twoDisplays));
+                              displaysAt(sideBySide));
   EXPECT_EQ(layout.slots.at(0).bundleID, "org.example.mail");
   EXPECT_EQ(layout.slots.at(0).appName, "Mail");
   EXPECT_EQ(layout.slots.at(0).titleContains, std::nullopt);
@@ -81,23 +81,23 @@ TEST(Snapshot, NeverDividesByLessThanAPoint) {
 }
 
 TEST(Snapshot, ChoosesTheDisplayThatShowsMostOfTheWindow) {
-  EXPECT_EQ(displayIndexOf({900, 0, 300, 300}, twoDisplays), 1);
-  EXPECT_EQ(displayIndexOf({800, 0, 300, 300}, twoDisplays), 0);
+  EXPECT_EQ(displayIndexOf({900, 0, 300, 300}, sideBySide), 1);
+  EXPECT_EQ(displayIndexOf({800, 0, 300, 300}, sideBySide), 0);
 }
 
 TEST(Snapshot, ChoosesTheEarlierDisplayForAWindowHalfOnEach) {
-  EXPECT_EQ(displayIndexOf({900, 0, 200, 300}, twoDisplays), 0);
+  EXPECT_EQ(displayIndexOf({900, 0, 200, 300}, sideBySide), 0);
   EXPECT_EQ(displayIndexOf({900, 0, 200, 300}, "2000x1000+1000+0,1000x800+0+0"), 0)
       << "earlier from left to right, however they are listed";
 }
 
 TEST(Snapshot, ChoosesTheFirstDisplayForAWindowOnNoneOrWithoutSize) {
-  EXPECT_EQ(displayIndexOf({9000, 9000, 200, 300}, twoDisplays), 0);
-  EXPECT_EQ(displayIndexOf({1500, 100, 0, 300}, twoDisplays), 0);
+  EXPECT_EQ(displayIndexOf({9000, 9000, 200, 300}, sideBySide), 0);
+  EXPECT_EQ(displayIndexOf({1500, 100, 0, 300}, sideBySide), 0);
 }
 
 TEST(Snapshot, ComparesWholeFramesOfDisplays) {
-  auto displays = displaysAt(twoDisplays);
+  auto displays = displaysAt(sideBySide);
   displays.at(1).visibleFrame = {2900, 0, 100, 1000};
   EXPECT_EQ(capture({windowAt({900, 0, 300, 300})}, displays).slots.at(0).displayIndex, 1);
 }

@@ -7,7 +7,7 @@ namespace tilwin::desktop {
 
 namespace {
 
-constexpr std::array<ManagerTraits, 3> table{{
+constexpr std::array<ManagerTraits, 3> managers{{
     // manager, name, arguments, composites by default, can composite, configure
     {Manager::openbox, "openbox", "--sm-disable", false, false, configureOpenbox},
     {Manager::xfwm4, "xfwm4", "--sm-client-disable", true, true, configureXfwm4},
@@ -17,14 +17,14 @@ constexpr std::array<ManagerTraits, 3> table{{
 }  // namespace
 
 const ManagerTraits& traits(Manager manager) {
-  for (const auto& row : table) {
+  for (const auto& row : managers) {
     if (row.manager == manager) return row;
   }
   throw HarnessError("no such manager");
 }
 
 std::optional<Manager> managerNamed(std::string_view name) {
-  for (const auto& row : table) {
+  for (const auto& row : managers) {
     if (row.name == name) return row.manager;
   }
   return std::nullopt;
