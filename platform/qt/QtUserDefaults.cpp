@@ -1,14 +1,21 @@
 #include "platform/qt/QtUserDefaults.h"
 
-#include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
 #include <QVariant>
+#include <filesystem>
+
+#include "core/support/AtomicFile.h"
 
 namespace tilwin::qt {
 
 namespace {
+
+/// Bytes. Qt takes seconds for files that are many times larger, and Tilwin writes none that is nearly as
+/// large.
+constexpr qint64 largestFile = qint64{4} << 20;
 
 QString text(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -42,32 +49,52 @@ QtUserDefaults::QtUserDefaults(SystemLog& log)
             QStringLiteral("/Tilwin/Tilwin.conf")) {}
 
 std::optional<std::string> QtUserDefaults::data(std::string_view key) {
+  if (isTooLarge()) return std::nullopt;
   const QSettings settings(path_, QSettings::IniFormat);
   const QVariant value = settings.value(text(key));
+  // Qt says so once; the next who asks gets what it has kept in memory.
+  isUnreadable_ = isUnreadable_ || settings.status() == QSettings::FormatError;
   if (!value.isValid()) return std::nullopt;
   return blobOf(value);
 }
 
 void QtUserDefaults::setData(std::string_view key, std::string_view blob) {
+  noteOutcome(keepUnreadable() && write(text(key), blob));
+}
+
+bool QtUserDefaults::isTooLarge() const { return QFileInfo(path_).size() > largestFile; }
+
+/// Qt drops the lines it cannot read when it writes. False when they would be lost.
+bool QtUserDefaults::keepUnreadable() {
+  const bool isTooLarge = this->isTooLarge();
+  if (!isTooLarge) {
+    const QSettings settings(path_, QSettings::IniFormat);
+    static_cast<void>(settings.allKeys());  // reads all sections
+    isUnreadable_ = isUnreadable_ || settings.status() == QSettings::FormatError;
+  }
+  if (!isTooLarge && !isUnreadable_) return true;
+  const std::filesystem::path path = path_.toStdString();
+  try {
+    AtomicFile::keepCopy(path);
+    if (isTooLarge) AtomicFile::replace(path, "");
+  } catch (const std::filesystem::filesystem_error&) {
+    return false;
+  }
+  log_.write("Tilwin: not all of " + path.string() + " can be read; it is kept beside it");
+  isUnreadable_ = false;
+  return true;
+}
+
+bool QtUserDefaults::write(const QString& name, std::string_view blob) {
   QSettings settings(path_, QSettings::IniFormat);
-  const QString name = text(key);
   const QVariant before = settings.value(name);
-  if (settings.status() == QSettings::FormatError) keepBroken();
   settings.setValue(name, valueOf(blob));
   settings.sync();
   const bool written = wasWritten(settings);
   // Qt would hand out the value and try again later.
   if (!written && before.isValid()) settings.setValue(name, before);
   if (!written && !before.isValid()) settings.remove(name);
-  noteOutcome(written);
-}
-
-/// Qt drops the lines it cannot read when it writes.
-void QtUserDefaults::keepBroken() const {
-  const QString copy = path_ + QStringLiteral(".broken");
-  if (!QFile::copy(path_, copy)) return;
-  log_.write("Tilwin: some lines of " + path_.toStdString() + " cannot be read; the file is kept as " +
-             copy.toStdString());
+  return written;
 }
 
 void QtUserDefaults::noteOutcome(bool written) {

@@ -10,6 +10,7 @@ namespace tilwin::qt {
 /// Keeps blobs as values of the INI file "Tilwin/Tilwin.conf" in $XDG_CONFIG_HOME (XDG Base Directory
 /// Specification), section [General]. A blob of UTF-8 text stands there as a quoted string, as a person may
 /// also write it; any other as Qt's @ByteArray(...). The file is replaced as a whole, never half written.
+/// What of it cannot be read is kept beside it, as "Tilwin.conf.unreadable", before the first write over it.
 class QtUserDefaults : public UserDefaults {
 public:
   /// The log must outlive this.
@@ -19,11 +20,14 @@ public:
   void setData(std::string_view key, std::string_view blob) override;
 
 private:
-  void keepBroken() const;
+  [[nodiscard]] bool isTooLarge() const;
+  bool keepUnreadable();
+  bool write(const QString& name, std::string_view blob);
   void noteOutcome(bool written);
 
   SystemLog& log_;
   QString path_;
+  bool isUnreadable_ = false;  ///< some of the file, as far as it has been read
   bool failing_ = false;
 };
 

@@ -49,11 +49,9 @@ public:
 
   fs::path config() const { return home_.path().toStdString(); }
   fs::path file() const { return config() / "Tilwin" / "Tilwin.conf"; }
-  std::string fileText() const {
-    std::stringstream text;
-    text << std::ifstream(file()).rdbuf();
-    return text.str();
-  }
+  fs::path kept() const { return config() / "Tilwin" / "Tilwin.conf.unreadable"; }
+  std::string fileText() const { return textOf(file()); }
+  std::string keptText() const { return textOf(kept()); }
   void writeFile(const std::string& text) const {
     fs::create_directories(file().parent_path());
     std::ofstream(file()) << text;
@@ -62,6 +60,12 @@ public:
   KeptLog log;
 
 private:
+  static std::string textOf(const fs::path& path) {
+    std::stringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+  }
+
   QTemporaryDir home_;
   std::optional<qt::QtUserDefaults> defaults_;
 };
@@ -134,16 +138,42 @@ TEST_F(QtUserDefaultsFile, ABrokenLineHarmsNoOther) {
 }
 
 TEST_F(QtUserDefaultsFile, IsKeptBesideBeforeItsBrokenLinesAreLost) {
-  const std::string broken = "[General]\ntilwin.settings.v1 \"{}\"\n";
+  for (const std::string broken :
+       {"[General]\ntilwin.settings.v1 \"{}\"\n", "[General]\n\n[Other]\nnonsense\n"}) {
+    QtUserDefaultsWorld each;
+    each.writeFile(broken);
+    static_cast<void>(each.defaults().data(key));
+    each.defaults().setData(key, "first");
+    each.defaults().setData(key, "second");
+    EXPECT_EQ(each.defaults().data(key), "second");
+    EXPECT_EQ(each.keptText(), broken);
+    ASSERT_EQ(each.log.lines.size(), 1U);
+    EXPECT_NE(each.log.lines[0].find("not all of"), std::string::npos);
+  }
+}
+
+TEST_F(QtUserDefaultsFile, IsKeptEvenWhenNobodyHasReadIt) {
+  const std::string broken = "[General]\nnonsense\n";
   world.writeFile(broken);
-  write("first");
-  write("second");
-  EXPECT_EQ(read(), "second");
-  std::stringstream kept;
-  kept << std::ifstream(world.file().string() + ".broken").rdbuf();
-  EXPECT_EQ(kept.str(), broken);
-  ASSERT_EQ(world.log.lines.size(), 1);
-  EXPECT_NE(world.log.lines[0].find("Tilwin.conf.broken"), std::string::npos);
+  write("{}");
+  EXPECT_EQ(world.keptText(), broken);
+}
+
+TEST_F(QtUserDefaultsFile, WithoutBrokenLinesNeedsNoCopy) {
+  world.writeFile("[General]\nother=3\n\n[Colours]\nedge=blue\n");
+  static_cast<void>(read());
+  write("{}");
+  EXPECT_EQ(world.keptText(), "");
+}
+
+TEST_F(QtUserDefaultsFile, FarTooLargeIsNotReadAndPutAside) {
+  world.writeFile("[General]\ntilwin.settings.v1={}\n");
+  fs::resize_file(world.file(), 100'000'000);
+  EXPECT_EQ(read(), std::nullopt);
+  write("new");
+  EXPECT_EQ(read(), "new");
+  EXPECT_EQ(fs::file_size(world.kept()), 100'000'000U);
+  EXPECT_EQ(world.fileText(), "[General]\ntilwin.settings.v1=new\n");
 }
 
 TEST_F(QtUserDefaultsFile, MayBeALinkToAnother) {
