@@ -1,12 +1,12 @@
 #include "core/support/JsonReader.h"
 
 #include <algorithm>
-#include <clocale>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <utility>
+
+#include "core/support/JsonSource.h"
 
 namespace tilwin {
 namespace {
@@ -38,66 +38,6 @@ std::optional<std::int64_t> whole(const Node& node) {
   return static_cast<std::int64_t>(value);
 }
 
-/// The library reads floats with `strtod` too, so both agree on what overflows; `strtod` wants the point of
-/// the locale that the process has set.
-bool overflows(std::string number) {
-  std::replace(number.begin(), number.end(), '.', *std::localeconv()->decimal_point);
-  char* end = nullptr;
-  const double value = std::strtod(number.c_str(), &end);
-  return std::isinf(value) && *end == '\0';
-}
-
-/// Just behind the text literal that starts at `start`, or the end.
-std::size_t endOfText(std::string_view json, std::size_t start) {
-  for (std::size_t at = start + 1; at < json.size(); ++at) {
-    if (json[at] == '\\') {
-      ++at;
-    } else if (json[at] == '"') {
-      return at + 1;
-    }
-  }
-  return json.size();
-}
-
-/// The JSON text with each number that no double can hold replaced by null.
-std::string withoutOverflows(std::string_view json) {
-  constexpr std::string_view starts = "\"-0123456789";
-  constexpr std::string_view ofNumbers = "+-.0123456789Ee";
-  std::string result;
-  std::size_t at = 0;
-  while (at < json.size()) {
-    const std::size_t start = std::min(json.find_first_of(starts, at), json.size());
-    result += json.substr(at, start - at);
-    if (start == json.size()) break;
-    const bool isText = json[start] == '"';
-    at = isText ? endOfText(json, start) : std::min(json.find_first_not_of(ofNumbers, start), json.size());
-    const std::string token(json.substr(start, at - start));
-    result += !isText && overflows(token) ? "null" : token;
-  }
-  return result;
-}
-
-/// The JSON text with one space for each run of blanks outside strings. The library looks at a blank as long
-/// as at anything else, and more than half of a text made for people is blanks.
-std::string withSingleBlanks(std::string_view json) {
-  std::string result(json.size(), '\0');
-  std::size_t size = 0;
-  bool inText = false;
-  bool afterBlank = false;
-  for (std::size_t at = 0; at < json.size(); ++at) {
-    const char character = json[at];
-    const bool isBlank =
-        !inText && (character == ' ' || character == '\n' || character == '\t' || character == '\r');
-    if (isBlank && std::exchange(afterBlank, true)) continue;
-    afterBlank = isBlank;
-    result[size++] = isBlank ? ' ' : character;
-    if (character == '"') inText = !inText;
-    if (inText && character == '\\' && at + 1 < json.size()) result[size++] = json[++at];
-  }
-  result.resize(size);
-  return result;
-}
-
 /// One number too large must not cost the whole text: it becomes null, so that only its own field is without
 /// a value.
 Node parsed(std::string_view json) {
@@ -105,7 +45,7 @@ Node parsed(std::string_view json) {
     return Node::parse(json);
   } catch (const Node::out_of_range& error) {
     if (error.id != numberOverflow) throw;
-    return Node::parse(withoutOverflows(json));
+    return Node::parse(JsonSource::withoutOverflows(json));
   }
 }
 
@@ -143,7 +83,7 @@ JsonReader JsonReader::inner(const void* node, std::string_view key, std::size_t
 
 JsonReader JsonReader::parse(std::string_view text) {
   try {
-    return {std::make_shared<const Node>(parsed(withSingleBlanks(text))), nullptr, {}, 0};
+    return {std::make_shared<const Node>(parsed(JsonSource::withSingleBlanks(text))), nullptr, {}, 0};
   } catch (const Node::exception& error) {
     throw JsonError(JsonError::Kind::notJson, "", error.what());
   }
