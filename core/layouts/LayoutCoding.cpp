@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace tilwin {

@@ -1,7 +1,6 @@
 #include "core/layouts/LayoutPlanner.h"
 
 #include <algorithm>
-#include <type_traits>
 #include <utility>
 
 #include "core/geometry/DisplayOrder.h"

@@ -19,7 +19,6 @@ class LayoutDesktop : public testing::Test {
 public:
   static Manager manager;  ///< what this run of the test program was asked to test with
 
-  static void SetUpTestSuite();
   static void TearDownTestSuite();
 
 protected:
@@ -61,7 +60,6 @@ private:
   struct Tilwin;
 
   static std::unique_ptr<Session> session_;
-  static std::string whyNot_;
   std::shared_ptr<Tilwin> tilwin_;
   std::vector<std::unique_ptr<TestWindow>> windows_;
 };

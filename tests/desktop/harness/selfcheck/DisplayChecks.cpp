@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <iostream>
+#include <memory>
 
 #include "tests/desktop/harness/Session.h"
 #include "tests/desktop/harness/selfcheck/ManagerParameter.h"
@@ -15,11 +15,7 @@ const PluggedDisplay beside{.output = "DUMMY1", .mode = {2560, 1440}, .position 
 class PluggedIn : public testing::TestWithParam<Manager> {
 protected:
   void SetUp() override {
-    std::string whyNot;
-    session_ = Session::tryStart({.manager = GetParam(), .displays = {builtIn}}, whyNot);
-    if (session_) return;
-    std::cout << "No server with displays to plug: " << whyNot << "\n";
-    GTEST_SKIP() << whyNot;
+    session_ = std::make_unique<Session>(SessionOptions{.manager = GetParam(), .displays = {builtIn}});
   }
 
   std::vector<Rect> frames() {
