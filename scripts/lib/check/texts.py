@@ -10,8 +10,8 @@ FILE_FAILS_OVER = 350
 # Put together here so that this file does not report itself.
 _LEFTOVER = re.compile(r"\b(" + "|".join(["TO" + "DO", "FIX" + "ME", "XX" + "X", "HA" + "CK"]) + r")\b")
 _SKIP = re.compile(r"\bGTEST_" + r"SKIP\b")
-_DISABLED = "DISABLED" + "_"
-_DISABLED_TEST = re.compile(rf"\bTEST(?:_F|_P)?\(\s*(?:{_DISABLED}\w+|\w+\s*,\s*{_DISABLED})")
+_OFF = "DISABLED" + "_"
+_SWITCHED_OFF = re.compile(rf"\bTEST(?:_F|_P)?\(\s*(?:{_OFF}\w+|\w+\s*,\s*{_OFF})")
 
 
 def file_size(tree):
@@ -55,7 +55,7 @@ def honest_tests(tree):
             if _SKIP.search(line):
                 yield Finding(file.path, number, "honest-tests",
                               "a skipped test; add what it needs to scripts/lib/packages, and let it fail without")
-            if _DISABLED_TEST.search(line):
+            if _SWITCHED_OFF.search(line):
                 yield Finding(file.path, number, "honest-tests", "a disabled test; make it pass or remove it")
 
 
