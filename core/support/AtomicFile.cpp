@@ -21,6 +21,9 @@ namespace fs = std::filesystem;
   throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
 }
 
+constexpr mode_t ownerOnly = 0600;
+constexpr mode_t usual = 0666;  ///< less what the user's umask takes away
+
 class Descriptor {
 public:
   explicit Descriptor(int number) : number_(number) {}
@@ -39,10 +42,11 @@ private:
 /// A new file in the target's folder, gone again unless it is moved into place.
 class Draft {
 public:
-  explicit Draft(const fs::path& target) : path_(target), file_(create()) {
-    struct stat old {};
-    const bool replaces = ::stat(target.c_str(), &old) == 0;
-    if (replaces && ::fchmod(file_.number(), old.st_mode & 07777) != 0) abandon("cannot set permissions");
+  /// Until it has its final permissions the draft is the user's alone: whoever could open it before would see
+  /// what is written later.
+  Draft(const fs::path& target, std::optional<mode_t> permissions)
+      : path_(target), file_(create(permissions ? ownerOnly : usual)) {
+    if (permissions && ::fchmod(file_.number(), *permissions) != 0) abandon("cannot set permissions");
   }
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
@@ -74,11 +78,11 @@ private:
     fail(what, path_);
   }
 
-  int create() {
+  int create(mode_t permissions) {
     const std::string stem = path_.string() + "." + std::to_string(::getpid()) + "-";
     for (int attempt = 0;; ++attempt) {
       path_ = stem + std::to_string(attempt);
-      const int number = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      const int number = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
       if (number >= 0) return number;
       if (errno != EEXIST) fail("cannot create", path_);
     }
@@ -98,6 +102,36 @@ fs::path behindLinks(const fs::path& path) {
   std::error_code ignored;
   const fs::path target = fs::canonical(path, ignored);
   return target.empty() ? path : target;
+}
+
+fs::path folderOf(const fs::path& file) { return file.has_parent_path() ? file.parent_path() : "."; }
+
+std::optional<mode_t> permissionsOf(const fs::path& path) {
+  struct stat facts {};
+  if (::stat(path.c_str(), &facts) != 0) return std::nullopt;
+  return facts.st_mode & 07777;
+}
+
+void replaceWith(const fs::path& path, std::string_view content, std::optional<mode_t> permissions) {
+  if (path.has_parent_path()) fs::create_directories(path.parent_path());
+  const fs::path target = behindLinks(path);
+  Draft draft(target, permissions);
+  draft.write(content);
+  draft.moveTo(target);
+  syncFolder(folderOf(target));
+}
+
+/// Whether the name is one that `Draft` gives: the target's, a process and a number.
+bool isDraftOf(const fs::path& target, std::string_view name) {
+  const std::string stem = target.filename().string() + ".";
+  if (name.substr(0, stem.size()) != stem) return false;
+  name.remove_prefix(stem.size());
+  const auto areDigits = [](std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+  };
+  const std::size_t dash = name.find('-');
+  return dash != std::string_view::npos && areDigits(name.substr(0, dash)) &&
+         areDigits(name.substr(dash + 1));
 }
 
 bool isSameContent(const fs::path& first, const fs::path& second) {
@@ -140,12 +174,19 @@ std::optional<std::string> AtomicFile::read(const fs::path& path, std::size_t li
 }
 
 void AtomicFile::replace(const fs::path& path, std::string_view content) {
-  if (path.has_parent_path()) fs::create_directories(path.parent_path());
+  replaceWith(path, content, permissionsOf(path));
+}
+
+void AtomicFile::replacePrivately(const fs::path& path, std::string_view content) {
+  replaceWith(path, content, ownerOnly);
+}
+
+void AtomicFile::removeDrafts(const fs::path& path) {
   const fs::path target = behindLinks(path);
-  Draft draft(target);
-  draft.write(content);
-  draft.moveTo(target);
-  syncFolder(target.has_parent_path() ? target.parent_path() : ".");
+  std::error_code ignored;
+  for (const auto& entry : fs::directory_iterator(folderOf(target), ignored)) {
+    if (isDraftOf(target, entry.path().filename().string())) ::unlink(entry.path().c_str());
+  }
 }
 
 void AtomicFile::keepCopy(const fs::path& path) {

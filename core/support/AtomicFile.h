@@ -32,6 +32,12 @@ struct AtomicFile {
   /// that is there keeps its permissions, a new one gets the user's usual ones; a symbolic link stays and
   /// what it points at is replaced. Throws `std::filesystem::filesystem_error`; the old file is then intact.
   static void replace(const std::filesystem::path& path, std::string_view content);
+  /// The same for what is nobody else's business: the file is the user's alone, as is the draft it is made
+  /// from.
+  static void replacePrivately(const std::filesystem::path& path, std::string_view content);
+  /// Removes what processes that were ended while they replaced the file have left beside it. Nobody may be
+  /// replacing it meanwhile.
+  static void removeDrafts(const std::filesystem::path& path);
 
   /// Gives what stands at `path` a second name beside it before somebody replaces it: "NAME.unreadable", or
   /// the first of "NAME.unreadable.2" and so on that is not taken. The same content is kept only once. Throws

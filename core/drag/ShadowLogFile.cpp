@@ -1,0 +1,87 @@
+#include "core/drag/ShadowLogFile.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+#include <variant>
+
+#include "core/drag/ShadowRecordCoding.h"
+#include "core/support/LineFile.h"
+
+namespace tilwin {
+namespace fs = std::filesystem;
+
+std::optional<fs::path> ShadowLogFile::defaultURL(const std::optional<fs::path>& applicationSupport) {
+  if (!applicationSupport) return std::nullopt;
+  const fs::path folder = *applicationSupport / "Tilwin";
+  std::error_code ignored;
+  fs::create_directories(folder, ignored);
+  return folder / "shadow.jsonl";
+}
+
+ShadowLogFile::ShadowLogFile(fs::path url) : url_(std::move(url)), queue_("llc.ambergrove.tilwin.shadow") {}
+
+void ShadowLogFile::append(const ShadowRecord& record) {
+  queue_.async([this, record] {
+    const auto line = encodeJson(record);
+    if (const auto* text = std::get_if<std::string>(&line)) write(*text);
+  });
+}
+
+void ShadowLogFile::drain() {
+  queue_.sync([] {});
+}
+
+void ShadowLogFile::erase() {
+  queue_.sync([this] {
+    lines_ = 0;
+    counted_.reset();
+    std::error_code ignored;
+    if (!fs::is_regular_file(url_, ignored)) return;
+    // Held, so that no other process puts a trimmed log in its place just then.
+    const auto file = LineFile::take(url_);
+    AtomicFile::removeDrafts(url_);
+    fs::remove(fs::canonical(url_, ignored), ignored);
+  });
+}
+
+void ShadowLogFile::write(const std::string& line) {
+  auto file = LineFile::take(url_);
+  if (!file) return;
+  if (!lines_ || counted_ != AtomicFile::stamp(url_)) lines_ = static_cast<std::int64_t>(file->count());
+  if (!file->append(line)) return lines_.reset();
+  if (++*lines_ > trimAbove && file->isHeldAlone()) trim();
+  counted_ = AtomicFile::stamp(url_);
+}
+
+void ShadowLogFile::trim() {
+  const auto content = LineFile::read(url_);
+  if (!content) return;
+  const auto lines = LineFile::split(*content);
+  const auto kept = std::min(static_cast<std::int64_t>(lines.size()), keepNewest);
+  std::string newest;
+  newest.reserve(content->size());
+  for (auto line = lines.end() - kept; line != lines.end(); ++line) newest.append(*line).append("\n");
+  try {
+    AtomicFile::removeDrafts(url_);
+    AtomicFile::replacePrivately(url_, newest);
+    lines_ = kept;
+  } catch (const fs::filesystem_error&) {
+    // The log stays as it is, and the next record tries again.
+    return;
+  }
+}
+
+std::vector<ShadowRecord> ShadowLogFile::read(const fs::path& url) {
+  const std::string content = LineFile::read(url).value_or("");
+  const auto lines = LineFile::split(content);
+  std::vector<ShadowRecord> records;
+  records.reserve(lines.size());
+  for (const std::string_view line : lines) {
+    auto record = decodeJson<ShadowRecord>(line);
+    if (auto* whole = std::get_if<ShadowRecord>(&record)) records.push_back(std::move(*whole));
+  }
+  return records;
+}
+
+}  // namespace tilwin
