@@ -2,6 +2,7 @@
 
 #include <unicode/datefmt.h>
 #include <unicode/locid.h>
+#include <unicode/timezone.h>
 #include <unicode/unistr.h>
 
 #include <array>
@@ -30,6 +31,8 @@ std::string LocalizedDate::medium(Date date) {
   const std::unique_ptr<icu::DateFormat> format(
       icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, localeOfDates()));
   if (!format) return Iso8601::text(date).value_or("").substr(0, std::string_view("2026-03-01").size());
+  // ICU's own default is that of the first time it was asked; people travel.
+  format->adoptTimeZone(icu::TimeZone::detectHostTimeZone());
   const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(date.time_since_epoch()).count();
   icu::UnicodeString text;
   format->format(static_cast<UDate>(milliseconds), text);

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include "core/drag/ShadowRecord.h"
+
+namespace tilwin {
+
+/// The first of March 2026, so many minutes after midnight UTC.
+inline Date atMinute(std::int64_t minute) {
+  return std::chrono::sys_days(std::chrono::year(2026) / 3 / 1) + std::chrono::minutes(minute);
+}
+
+/// A drag let go so far from the edge, snapped by the rule or not as that distance has it.
+inline ShadowRecord recordOf(double distance, DragFollowUp follow, std::int64_t minute = 0) {
+  ShadowRecord record;
+  record.at = atMinute(minute);
+  record.screen = "1440x900";
+  record.distance = distance;
+  record.settled = 1;
+  record.rule = distance <= 6;
+  record.follow = follow;
+  return record;
+}
+
+inline ShadowRecord undone(std::int64_t minute = 0) {
+  return recordOf(2, DragFollowUp::restoredOrMovedAway, minute);
+}
+inline ShadowRecord kept(std::int64_t minute = 0) { return recordOf(2, DragFollowUp::keptSnap, minute); }
+inline ShadowRecord redragged(std::int64_t minute = 0) {
+  return recordOf(12, DragFollowUp::draggedBackToSameEdge, minute);
+}
+inline ShadowRecord leftAlone(std::int64_t minute = 0) {
+  return recordOf(12, DragFollowUp::leftAlone, minute);
+}
+
+/// So many of each.
+inline std::vector<ShadowRecord> logOf(const std::vector<std::pair<std::size_t, ShadowRecord>>& parts) {
+  std::vector<ShadowRecord> records;
+  for (const auto& [count, record] : parts) records.insert(records.end(), count, record);
+  return records;
+}
+
+}  // namespace tilwin
