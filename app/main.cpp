@@ -2,13 +2,17 @@
 
 #include <QCoreApplication>
 #include <cstdio>
+#include <iostream>
 #include <memory>
+#include <span>
 
 #include "app/AppDelegate.h"
+#include "app/CommandLine.h"
 #include "platform/qt/QtMainQueue.h"
 #include "platform/qt/QtSystemLog.h"
 #include "platform/qt/QtUserDefaults.h"
 #include "platform/qt/StopSignals.h"
+#include "platform/qt/XdgBundle.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeys.h"
 #include "platform/x11/X11WindowProvider.h"
@@ -41,6 +45,9 @@ int runOnDesktop() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  tilwin::qt::XdgBundle bundle;
+  const std::span arguments(argv, static_cast<std::size_t>(argc));
+  if (const auto status = tilwin::CommandLine::run(arguments.subspan(1), bundle, std::cout)) return *status;
   const QCoreApplication application(argc, argv);
   try {
     return runOnDesktop();
