@@ -11,6 +11,11 @@ namespace {
 using std::chrono::microseconds;
 using std::chrono::seconds;
 
+/// Whether four digits can hold the year.
+bool isWritable(std::chrono::year year) {
+  return year >= std::chrono::year(0) && year <= std::chrono::year(9999);
+}
+
 /// What is left of a date-time while it is read from its front. Once something does not fit, all else fails.
 class Scanner {
 public:
@@ -92,7 +97,7 @@ std::optional<std::string> Iso8601::text(Date date) {
   const auto day = std::chrono::floor<std::chrono::days>(second);
   const std::chrono::year_month_day calendar(day);
   const std::chrono::hh_mm_ss time(second - day);
-  if (calendar.year() < std::chrono::year(0) || calendar.year() > std::chrono::year(9999)) return {};
+  if (!isWritable(calendar.year())) return {};
   std::array<char, 32> buffer{};
   std::snprintf(buffer.data(), buffer.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
                 static_cast<int>(calendar.year()), static_cast<unsigned>(calendar.month()),
@@ -113,7 +118,8 @@ std::optional<Date> Iso8601::parse(std::string_view text) {
   if (!scan.isDone() || !calendar.ok()) return std::nullopt;
   const Date date = std::chrono::sys_days(calendar) + minute + second + fraction - offset;
   // An offset may lead out of the years that can be written.
-  return Iso8601::text(date) ? std::optional(date) : std::nullopt;
+  const std::chrono::year_month_day inUtc(std::chrono::floor<std::chrono::days>(date));
+  return isWritable(inUtc.year()) ? std::optional(date) : std::nullopt;
 }
 
 }  // namespace tilwin

@@ -3,50 +3,40 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "core/support/JsonSource.h"
+#include "core/support/JsonTree.h"
 
 namespace tilwin {
 namespace {
 
-/// Objects by key: with keys in the order written, reading n of them would take n squared.
-using Node = nlohmann::json;
-
-/// What the library calls a number that no double can hold.
-constexpr int numberOverflow = 406;
-
-const Node& nodeAt(const std::shared_ptr<const void>& place) {
-  return *static_cast<const Node*>(place.get());
-}
+using Kind = JsonTree::Kind;
 
 std::string extended(const std::string& path, std::string_view step) {
   return path.empty() ? std::string(step) : path + "." + std::string(step);
 }
 
+bool isNumber(const JsonTree::Node& node) {
+  return node.kind == Kind::whole || node.kind == Kind::large || node.kind == Kind::fraction;
+}
+
 /// The value as a signed whole number, if it is one. 2^63 is the first float beyond them.
-std::optional<std::int64_t> whole(const Node& node) {
-  if (node.is_number_unsigned()) {
-    const auto value = node.get<std::uint64_t>();
-    if (value > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) return std::nullopt;
-    return static_cast<std::int64_t>(value);
+std::optional<std::int64_t> whole(const JsonTree::Node& node) {
+  if (node.kind == Kind::whole) return node.whole;
+  if (node.kind == Kind::large) {
+    if (node.large > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()))
+      return std::nullopt;
+    return static_cast<std::int64_t>(node.large);
   }
-  if (node.is_number_integer()) return node.get<std::int64_t>();
-  const auto value = node.get<double>();
+  const double value = node.fraction;
   if (value != std::trunc(value) || value < -0x1p63 || value >= 0x1p63) return std::nullopt;
   return static_cast<std::int64_t>(value);
 }
 
-/// One number too large must not cost the whole text: it becomes null, so that only its own field is without
-/// a value.
-Node parsed(std::string_view json) {
-  try {
-    return Node::parse(json);
-  } catch (const Node::out_of_range& error) {
-    if (error.id != numberOverflow) throw;
-    return Node::parse(JsonSource::withoutOverflows(json));
-  }
+double asDouble(const JsonTree::Node& node) {
+  if (node.kind == Kind::whole) return static_cast<double>(node.whole);
+  return node.kind == Kind::large ? static_cast<double>(node.large) : node.fraction;
 }
 
 }  // namespace
@@ -57,9 +47,9 @@ struct JsonReader::Step {
   std::size_t index;
 };
 
-JsonReader::JsonReader(std::shared_ptr<const void> node, std::shared_ptr<const Step> outer,
-                       std::string_view key, std::size_t index)
-    : node_(std::move(node)), outer_(std::move(outer)), key_(key), index_(index) {}
+JsonReader::JsonReader(std::shared_ptr<const JsonTree> tree, const Node& node,
+                       std::shared_ptr<const Step> outer, std::string_view key, std::size_t index)
+    : tree_(std::move(tree)), node_(&node), outer_(std::move(outer)), key_(key), index_(index) {}
 
 /// Paths are put together only for errors: most values are read without one.
 std::string JsonReader::path() const {
@@ -77,39 +67,39 @@ std::shared_ptr<const JsonReader::Step> JsonReader::step() const {
   return own_;
 }
 
-JsonReader JsonReader::inner(const void* node, std::string_view key, std::size_t index) const {
-  return {std::shared_ptr<const void>(node_, node), step(), key, index};
+JsonReader JsonReader::inner(const Node& node, std::string_view key, std::size_t index) const {
+  return {tree_, node, step(), key, index};
 }
 
 JsonReader JsonReader::parse(std::string_view text) {
-  try {
-    return {std::make_shared<const Node>(parsed(JsonSource::withSingleBlanks(text))), nullptr, {}, 0};
-  } catch (const Node::exception& error) {
-    throw JsonError(JsonError::Kind::notJson, "", error.what());
-  }
+  // On one line there is little to gain by leaving blanks out first.
+  const bool isOneLine = text.find('\n') == std::string_view::npos;
+  auto tree = std::make_shared<const JsonTree>(isOneLine ? text : JsonSource::withSingleBlanks(text));
+  const Node& root = tree->root();
+  return {std::move(tree), root, nullptr, {}, 0};
 }
 
 void JsonReader::fail(JsonError::Kind kind, const std::string& message) const {
   throw JsonError(kind, path(), message);
 }
 
-bool JsonReader::isNull() const { return nodeAt(node_).is_null(); }
+bool JsonReader::isNull() const { return node_->kind == Kind::null; }
 
-bool JsonReader::isObject() const { return nodeAt(node_).is_object(); }
+bool JsonReader::isObject() const { return node_->kind == Kind::object; }
 
 bool JsonReader::flag() const {
-  if (!nodeAt(node_).is_boolean()) fail(JsonError::Kind::wrongType, "true or false expected");
-  return nodeAt(node_).get<bool>();
+  if (node_->kind != Kind::flag) fail(JsonError::Kind::wrongType, "true or false expected");
+  return node_->flag;
 }
 
 double JsonReader::number() const {
-  if (!nodeAt(node_).is_number()) fail(JsonError::Kind::wrongType, "a number expected");
-  return nodeAt(node_).get<double>();
+  if (!isNumber(*node_)) fail(JsonError::Kind::wrongType, "a number expected");
+  return asDouble(*node_);
 }
 
 std::int64_t JsonReader::wholeNumber(std::int64_t least, std::int64_t most) const {
-  if (!nodeAt(node_).is_number()) fail(JsonError::Kind::wrongType, "a number expected");
-  const auto value = whole(nodeAt(node_));
+  if (!isNumber(*node_)) fail(JsonError::Kind::wrongType, "a number expected");
+  const auto value = whole(*node_);
   if (!value || *value < least || *value > most) {
     fail(JsonError::Kind::badValue,
          "a whole number from " + std::to_string(least) + " to " + std::to_string(most) + " expected");
@@ -118,16 +108,18 @@ std::int64_t JsonReader::wholeNumber(std::int64_t least, std::int64_t most) cons
 }
 
 std::string JsonReader::text() const {
-  if (!nodeAt(node_).is_string()) fail(JsonError::Kind::wrongType, "text expected");
-  return nodeAt(node_).get<std::string>();
+  if (node_->kind != Kind::text) fail(JsonError::Kind::wrongType, "text expected");
+  return std::string(tree_->textOf(*node_));
 }
 
 std::size_t JsonReader::size() const {
-  if (!nodeAt(node_).is_array()) fail(JsonError::Kind::wrongType, "an array expected");
-  return nodeAt(node_).size();
+  if (node_->kind != Kind::array) fail(JsonError::Kind::wrongType, "an array expected");
+  return node_->childCount;
 }
 
-JsonReader JsonReader::element(std::size_t index) const { return inner(&nodeAt(node_)[index], {}, index); }
+JsonReader JsonReader::element(std::size_t index) const {
+  return inner(tree_->child(*node_, index), {}, index);
+}
 
 std::vector<JsonReader> JsonReader::elements() const {
   std::vector<JsonReader> result;
@@ -136,11 +128,10 @@ std::vector<JsonReader> JsonReader::elements() const {
 }
 
 std::optional<JsonReader> JsonReader::find(std::string_view key) const {
-  const Node& node = nodeAt(node_);
-  if (!node.is_object()) fail(JsonError::Kind::wrongType, "an object expected");
-  const auto found = node.find(key);
-  if (found == node.end() || found->is_null()) return std::nullopt;
-  return inner(&*found, found.key(), 0);
+  if (!isObject()) fail(JsonError::Kind::wrongType, "an object expected");
+  const Node* const found = tree_->find(*node_, key);
+  if (found == nullptr || found->kind == Kind::null) return std::nullopt;
+  return inner(*found, tree_->keyOf(*found), 0);
 }
 
 JsonReader JsonReader::member(std::string_view key) const {
@@ -152,10 +143,11 @@ JsonReader JsonReader::member(std::string_view key) const {
 }
 
 std::vector<std::string> JsonReader::keys() const {
-  const Node& node = nodeAt(node_);
-  if (!node.is_object()) fail(JsonError::Kind::wrongType, "an object expected");
+  if (!isObject()) fail(JsonError::Kind::wrongType, "an object expected");
   std::vector<std::string> result;
-  for (const auto& item : node.items()) result.push_back(item.key());
+  result.reserve(node_->childCount);
+  for (std::size_t index = 0; index < node_->childCount; ++index)
+    result.emplace_back(tree_->keyOf(tree_->child(*node_, index)));
   return result;
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/support/JsonError.h"
+#include "core/support/JsonTree.h"
 
 namespace tilwin {
 
@@ -44,16 +45,18 @@ public:
 private:
   /// A key or an index, and the way to the value that has it; none around the whole text.
   struct Step;
-  JsonReader(std::shared_ptr<const void> node, std::shared_ptr<const Step> outer, std::string_view key,
-             std::size_t index);
+  using Node = JsonTree::Node;
+  JsonReader(std::shared_ptr<const JsonTree> tree, const Node& node, std::shared_ptr<const Step> outer,
+             std::string_view key, std::size_t index);
 
   [[nodiscard]] std::shared_ptr<const Step> step() const;
-  [[nodiscard]] JsonReader inner(const void* node, std::string_view key, std::size_t index) const;
+  [[nodiscard]] JsonReader inner(const Node& node, std::string_view key, std::size_t index) const;
   [[nodiscard]] std::string path() const;
 
-  std::shared_ptr<const void> node_;         ///< shares the document, points at the value
+  std::shared_ptr<const JsonTree> tree_;
+  const Node* node_;                         ///< in the tree
   std::shared_ptr<const Step> outer_;        ///< null at the top
-  std::string_view key_;                     ///< lives in the document
+  std::string_view key_;                     ///< lives in the tree
   std::size_t index_;                        ///< counts where there is no key
   mutable std::shared_ptr<const Step> own_;  ///< made when the first inner value needs it
 };

@@ -116,6 +116,7 @@ std::optional<std::string> LineFile::read(const fs::path& path) {
   // One byte more, to see whether the part begins where a line does.
   const off_t start = std::max<off_t>(sizeOf(descriptor) - static_cast<off_t>(mostRead) - 1, 0);
   std::string content;
+  content.reserve(static_cast<std::size_t>(sizeOf(descriptor) - start));
   if (!readFrom(descriptor, start, [&](std::string_view block) { content += block; })) return std::nullopt;
   if (start > 0) content.erase(0, std::min(content.find('\n'), content.size() - 1) + 1);
   return content;

@@ -41,6 +41,35 @@ TEST(DragModelTrust, NeedsTwoAndAHalfStandardErrors) {
   EXPECT_TRUE(isGained(62.51, 37.49));
 }
 
+/// A score that one lesson's fading makes exactly this.
+double fadingTo(double score) {
+  double before = score / 0.999;
+  while (before * 0.999 < score) before = std::nextafter(before, 1e9);
+  while (before * 0.999 > score) before = std::nextafter(before, 0);
+  EXPECT_EQ(before * 0.999, score);
+  return before;
+}
+
+TEST(DragModelTrust, IsGainedByExactlyTwoAndAHalfStandardErrors) {
+  // 25.5 to 10.5: fifteen ahead, over a root of six.
+  DragIntentModel model = sureOfSnapping();
+  model.updates = 40;
+  model.ruleOnlyRight = fadingTo(10.5);
+  model.learn(releasedAt(12), true, 25.5);
+  ASSERT_EQ(model.evidence(), 2.5);
+  EXPECT_TRUE(model.isTrusted());
+}
+
+TEST(DragModelTrust, IsKeptAtExactlyHalfAStandardErrorBehind) {
+  // Of sixteen, two behind.
+  DragIntentModel model = sureOfSnapping();
+  model.trusted = true;
+  model.modelOnlyRight = fadingTo(7);
+  model.learn(releasedAt(12), false, 9);
+  ASSERT_EQ(model.evidence(), -0.5);
+  EXPECT_TRUE(model.isTrusted());
+}
+
 TEST(DragModelTrust, NeedsFortyLessonsBeforeTheOneThatGivesIt) {
   EXPECT_FALSE(isGained(25, 1, 39));
   EXPECT_TRUE(isGained(25, 1, 40));

@@ -1,0 +1,137 @@
+#include "core/support/JsonTree.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "core/support/JsonError.h"
+#include "core/support/JsonSource.h"
+
+namespace tilwin {
+namespace {
+
+/// What the library calls a number that no double can hold.
+constexpr int numberOverflow = 406;
+
+}  // namespace
+
+/// Told by the library what comes in the text, one thing after another.
+class JsonTree::Builder final : public nlohmann::json_sax<nlohmann::json> {
+public:
+  explicit Builder(JsonTree& tree) : tree_(tree) {}
+
+  bool read(std::string_view json) { return nlohmann::json::sax_parse(json.begin(), json.end(), this); }
+  [[nodiscard]] bool foundOverflow() const { return error_ == numberOverflow; }
+  [[noreturn]] void fail() const { throw JsonError(JsonError::Kind::notJson, "", message_); }
+
+  bool null() override { return add({}); }
+  bool boolean(bool value) override { return add({.kind = Kind::flag, .flag = value}); }
+  bool number_integer(number_integer_t value) override { return add({.kind = Kind::whole, .whole = value}); }
+  bool number_unsigned(number_unsigned_t value) override {
+    return add({.kind = Kind::large, .large = value});
+  }
+  bool number_float(number_float_t value, const string_t& /*written*/) override {
+    return add({.kind = Kind::fraction, .fraction = value});
+  }
+  bool string(string_t& value) override {
+    return add({.kind = Kind::text, .text = keep(value), .textSize = value.size()});
+  }
+  bool binary(binary_t& /*value*/) override { return false; }
+  bool key(string_t& value) override {
+    key_ = keep(value);
+    keySize_ = value.size();
+    return true;
+  }
+  bool start_array(std::size_t /*count*/) override { return open(Kind::array); }
+  bool start_object(std::size_t /*count*/) override { return open(Kind::object); }
+  bool end_array() override { return close(inOpen_.begin() + firstInOpen()); }
+  bool end_object() override {
+    const auto first = inOpen_.begin() + firstInOpen();
+    const auto precedes = [this](std::size_t one, std::size_t other) { return keyOf(one) < keyOf(other); };
+    if (!std::is_sorted(first, inOpen_.end(), precedes)) std::stable_sort(first, inOpen_.end(), precedes);
+    // Of equal keys the last one counts: seen from the back it is the first.
+    const auto kept =
+        std::unique(inOpen_.rbegin(), std::make_reverse_iterator(first),
+                    [this](std::size_t one, std::size_t other) { return keyOf(one) == keyOf(other); });
+    return close(kept.base());
+  }
+  bool parse_error(std::size_t /*position*/, const std::string& /*last*/,
+                   const nlohmann::json::exception& error) override {
+    error_ = error.id;
+    message_ = error.what();
+    return false;
+  }
+
+private:
+  [[nodiscard]] std::string_view keyOf(std::size_t node) const { return tree_.keyOf(tree_.nodes_[node]); }
+  [[nodiscard]] std::ptrdiff_t firstInOpen() const {
+    return static_cast<std::ptrdiff_t>(opened_.back().firstChild);
+  }
+
+  std::size_t keep(const std::string& text) {
+    tree_.texts_ += text;
+    return tree_.texts_.size() - text.size();
+  }
+
+  bool add(Node node) {
+    node.key = std::exchange(key_, 0);
+    node.keySize = std::exchange(keySize_, 0);
+    inOpen_.push_back(tree_.nodes_.size());
+    tree_.nodes_.push_back(node);
+    return true;
+  }
+
+  bool open(Kind kind) {
+    add({.kind = kind});
+    opened_.push_back({tree_.nodes_.size() - 1, inOpen_.size()});
+    return true;
+  }
+
+  /// Gives the innermost open value its children, from this one on.
+  bool close(std::vector<std::size_t>::iterator from) {
+    Node& node = tree_.nodes_[opened_.back().node];
+    node.children = tree_.children_.size();
+    node.childCount = static_cast<std::size_t>(inOpen_.end() - from);
+    tree_.children_.insert(tree_.children_.end(), from, inOpen_.end());
+    inOpen_.resize(opened_.back().firstChild);
+    opened_.pop_back();
+    return true;
+  }
+
+  struct Open {
+    std::size_t node;
+    std::size_t firstChild;  ///< in `inOpen_`
+  };
+
+  JsonTree& tree_;
+  std::vector<std::size_t> inOpen_;  ///< children so far of every open value, the innermost one's last
+  std::vector<Open> opened_;
+  std::size_t key_ = 0;  ///< of the next value
+  std::size_t keySize_ = 0;
+  int error_ = 0;
+  std::string message_;
+};
+
+JsonTree::JsonTree(std::string_view json) {
+  constexpr std::size_t usualSizeOfAValue = 16;
+  nodes_.reserve(json.size() / usualSizeOfAValue + 1);
+  texts_.reserve(json.size());
+  Builder first(*this);
+  if (first.read(json)) return;
+  if (!first.foundOverflow()) first.fail();
+  // One number too large must not cost the whole text, only its own field.
+  *this = JsonTree();
+  Builder second(*this);
+  if (!second.read(JsonSource::withoutOverflows(json))) second.fail();
+}
+
+const JsonTree::Node* JsonTree::find(const Node& object, std::string_view key) const {
+  const auto first = children_.begin() + static_cast<std::ptrdiff_t>(object.children);
+  const auto last = first + static_cast<std::ptrdiff_t>(object.childCount);
+  const auto found = std::lower_bound(first, last, key, [this](std::size_t child, std::string_view wanted) {
+    return keyOf(nodes_[child]) < wanted;
+  });
+  return found != last && keyOf(nodes_[*found]) == key ? &nodes_[*found] : nullptr;
+}
+
+}  // namespace tilwin
