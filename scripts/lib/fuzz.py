@@ -10,8 +10,9 @@ import os
 import re
 import subprocess
 import sys
-import xml.etree.ElementTree as xml
 from pathlib import Path
+
+import googletest_xml
 
 ROOT = Path(__file__).resolve().parents[2]
 # An input is at most some kilobytes: what takes that long or that much grows faster than it.
@@ -53,24 +54,10 @@ def _failure(status, output):
            f"the input is {kept.group(1) if kept else 'not kept'}"
 
 
-def _write_result(name, failure):
-    """One test case, as GoogleTest would write it."""
-    kind, _, path = os.environ.get("GTEST_OUTPUT", "").partition(":")
-    if kind != "xml":
-        return
-    suites = xml.Element("testsuites")
-    case = xml.SubElement(xml.SubElement(suites, "testsuite", name="Fuzz"), "testcase", name=name, classname="Fuzz",
-                          status="run")
-    if failure:
-        xml.SubElement(case, "failure", message=failure)
-    _folder(Path(path).parent)
-    xml.ElementTree(suites).write(path)
-
-
 def main(build, name, seconds):
     status, output = _watched(_command(Path(build).resolve(), name, seconds))
     failure = _failure(status, output)
-    _write_result(name, failure)
+    googletest_xml.write("Fuzz", [(name, failure)])
     executions = re.search(r"stat::number_of_executed_units:\s*(\d+)", output)
     print(f"fuzz {name}: {executions.group(1) if executions else 'unknown'} executions; {failure or 'nothing found'}")
     return 1 if failure else 0
