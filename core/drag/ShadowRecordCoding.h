@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <tuple>
 
 #include "core/drag/ShadowRecord.h"
@@ -13,9 +14,10 @@ namespace tilwin {
 template <>
 struct JsonCoding<DragFollowUp> {
   static DragFollowUp decode(const JsonReader& reader) {
-    const std::string name = reader.text();
+    const std::string_view name = reader.textView();
     const auto followUp = DragFollowUps::fromRawValue(name);
-    if (!followUp) reader.fail(JsonError::Kind::badValue, "no follow-up is called \"" + name + "\"");
+    if (!followUp)
+      reader.fail(JsonError::Kind::badValue, "no follow-up is called \"" + std::string(name) + "\"");
     return *followUp;
   }
   static JsonValue encode(DragFollowUp followUp) { return JsonValue::of(DragFollowUps::rawValue(followUp)); }

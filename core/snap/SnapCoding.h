@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <tuple>
 
 #include "core/snap/GridRegion.h"
@@ -22,9 +23,9 @@ struct JsonFields<GridRegion> {
 template <>
 struct JsonCoding<SnapAction> {
   static SnapAction decode(const JsonReader& reader) {
-    const std::string name = reader.text();
+    const std::string_view name = reader.textView();
     const auto action = SnapActions::fromRawValue(name);
-    if (!action) reader.fail(JsonError::Kind::badValue, "no action is called \"" + name + "\"");
+    if (!action) reader.fail(JsonError::Kind::badValue, "no action is called \"" + std::string(name) + "\"");
     return *action;
   }
   static JsonValue encode(SnapAction action) { return JsonValue::of(SnapActions::rawValue(action)); }

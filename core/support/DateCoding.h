@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "core/support/Date.h"
 #include "core/support/JsonCoding.h"
@@ -11,9 +12,10 @@ namespace tilwin {
 template <>
 struct JsonCoding<Date> {
   static Date decode(const JsonReader& reader) {
-    const std::string text = reader.text();
+    const std::string_view text = reader.textView();
     const auto date = Iso8601::parse(text);
-    if (!date) reader.fail(JsonError::Kind::badValue, "\"" + text + "\" is not an ISO 8601 date");
+    if (!date)
+      reader.fail(JsonError::Kind::badValue, "\"" + std::string(text) + "\" is not an ISO 8601 date");
     return *date;
   }
   static JsonValue encode(Date date) {

@@ -13,74 +13,33 @@ namespace {
 
 using Kind = JsonTree::Kind;
 
-std::string extended(const std::string& path, std::string_view step) {
-  return path.empty() ? std::string(step) : path + "." + std::string(step);
-}
-
-bool isNumber(const JsonTree::Node& node) {
-  return node.kind == Kind::whole || node.kind == Kind::large || node.kind == Kind::fraction;
-}
+bool isNumber(const JsonTree::Node& node) { return node.kind == Kind::whole || node.kind == Kind::fraction; }
 
 /// The value as a signed whole number, if it is one. 2^63 is the first float beyond them.
 std::optional<std::int64_t> whole(const JsonTree::Node& node) {
   if (node.kind == Kind::whole) return node.whole;
-  if (node.kind == Kind::large) {
-    if (node.large > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()))
-      return std::nullopt;
-    return static_cast<std::int64_t>(node.large);
-  }
   const double value = node.fraction;
   if (value != std::trunc(value) || value < -0x1p63 || value >= 0x1p63) return std::nullopt;
   return static_cast<std::int64_t>(value);
 }
 
-double asDouble(const JsonTree::Node& node) {
-  if (node.kind == Kind::whole) return static_cast<double>(node.whole);
-  return node.kind == Kind::large ? static_cast<double>(node.large) : node.fraction;
-}
-
 }  // namespace
 
-struct JsonReader::Step {
-  std::shared_ptr<const Step> outer;
-  std::string_view key;
-  std::size_t index;
-};
+JsonReader::JsonReader(std::shared_ptr<const JsonTree> tree, const JsonTree::Node& node)
+    : tree_(std::move(tree)), node_(&node) {}
 
-JsonReader::JsonReader(std::shared_ptr<const JsonTree> tree, const Node& node,
-                       std::shared_ptr<const Step> outer, std::string_view key, std::size_t index)
-    : tree_(std::move(tree)), node_(&node), outer_(std::move(outer)), key_(key), index_(index) {}
-
-/// Paths are put together only for errors: most values are read without one.
-std::string JsonReader::path() const {
-  std::vector<std::string> steps;
-  for (const Step* each = step().get(); each->outer != nullptr; each = each->outer.get())
-    steps.push_back(each->key.data() == nullptr ? std::to_string(each->index) : std::string(each->key));
-  std::reverse(steps.begin(), steps.end());
-  std::string result;
-  for (const std::string& each : steps) result = extended(result, each);
-  return result;
-}
-
-std::shared_ptr<const JsonReader::Step> JsonReader::step() const {
-  if (!own_) own_ = std::make_shared<const Step>(Step{outer_, key_, index_});
-  return own_;
-}
-
-JsonReader JsonReader::inner(const Node& node, std::string_view key, std::size_t index) const {
-  return {tree_, node, step(), key, index};
-}
+JsonReader JsonReader::inner(const JsonTree::Node& node) const { return {tree_, node}; }
 
 JsonReader JsonReader::parse(std::string_view text) {
   // On one line there is little to gain by leaving blanks out first.
   const bool isOneLine = text.find('\n') == std::string_view::npos;
   auto tree = std::make_shared<const JsonTree>(isOneLine ? text : JsonSource::withSingleBlanks(text));
-  const Node& root = tree->root();
-  return {std::move(tree), root, nullptr, {}, 0};
+  const JsonTree::Node& root = tree->root();
+  return {std::move(tree), root};
 }
 
 void JsonReader::fail(JsonError::Kind kind, const std::string& message) const {
-  throw JsonError(kind, path(), message);
+  throw JsonError(kind, tree_->pathTo(*node_), message);
 }
 
 bool JsonReader::isNull() const { return node_->kind == Kind::null; }
@@ -94,7 +53,7 @@ bool JsonReader::flag() const {
 
 double JsonReader::number() const {
   if (!isNumber(*node_)) fail(JsonError::Kind::wrongType, "a number expected");
-  return asDouble(*node_);
+  return node_->kind == Kind::whole ? static_cast<double>(node_->whole) : node_->fraction;
 }
 
 std::int64_t JsonReader::wholeNumber(std::int64_t least, std::int64_t most) const {
@@ -107,19 +66,19 @@ std::int64_t JsonReader::wholeNumber(std::int64_t least, std::int64_t most) cons
   return *value;
 }
 
-std::string JsonReader::text() const {
+std::string JsonReader::text() const { return std::string(textView()); }
+
+std::string_view JsonReader::textView() const {
   if (node_->kind != Kind::text) fail(JsonError::Kind::wrongType, "text expected");
-  return std::string(tree_->textOf(*node_));
+  return tree_->textOf(*node_);
 }
 
 std::size_t JsonReader::size() const {
   if (node_->kind != Kind::array) fail(JsonError::Kind::wrongType, "an array expected");
-  return node_->childCount;
+  return node_->size;
 }
 
-JsonReader JsonReader::element(std::size_t index) const {
-  return inner(tree_->child(*node_, index), {}, index);
-}
+JsonReader JsonReader::element(std::size_t index) const { return inner(tree_->child(*node_, index)); }
 
 std::vector<JsonReader> JsonReader::elements() const {
   std::vector<JsonReader> result;
@@ -129,15 +88,17 @@ std::vector<JsonReader> JsonReader::elements() const {
 
 std::optional<JsonReader> JsonReader::find(std::string_view key) const {
   if (!isObject()) fail(JsonError::Kind::wrongType, "an object expected");
-  const Node* const found = tree_->find(*node_, key);
+  const auto* const found = tree_->find(*node_, key);
   if (found == nullptr || found->kind == Kind::null) return std::nullopt;
-  return inner(*found, tree_->keyOf(*found), 0);
+  return inner(*found);
 }
 
 JsonReader JsonReader::member(std::string_view key) const {
   auto found = find(key);
   if (!found) {
-    throw JsonError(JsonError::Kind::missingKey, extended(path(), key), "a value expected, nothing there");
+    const std::string path = tree_->pathTo(*node_);
+    throw JsonError(JsonError::Kind::missingKey, (path.empty() ? "" : path + ".") + std::string(key),
+                    "a value expected, nothing there");
   }
   return *std::move(found);
 }
@@ -145,8 +106,8 @@ JsonReader JsonReader::member(std::string_view key) const {
 std::vector<std::string> JsonReader::keys() const {
   if (!isObject()) fail(JsonError::Kind::wrongType, "an object expected");
   std::vector<std::string> result;
-  result.reserve(node_->childCount);
-  for (std::size_t index = 0; index < node_->childCount; ++index)
+  result.reserve(node_->size);
+  for (std::size_t index = 0; index < node_->size; ++index)
     result.emplace_back(tree_->keyOf(tree_->child(*node_, index)));
   return result;
 }

@@ -28,6 +28,8 @@ public:
   /// A number without a fraction, within the bounds.
   [[nodiscard]] std::int64_t wholeNumber(std::int64_t least, std::int64_t most) const;
   [[nodiscard]] std::string text() const;
+  /// The same, for as long as the reader lives.
+  [[nodiscard]] std::string_view textView() const;
   [[nodiscard]] std::vector<JsonReader> elements() const;
   /// How many elements an array has, and one of them.
   [[nodiscard]] std::size_t size() const;
@@ -43,22 +45,11 @@ public:
   [[noreturn]] void fail(JsonError::Kind kind, const std::string& message) const;
 
 private:
-  /// A key or an index, and the way to the value that has it; none around the whole text.
-  struct Step;
-  using Node = JsonTree::Node;
-  JsonReader(std::shared_ptr<const JsonTree> tree, const Node& node, std::shared_ptr<const Step> outer,
-             std::string_view key, std::size_t index);
-
-  [[nodiscard]] std::shared_ptr<const Step> step() const;
-  [[nodiscard]] JsonReader inner(const Node& node, std::string_view key, std::size_t index) const;
-  [[nodiscard]] std::string path() const;
+  JsonReader(std::shared_ptr<const JsonTree> tree, const JsonTree::Node& node);
+  [[nodiscard]] JsonReader inner(const JsonTree::Node& node) const;
 
   std::shared_ptr<const JsonTree> tree_;
-  const Node* node_;                         ///< in the tree
-  std::shared_ptr<const Step> outer_;        ///< null at the top
-  std::string_view key_;                     ///< lives in the tree
-  std::size_t index_;                        ///< counts where there is no key
-  mutable std::shared_ptr<const Step> own_;  ///< made when the first inner value needs it
+  const JsonTree::Node* node_;  ///< in the tree
 };
 
 }  // namespace tilwin

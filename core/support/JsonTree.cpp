@@ -1,6 +1,7 @@
 #include "core/support/JsonTree.h"
 
 #include <algorithm>
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <utility>
 
@@ -28,13 +29,15 @@ public:
   bool boolean(bool value) override { return add({.kind = Kind::flag, .flag = value}); }
   bool number_integer(number_integer_t value) override { return add({.kind = Kind::whole, .whole = value}); }
   bool number_unsigned(number_unsigned_t value) override {
-    return add({.kind = Kind::large, .large = value});
+    if (value > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()))
+      return add({.kind = Kind::fraction, .fraction = static_cast<double>(value)});
+    return add({.kind = Kind::whole, .whole = static_cast<std::int64_t>(value)});
   }
   bool number_float(number_float_t value, const string_t& /*written*/) override {
     return add({.kind = Kind::fraction, .fraction = value});
   }
   bool string(string_t& value) override {
-    return add({.kind = Kind::text, .text = keep(value), .textSize = value.size()});
+    return add({.kind = Kind::text, .size = value.size(), .start = keep(value)});
   }
   bool binary(binary_t& /*value*/) override { return false; }
   bool key(string_t& value) override {
@@ -76,6 +79,10 @@ private:
   bool add(Node node) {
     node.key = std::exchange(key_, 0);
     node.keySize = std::exchange(keySize_, 0);
+    if (!opened_.empty()) {
+      node.parent = opened_.back().node;
+      node.index = inOpen_.size() - opened_.back().firstChild;
+    }
     inOpen_.push_back(tree_.nodes_.size());
     tree_.nodes_.push_back(node);
     return true;
@@ -90,8 +97,8 @@ private:
   /// Gives the innermost open value its children, from this one on.
   bool close(std::vector<std::size_t>::iterator from) {
     Node& node = tree_.nodes_[opened_.back().node];
-    node.children = tree_.children_.size();
-    node.childCount = static_cast<std::size_t>(inOpen_.end() - from);
+    node.start = tree_.children_.size();
+    node.size = static_cast<std::size_t>(inOpen_.end() - from);
     tree_.children_.insert(tree_.children_.end(), from, inOpen_.end());
     inOpen_.resize(opened_.back().firstChild);
     opened_.pop_back();
@@ -125,9 +132,19 @@ JsonTree::JsonTree(std::string_view json) {
   if (!second.read(JsonSource::withoutOverflows(json))) second.fail();
 }
 
+std::string JsonTree::pathTo(const Node& node) const {
+  std::vector<std::string> steps;
+  for (const Node* each = &node; each != &root(); each = &nodes_[each->parent])
+    steps.push_back(nodes_[each->parent].kind == Kind::object ? std::string(keyOf(*each))
+                                                              : std::to_string(each->index));
+  std::string path;
+  for (auto step = steps.rbegin(); step != steps.rend(); ++step) path += (path.empty() ? "" : ".") + *step;
+  return path;
+}
+
 const JsonTree::Node* JsonTree::find(const Node& object, std::string_view key) const {
-  const auto first = children_.begin() + static_cast<std::ptrdiff_t>(object.children);
-  const auto last = first + static_cast<std::ptrdiff_t>(object.childCount);
+  const auto first = children_.begin() + static_cast<std::ptrdiff_t>(object.start);
+  const auto last = first + static_cast<std::ptrdiff_t>(object.size);
   const auto found = std::lower_bound(first, last, key, [this](std::size_t child, std::string_view wanted) {
     return keyOf(nodes_[child]) < wanted;
   });

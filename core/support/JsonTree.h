@@ -14,34 +14,34 @@ namespace tilwin {
 /// otherwise take most of its time for making and freeing them.
 class JsonTree {
 public:
-  enum class Kind : std::uint8_t { null, flag, whole, large, fraction, text, array, object };
+  enum class Kind : std::uint8_t { null, flag, whole, fraction, text, array, object };
 
   struct Node {
     Kind kind = Kind::null;
     bool flag = false;
-    std::int64_t whole = 0;   ///< for `whole`
-    std::uint64_t large = 0;  ///< for `large`: a whole number that may be beyond the signed ones
-    double fraction = 0;
-    // Places in what the tree keeps.
-    std::size_t text = 0;
-    std::size_t textSize = 0;
-    std::size_t key = 0;
+    std::int64_t whole = 0;  ///< a number written without a fraction, if it is one that fits
+    double fraction = 0;     ///< any other number
+    std::size_t size = 0;    ///< bytes of a text, or values in an array or object
+    std::size_t start = 0;   ///< where the tree keeps these
+    std::size_t key = 0;     ///< where it keeps the key of a member
     std::size_t keySize = 0;
-    std::size_t children = 0;
-    std::size_t childCount = 0;
+    std::size_t parent = 0;  ///< number of the node it is in; the root is in itself
+    std::size_t index = 0;   ///< among the parent's values, as they came
   };
 
   /// Throws `JsonError` for what is not JSON. A number that no double can hold is read as null.
   explicit JsonTree(std::string_view json);
 
   [[nodiscard]] const Node& root() const { return nodes_.front(); }
-  [[nodiscard]] std::string_view textOf(const Node& node) const { return kept(node.text, node.textSize); }
+  [[nodiscard]] std::string_view textOf(const Node& node) const { return kept(node.start, node.size); }
   /// The key of a member of an object.
   [[nodiscard]] std::string_view keyOf(const Node& node) const { return kept(node.key, node.keySize); }
   /// Of an array in order; of an object by key, and of a key that comes twice the last only.
   [[nodiscard]] const Node& child(const Node& of, std::size_t index) const {
-    return nodes_[children_[of.children + index]];
+    return nodes_[children_[of.start + index]];
   }
+  /// The keys and indexes that lead to the value, such as "slots.2.rect"; empty for the root.
+  [[nodiscard]] std::string pathTo(const Node& node) const;
   /// The value under a key of an object; null when there is none.
   [[nodiscard]] const Node* find(const Node& object, std::string_view key) const;
 
