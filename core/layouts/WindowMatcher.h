@@ -28,7 +28,7 @@ public:
 
 private:
   struct Candidate {
-    const WindowInfo* window;
+    const WindowInfo* window = nullptr;
     std::optional<std::string> titleKey{};  ///< folded when first asked for
   };
   /// Candidates by the folded form of one of their texts, frontmost first.

@@ -44,8 +44,8 @@ class Draft {
 public:
   /// Until it has its final permissions the draft is the user's alone: whoever could open it before would see
   /// what is written later.
-  Draft(const fs::path& target, std::optional<mode_t> permissions)
-      : path_(target), file_(create(permissions ? ownerOnly : usual)) {
+  Draft(fs::path target, std::optional<mode_t> permissions)
+      : path_(std::move(target)), file_(create(permissions ? ownerOnly : usual)) {
     if (permissions && ::fchmod(file_.number(), *permissions) != 0) abandon("cannot set permissions");
   }
   Draft(const Draft&) = delete;

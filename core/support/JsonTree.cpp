@@ -134,11 +134,13 @@ JsonTree::JsonTree(std::string_view json) {
 
 std::string JsonTree::pathTo(const Node& node) const {
   std::vector<std::string> steps;
-  for (const Node* each = &node; each != &root(); each = &nodes_[each->parent])
-    steps.push_back(nodes_[each->parent].kind == Kind::object ? std::string(keyOf(*each))
-                                                              : std::to_string(each->index));
+  for (const Node* each = &node; each != &root(); each = &nodes_[each->parent]) {
+    const bool isMember = nodes_[each->parent].kind == Kind::object;
+    steps.push_back(isMember ? std::string(keyOf(*each)) : std::to_string(each->index));
+  }
+  std::reverse(steps.begin(), steps.end());
   std::string path;
-  for (auto step = steps.rbegin(); step != steps.rend(); ++step) path += (path.empty() ? "" : ".") + *step;
+  for (const std::string& step : steps) path += (path.empty() ? "" : ".") + step;
   return path;
 }
 

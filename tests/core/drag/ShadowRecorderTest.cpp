@@ -1,9 +1,6 @@
 #include "core/drag/ShadowRecorder.h"
 
-#include <gmock/gmock.h>
-
-#include <chrono>
-#include <vector>
+#include "tests/core/drag/Recording.h"
 
 namespace tilwin {
 namespace {
@@ -12,39 +9,6 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-constexpr std::int64_t window = 7;
-constexpr std::int64_t otherWindow = 8;
-
-struct RecordList final : ShadowSink {
-  void append(const ShadowRecord& record) override { records.push_back(record); }
-  std::vector<ShadowRecord> records;
-};
-
-/// A recorder on a clock that stands until it is moved.
-struct Recording : testing::Test {
-  std::shared_ptr<RecordList> log = std::make_shared<RecordList>();
-  Date now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1) + 14h + 7min;
-  ShadowRecorder recorder{log, [this] { return now; }};
-
-  void release(std::int64_t windowID, double distance, std::optional<SnapAction> snapped,
-               std::optional<SnapAction> intended = std::nullopt) {
-    recorder.release(windowID, {.distance = distance, .settled = 1}, {1440, 900}, snapped, intended);
-  }
-  void snap() { release(window, 3, SnapAction::leftHalf, SnapAction::leftHalf); }
-  void missTheSnap() { release(window, 15, std::nullopt, SnapAction::leftHalf); }
-  void wait(std::chrono::microseconds time) { now += time; }
-
-  [[nodiscard]] std::vector<DragFollowUp> followUps() const {
-    std::vector<DragFollowUp> result;
-    for (const ShadowRecord& record : log->records) result.push_back(record.follow);
-    return result;
-  }
-  [[nodiscard]] ShadowRecord onlyRecord() const {
-    EXPECT_THAT(log->records, SizeIs(1));
-    return log->records.empty() ? ShadowRecord{} : log->records.front();
-  }
-};
 
 TEST_F(Recording, HoldsADragThatEndedWithinTheModelsReachAndNoOther) {
   release(window, 24.0, std::nullopt);
@@ -98,98 +62,6 @@ TEST_F(Recording, RecordsNoZoneWhereThereWasNone) {
   release(window, 20, std::nullopt);
   recorder.flush();
   EXPECT_EQ(onlyRecord().zone, std::nullopt);
-}
-
-TEST_F(Recording, OfASnapWhoseWindowIsDraggedAgainWithinFourSecondsSaysMovedAway) {
-  snap();
-  wait(4s);
-  recorder.dragMoved(window);
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::restoredOrMovedAway));
-  EXPECT_EQ(recorder.pendingCount(), 0U);
-}
-
-TEST_F(Recording, OfASnapWhoseWindowIsDraggedAgainLaterSaysKept) {
-  snap();
-  wait(4s + 1us);
-  recorder.dragMoved(window);
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::keptSnap));
-}
-
-TEST_F(Recording, OfASnapLeftForFourSecondsSaysKeptAtTheNextTick) {
-  snap();
-  wait(4s);
-  recorder.tick();
-  EXPECT_THAT(log->records, IsEmpty());
-  wait(1us);
-  recorder.tick();
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::keptSnap));
-  recorder.tick();
-  EXPECT_THAT(log->records, SizeIs(1));
-}
-
-TEST_F(Recording, OfASnapThatIsRestoredSaysSo) {
-  snap();
-  recorder.actionPerformed(window, SnapAction::restore);
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::restoredOrMovedAway));
-}
-
-TEST_F(Recording, OfASnapWithAnyOtherActionAfterItWaitsOn) {
-  snap();
-  recorder.actionPerformed(window, SnapAction::leftHalf);
-  recorder.actionPerformed(window, SnapAction::maximize);
-  EXPECT_EQ(recorder.pendingCount(), 1U);
-  wait(5s);
-  recorder.tick();
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::keptSnap));
-}
-
-TEST_F(Recording, OfASnapThatIsRestoredTooLateSaysKept) {
-  snap();
-  wait(4s + 1us);
-  recorder.actionPerformed(window, SnapAction::restore);
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::keptSnap));
-}
-
-TEST_F(Recording, OfAMissedSnapThatIsMadeWithinFourSecondsSaysDraggedBack) {
-  missTheSnap();
-  wait(4s);
-  recorder.actionPerformed(window, SnapAction::leftHalf);
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::draggedBackToSameEdge));
-  EXPECT_FALSE(onlyRecord().rule);
-}
-
-TEST_F(Recording, OfAMissedSnapThatIsMadeTooLateSaysLeftAlone) {
-  missTheSnap();
-  wait(4s + 1us);
-  recorder.actionPerformed(window, SnapAction::leftHalf);
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::leftAlone));
-}
-
-TEST_F(Recording, OfAMissedSnapWithAnotherActionAfterItWaitsOn) {
-  missTheSnap();
-  recorder.actionPerformed(window, SnapAction::rightHalf);
-  recorder.actionPerformed(window, SnapAction::restore);
-  EXPECT_EQ(recorder.pendingCount(), 1U);
-  wait(4s + 1us);
-  recorder.tick();
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::leftAlone));
-}
-
-TEST_F(Recording, OfADragWithoutAZoneIsAnsweredByNoAction) {
-  release(window, 20, std::nullopt);
-  for (const SnapAction action : SnapActions::all()) recorder.actionPerformed(window, action);
-  EXPECT_EQ(recorder.pendingCount(), 1U);
-}
-
-TEST_F(Recording, OfAMissedSnapWaitsThroughTheNextDragWhichMayYetEndThere) {
-  missTheSnap();
-  recorder.dragMoved(window);
-  EXPECT_EQ(recorder.pendingCount(), 1U);
-  // A drag that snaps performs the action first and is released after.
-  recorder.actionPerformed(window, SnapAction::leftHalf);
-  snap();
-  recorder.flush();
-  EXPECT_THAT(followUps(), ElementsAre(DragFollowUp::draggedBackToSameEdge, DragFollowUp::keptSnap));
 }
 
 TEST_F(Recording, ClosesADragWhenTheSameWindowIsReleasedOnceMore) {
