@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "bench/drag/DragSimulation.h"
+#include "core/drag/ShadowSummary.h"
+
+namespace tilwin {
+
+/// What the report says to one kind of user after so many drags, over many users of that kind.
+struct VerdictRow {
+  static constexpr std::size_t kinds = std::variant_size_v<ShadowSummary::Verdict>;
+
+  std::size_t user = 0;               ///< in `SimulatedUser::all`
+  std::size_t drags = 0;              ///< in each log
+  std::array<int, kinds> verdicts{};  ///< how many users were told each, in the order of `Verdict`
+  int users = 0;
+  double evidence = 0;  ///< for the model, the mean in standard errors
+
+  bool operator==(const VerdictRow&) const = default;
+
+  template <typename Verdict>
+  [[nodiscard]] double share() const {
+    return static_cast<double>(verdicts[ShadowSummary::Verdict(Verdict{}).index()]) / users;
+  }
+};
+
+struct VerdictTable {
+  static constexpr std::array<std::size_t, 4> allDrags{50, 200, 1000, 4000};
+  static constexpr int allSeeds = 200;
+  /// In the order of `Verdict`.
+  static constexpr std::array<std::string_view, VerdictRow::kinds> names{
+      "not enough drags", "too few corrections", "model would help", "rule is better", "no clear difference"};
+
+  /// One row for each number of drags, which increase: each user's log is looked at as it grows.
+  [[nodiscard]] static std::vector<VerdictRow> of(std::size_t user, std::span<const std::size_t> drags,
+                                                  int seeds, DragSimulation::SnapsBy by);
+  /// As a table in Markdown.
+  [[nodiscard]] static std::string markdown(const std::vector<VerdictRow>& rows);
+};
+
+}  // namespace tilwin
