@@ -3,11 +3,12 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
-#include <cstdlib>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "bench/core/BenchFolder.h"
 #include "core/layouts/LayoutPlanner.h"
 #include "core/layouts/LayoutsFile.h"
 
@@ -73,20 +74,15 @@ void capture(benchmark::State& state) {
 class StoreFile {
 public:
   explicit StoreFile(std::int64_t layouts) {
-    std::string name = (std::filesystem::temp_directory_path() / "tilwin-bench-XXXXXX").string();
-    folder_ = ::mkdtemp(name.data());
     LayoutStore store;
     for (; layouts > 0; --layouts) store.save(layout(12));
     store.write(path());
   }
-  StoreFile(const StoreFile&) = delete;
-  StoreFile& operator=(const StoreFile&) = delete;
-  ~StoreFile() { std::filesystem::remove_all(folder_); }
 
-  [[nodiscard]] std::filesystem::path path() const { return folder_ / "layouts.json"; }
+  [[nodiscard]] std::filesystem::path path() const { return folder_.file("layouts.json"); }
 
 private:
-  std::filesystem::path folder_;
+  BenchFolder folder_;
 };
 
 void loadAndWrite(benchmark::State& state) {

@@ -28,10 +28,11 @@ constexpr std::array owns{Own{"perform/cyclingWidths", 1}, Own{"perform/nextDisp
 struct Growth {
   const char* what;
   const char* once;
-  const char* twice;
+  const char* more;  ///< the same with more to do; null for none
   double unit;
   const char* unitName;
-  double goal;  ///< for `once`, in that unit
+  double goal;    ///< for `once`, in that unit
+  int times = 2;  ///< how much more there is to do
 };
 constexpr std::array growths{
     Growth{"frame of one action", "frame", nullptr, nanosecond, "ns", 50},
@@ -50,7 +51,31 @@ constexpr std::array growths{
            0},
     Growth{"load 500 layouts of 12 slots", "load/500", "load/1000", millisecond, "ms", 0},
     Growth{"load and write them", "loadAndWrite/500", "loadAndWrite/1000", millisecond, "ms", 30},
+    Growth{"features of a drag of 50 samples", "dragFeatures/50", "dragFeatures/100", nanosecond, "ns", 0},
+    Growth{"features of a drag of 100 samples", "dragFeatures/100", "dragFeatures/200", nanosecond, "ns", 0},
+    Growth{"features of a drag of 200 samples", "dragFeatures/200", "dragFeatures/401", nanosecond, "ns", 0},
+    Growth{"features of a drag of 401 samples", "dragFeatures/401", nullptr, microsecond, "us", 20},
+    Growth{"features of a drag of 100 samples", "dragFeatures/100", "dragFeatures/1000", nanosecond, "ns", 0,
+           10},
+    Growth{"features of a drag of 1,000 samples", "dragFeatures/1000", "dragFeatures/10000", nanosecond, "ns",
+           0, 10},
+    Growth{"one lesson of the drag model", "lesson", nullptr, nanosecond, "ns", 0},
+    Growth{"summarize 2,500 drags", "summarizeLog/2500", "summarizeLog/5000", millisecond, "ms", 0},
+    Growth{"text of the drag report", "reportText", nullptr, microsecond, "us", 0},
+    Growth{"read a drag log of 2,500 lines", "readLog/2500", "readLog/5000", millisecond, "ms", 0},
+    Growth{"read and report on 2,500 drags", "reportOnLog/2500", "reportOnLog/5000", millisecond, "ms", 0},
+    Growth{"read and report on 5,000 drags", "reportOnLog/5000", nullptr, millisecond, "ms", 15},
+    Growth{"append 1,000 drags to the log", "appendRecords/1000", nullptr, millisecond, "ms", 0},
 };
+
+/// How much of a whole is spent in a part of it, measured apart.
+struct Share {
+  const char* part;
+  const char* whole;
+};
+constexpr std::array shares{
+    Share{"readLines/5000", "reportOnLog/5000"}, Share{"parseLines/5000", "reportOnLog/5000"},
+    Share{"decodeLines/5000", "reportOnLog/5000"}, Share{"summarizeLog/5000", "reportOnLog/5000"}};
 
 /// Keeps the median processor time of each benchmark's repetitions while it prints them.
 class Summary : public benchmark::ConsoleReporter {
@@ -71,6 +96,7 @@ public:
   void print() const {
     for (const Own& own : owns) printOwn(own);
     for (const Growth& growth : growths) printGrowth(growth);
+    for (const Share& share : shares) printShare(share);
   }
 
 private:
@@ -90,12 +116,19 @@ private:
 
   void printGrowth(const Growth& growth) const {
     const double once = median(growth.once);
-    const double twice = growth.twice == nullptr ? 0 : median(growth.twice);
+    const double more = growth.more == nullptr ? 0 : median(growth.more);
     if (once <= 0) return;
     std::printf("%-50s %8.1f %s", growth.what, once / growth.unit, growth.unitName);
     if (growth.goal > 0) std::printf(", goal under %.0f %s", growth.goal, growth.unitName);
-    if (twice > 0) std::printf(", for twice as much %.2f times", twice / once);
+    if (more > 0) std::printf(", for %d times as much %.2f times", growth.times, more / once);
     std::printf("\n");
+  }
+
+  void printShare(const Share& share) const {
+    const double part = median(share.part);
+    const double whole = median(share.whole);
+    if (part > 0 && whole > 0)
+      std::printf("%-50s %8.0f %% of %s\n", share.part, 100 * part / whole, share.whole);
   }
 
   std::map<std::string, double> medians_;

@@ -1,8 +1,10 @@
 #include "bench/drag/VerdictPlot.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
+#include <cstddef>
 #include <sstream>
+#include <string_view>
 
 #include "bench/drag/SimulatedUser.h"
 
@@ -15,8 +17,8 @@ constexpr int height = 480;
 constexpr int plotTop = 112;
 constexpr int plotHeight = 260;
 constexpr int plotBottom = plotTop + plotHeight;
-constexpr int firstPanel = 76;
-constexpr int panelWidth = 280;
+constexpr int firstPanel = 84;
+constexpr int panelWidth = 262;
 constexpr int panelStep = 306;
 constexpr int barWidth = 40;
 constexpr int barStep = 68;
@@ -31,12 +33,12 @@ struct Piece {
   const char* ink;
 };
 constexpr std::array pieces{Piece{2, "#0072B2", "#FFFFFF"}, Piece{3, "#E69F00", "#1A1A1A"},
-                            Piece{4, "#8C8C8C", "#1A1A1A"}, Piece{1, "#DCDCDC", "#1A1A1A"},
+                            Piece{4, "#A8A8A8", "#1A1A1A"}, Piece{1, "#E2E2E2", "#1A1A1A"},
                             Piece{0, "#FFFFFF", "#1A1A1A"}};
 
 class Drawing {
 public:
-  explicit Drawing(const std::vector<VerdictRow>& rows) : rows_(rows) {}
+  Drawing(const std::vector<VerdictRow>& rows, DragSimulation::SnapsBy by) : rows_(rows), by_(by) {}
 
   std::string whole() {
     frame();
@@ -65,12 +67,14 @@ private:
   void frame() {
     svg_ << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << width << " " << height
          << "\" font-family=\"DejaVu Sans, Verdana, Helvetica, sans-serif\" font-size=\"12\" "
-            "fill=\"#1A1A1A\">\n"
+            "fill=\"#1A1A1A\" role=\"img\">\n"
+         << "<title>What the drag report tells simulated users</title>\n"
          << "<rect x=\"0.5\" y=\"0.5\" width=\"" << width - 1 << "\" height=\"" << height - 1
          << "\" rx=\"10\" fill=\"#FFFFFF\" stroke=\"#C8C8C8\"/>\n";
     text(24, 36, "font-size=\"18\" font-weight=\"bold\"", "What the drag report tells simulated users");
     text(24, 58, "fill=\"#444444\"",
-         std::to_string(rows_.front().users) + " users of each kind; the numbers in the bars are users");
+         std::to_string(rows_.front().users) + " users of each kind; a window snaps by " +
+             std::string(decisivePlace()) + "; numbers in bars are users");
     text(0, 0,
          "text-anchor=\"middle\" transform=\"translate(34 " + std::to_string(plotTop + plotHeight / 2) +
              ") rotate(-90)\"",
@@ -125,8 +129,12 @@ private:
       const std::string_view name = VerdictTable::names.at(piece.verdict);
       box(x, height - 38, 14, 14, piece.fill);
       text(x + 20, height - 26, "font-size=\"13\"", name);
-      x += 50 + 8.2 * static_cast<double>(name.size());
+      x += 48 + 7.4 * static_cast<double>(name.size());
     }
+  }
+
+  [[nodiscard]] std::string_view decisivePlace() const {
+    return by_ == DragSimulation::SnapsBy::release ? "where it is let go" : "where it was last looked at";
   }
 
   static std::string grouped(std::size_t number) {
@@ -136,11 +144,14 @@ private:
   }
 
   const std::vector<VerdictRow>& rows_;
+  DragSimulation::SnapsBy by_;
   std::ostringstream svg_;
 };
 
 }  // namespace
 
-std::string VerdictPlot::svg(const std::vector<VerdictRow>& rows) { return Drawing(rows).whole(); }
+std::string VerdictPlot::svg(const std::vector<VerdictRow>& rows, DragSimulation::SnapsBy by) {
+  return Drawing(rows, by).whole();
+}
 
 }  // namespace tilwin

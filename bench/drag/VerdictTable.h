@@ -34,7 +34,7 @@ struct VerdictRow {
 
 struct VerdictTable {
   static constexpr std::array<std::size_t, 4> allDrags{50, 200, 1000, 4000};
-  static constexpr int allSeeds = 200;
+  static constexpr int allSeeds = 200;  ///< users of each kind
   /// In the order of `Verdict`.
   static constexpr std::array<std::string_view, VerdictRow::kinds> names{
       "not enough drags", "too few corrections", "model would help", "rule is better", "no clear difference"};

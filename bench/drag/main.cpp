@@ -1,10 +1,12 @@
 // Says what the drag report tells three kinds of simulated users as their logs grow.
 
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
 #include <fstream>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "bench/drag/SimulatedUser.h"
 #include "bench/drag/VerdictPlot.h"
@@ -14,7 +16,8 @@ namespace tilwin {
 namespace {
 
 struct Options {
-  std::string plot;  ///< file to draw; empty for none
+  std::string plot;                    ///< file to draw; empty for none
+  int users = VerdictTable::allSeeds;  ///< of each kind
   DragSimulation::SnapsBy by = DragSimulation::SnapsBy::release;
 };
 
@@ -26,28 +29,30 @@ std::optional<Options> options(int argc, char** argv) {
       chosen.by = DragSimulation::SnapsBy::lastChecked;
     } else if (argument == "--plot" && index + 1 < argc) {
       chosen.plot = argv[++index];
+    } else if (argument == "--users" && index + 1 < argc) {
+      chosen.users = std::atoi(argv[++index]);
     } else {
       return std::nullopt;
     }
   }
-  return chosen;
+  return chosen.users > 0 ? std::optional(chosen) : std::nullopt;
 }
 
-std::vector<VerdictRow> simulate(DragSimulation::SnapsBy by) {
+std::vector<VerdictRow> simulate(const Options& chosen) {
   std::vector<VerdictRow> rows;
   for (std::size_t user = 0; user < SimulatedUser::all().size(); ++user) {
-    const auto own = VerdictTable::of(user, VerdictTable::allDrags, VerdictTable::allSeeds, by);
+    const auto own = VerdictTable::of(user, VerdictTable::allDrags, chosen.users, chosen.by);
     rows.insert(rows.end(), own.begin(), own.end());
   }
   return rows;
 }
 
 int run(const Options& chosen) {
-  const auto rows = simulate(chosen.by);
+  const auto rows = simulate(chosen);
   std::fputs(VerdictTable::markdown(rows).c_str(), stdout);
   if (chosen.plot.empty()) return 0;
   std::ofstream file(chosen.plot, std::ios::binary);
-  file << VerdictPlot::svg(rows) << std::flush;
+  file << VerdictPlot::svg(rows, chosen.by) << std::flush;
   if (file) return 0;
   std::fprintf(stderr, "drag-simulation: cannot write %s\n", chosen.plot.c_str());
   return 1;
@@ -60,7 +65,7 @@ int main(int argc, char** argv) {
   const auto chosen = tilwin::options(argc, argv);
   if (chosen) return tilwin::run(*chosen);
   std::fputs(
-      "usage: drag-simulation [--last-checked] [--plot FILE.svg]\n"
+      "usage: drag-simulation [--users NUMBER] [--last-checked] [--plot FILE.svg]\n"
       "  --last-checked  snap by the last place looked at before the release, not by the release\n",
       stderr);
   return 2;

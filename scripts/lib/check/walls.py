@@ -53,6 +53,8 @@ MAY_INCLUDE = {
     "app": ([CORE, PORTS], ["std"]),
     "tests": ([CORE], TEST_TOOLS),
     "tests/core": ([CORE, PORTS, "platform/simulated", "tests"], [*TEST_TOOLS, "icu", "json"]),
+    # Simulated people, held to what is told of them.
+    "tests/core/drag": ([CORE, "tests", "bench/drag"], [*TEST_TOOLS, "json"]),
     "tests/app": ([CORE, PORTS, "platform/simulated", "app", "tests"], [*TEST_TOOLS, "json"]),
     "tests/x11": ([CORE, PORTS, "platform/x11", "tests"], [*TEST_TOOLS, "xcb"]),
     "tests/ui": ([CORE, PORTS, "platform/qt", "platform/simulated", "app", "tests"], [*TEST_TOOLS, "qt"]),
@@ -62,7 +64,8 @@ MAY_INCLUDE = {
     # Layouts on real desktops, placed from within the test.
     "tests/desktop/layouts": ([CORE, PORTS, "platform/x11", "platform/qt", "tests"], [*TEST_TOOLS, "qt"]),
     "fuzz": ([CORE], ["std"]),
-    "bench": ([CORE, PORTS, "platform/simulated", "app"], ["std", "posix", "benchmark"]),
+    "bench": ([CORE, PORTS, "platform/simulated", "app", "bench/drag"], ["std", "posix", "benchmark"]),
+    "bench/drag": ([CORE], ["std"]),
     "bench/desktop": (["core/geometry", "tests/desktop"], ["std", "posix", "benchmark", "xcb"]),
 }
 CPP_ROOTS = ("core", "app", "platform", "tests", "fuzz", "bench")
