@@ -1,0 +1,64 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "bench/drag/DragSimulation.h"
+#include "bench/drag/SimulatedUser.h"
+#include "bench/drag/VerdictTable.h"
+
+namespace tilwin {
+namespace {
+
+enum Kind : std::size_t { suited, snapsFromFartherAway, parksAtEdges };
+
+using Helps = ShadowSummary::ModelWouldHelp;
+
+std::vector<VerdictRow> verdicts(Kind kind, std::span<const std::size_t> drags, int users) {
+  return VerdictTable::of(kind, drags, users, DragSimulation::SnapsBy::release);
+}
+
+TEST(SimulatedUsers, AreToldOfAModelThatHelpsInFewerThanOneInAHundredCasesWhereTheRuleSuits) {
+  constexpr std::array<std::size_t, 3> drags{50, 200, 1000};
+  for (const VerdictRow& row : verdicts(suited, drags, VerdictTable::allSeeds))
+    EXPECT_LT(row.share<Helps>(), 0.01) << "after " << row.drags << " drags";
+}
+
+TEST(SimulatedUsers, AreToldThatAModelHelpsWhenTheySnapFromFartherAwayOrParkAtEdges) {
+  constexpr std::array<std::size_t, 2> drags{200, 1000};
+  for (const Kind kind : {snapsFromFartherAway, parksAtEdges}) {
+    const auto rows = verdicts(kind, drags, 25);
+    EXPECT_GT(rows.front().share<Helps>(), 0.1) << SimulatedUser::all()[kind].name;
+    EXPECT_GT(rows.back().share<Helps>(), 0.9) << SimulatedUser::all()[kind].name;
+  }
+}
+
+TEST(SimulatedUsers, LeaveTheSameLogForTheSameSeed) {
+  const auto log = [](std::uint32_t seed, std::size_t records) {
+    return DragSimulation::log(suited, seed, records, DragSimulation::SnapsBy::release);
+  };
+  EXPECT_EQ(log(7, 300), log(7, 300));
+  EXPECT_NE(log(7, 300), log(8, 300));
+  auto start = log(7, 300);
+  start.resize(100);
+  EXPECT_EQ(start, log(7, 100));
+}
+
+TEST(SimulatedUsers, GiveTheSameTableTwice) {
+  constexpr std::array<std::size_t, 2> drags{50, 200};
+  EXPECT_EQ(verdicts(parksAtEdges, drags, 20), verdicts(parksAtEdges, drags, 20));
+}
+
+TEST(SimulatedUsers, HaveHabitsThatMakeUpAllTheirDrags) {
+  for (const SimulatedUser& user : SimulatedUser::all()) {
+    double all = 0;
+    for (const DragHabit& habit : user.habits) all += habit.share;
+    EXPECT_NEAR(all, 1, 1e-9) << user.name;
+  }
+}
+
+}  // namespace
+}  // namespace tilwin
