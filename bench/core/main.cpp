@@ -26,13 +26,13 @@ constexpr std::array owns{Own{"perform/cyclingWidths", 1}, Own{"perform/nextDisp
 
 /// Something whose cost should grow with what there is to do, not faster.
 struct Growth {
-  const char* what;
-  const char* once;
-  const char* more;  ///< the same with more to do; null for none
-  double unit;
-  const char* unitName;
-  double goal;    ///< for `once`, in that unit
-  int times = 2;  ///< how much more there is to do
+  const char* what = nullptr;
+  const char* once = nullptr;
+  const char* more = nullptr;  ///< the same with more to do; null for none
+  double unit = 1;
+  const char* unitName = nullptr;
+  double goal = 0;  ///< for `once`, in that unit; 0 for none
+  int times = 2;    ///< how much more there is to do
 };
 constexpr std::array growths{
     Growth{"frame of one action", "frame", nullptr, nanosecond, "ns", 50},

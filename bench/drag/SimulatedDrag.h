@@ -14,9 +14,9 @@ struct SimulatedDrag {
   static constexpr Rect display{0, 0, 1440, 900};
   static constexpr NeighbourEdges neighbours{.right = true};
 
-  DragTrace trace;         ///< as the program samples it; the last sample is the release
-  SnapAction zone;         ///< what the edge stands for
-  double lastChecked = 0;  ///< points from that edge at the last sample before the release
+  DragTrace trace{};                       ///< as the program samples it; the last sample is the release
+  SnapAction zone = SnapAction::leftHalf;  ///< what the edge stands for
+  double lastChecked = 0;                  ///< points from that edge at the last sample before the release
   bool wantsSnap = false;
 
   [[nodiscard]] static SimulatedDrag make(const SimulatedUser& user, Chance& chance);

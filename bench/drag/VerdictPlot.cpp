@@ -56,47 +56,47 @@ public:
 
 private:
   void text(double x, double y, const std::string& style, std::string_view words) {
-    svg_ << "<text x=\"" << x << "\" y=\"" << y << "\" " << style << ">" << words << "</text>\n";
+    svg_ << "<text x='" << x << "' y='" << y << "' " << style << ">" << words << "</text>\n";
   }
 
   void box(double x, double y, double wide, double high, const char* fill) {
-    svg_ << "<rect x=\"" << x << "\" y=\"" << y << "\" width=\"" << wide << "\" height=\"" << high
-         << "\" fill=\"" << fill << "\" stroke=\"#FFFFFF\"/>\n";
+    svg_ << "<rect x='" << x << "' y='" << y << "' width='" << wide << "' height='" << high << "' fill='"
+         << fill << "' stroke='#FFFFFF'/>\n";
   }
 
   void frame() {
-    svg_ << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << width << " " << height
-         << "\" font-family=\"DejaVu Sans, Verdana, Helvetica, sans-serif\" font-size=\"12\" "
-            "fill=\"#1A1A1A\" role=\"img\">\n"
+    svg_ << "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 " << width << " " << height
+         << "' font-family='DejaVu Sans, Verdana, Helvetica, sans-serif' font-size='12' "
+            "fill='#1A1A1A' role='img'>\n"
          << "<title>What the drag report tells simulated users</title>\n"
-         << "<rect x=\"0.5\" y=\"0.5\" width=\"" << width - 1 << "\" height=\"" << height - 1
-         << "\" rx=\"10\" fill=\"#FFFFFF\" stroke=\"#C8C8C8\"/>\n";
-    text(24, 36, "font-size=\"18\" font-weight=\"bold\"", "What the drag report tells simulated users");
-    text(24, 58, "fill=\"#444444\"",
+         << "<rect x='0.5' y='0.5' width='" << width - 1 << "' height='" << height - 1
+         << "' rx='10' fill='#FFFFFF' stroke='#C8C8C8'/>\n";
+    text(24, 36, "font-size='18' font-weight='bold'", "What the drag report tells simulated users");
+    text(24, 58, "fill='#444444'",
          std::to_string(rows_.front().users) + " users of each kind; a window snaps by " +
              std::string(decisivePlace()) + "; numbers in bars are users");
     text(0, 0,
-         "text-anchor=\"middle\" transform=\"translate(34 " + std::to_string(plotTop + plotHeight / 2) +
-             ") rotate(-90)\"",
+         "text-anchor='middle' transform='translate(34 " + std::to_string(plotTop + plotHeight / 2) +
+             ") rotate(-90)'",
          "users told so");
   }
 
   void drawPanel(int left, const std::vector<VerdictRow>& rows) {
-    text(left, plotTop - 16, "font-size=\"14\" font-weight=\"bold\"",
+    text(left, plotTop - 16, "font-size='14' font-weight='bold'",
          "One " + std::string(SimulatedUser::all()[rows.front().user].name));
     for (int quarter = 0; quarter <= 4; ++quarter) {
       const int y = plotBottom - plotHeight * quarter / 4;
-      svg_ << "<path d=\"M" << left << " " << y << ".5h" << panelWidth << "\" stroke=\"#E4E4E4\"/>\n";
-      text(left - 6, y + 4, "text-anchor=\"end\" font-size=\"11\" fill=\"#444444\"",
+      svg_ << "<path d='M" << left << " " << y << ".5h" << panelWidth << "' stroke='#E4E4E4'/>\n";
+      text(left - 6, y + 4, "text-anchor='end' font-size='11' fill='#444444'",
            std::to_string(rows.front().users * quarter / 4));
     }
     int x = left + firstBar;
     for (const VerdictRow& row : rows) {
       drawBar(x, row);
-      text(x + barWidth / 2.0, plotBottom + 18, "text-anchor=\"middle\"", grouped(row.drags));
+      text(x + barWidth / 2.0, plotBottom + 18, "text-anchor='middle'", grouped(row.drags));
       x += barStep;
     }
-    text(left + panelWidth / 2.0, plotBottom + 38, "text-anchor=\"middle\" fill=\"#444444\"",
+    text(left + panelWidth / 2.0, plotBottom + 38, "text-anchor='middle' fill='#444444'",
          "drags near an edge");
   }
 
@@ -111,11 +111,11 @@ private:
       box(x, y, barWidth, high, piece.fill);
       const double middle = y + high / 2 + 4;
       if (high >= lineHeight + 2) {
-        text(x + barWidth / 2.0, middle, std::string("text-anchor=\"middle\" fill=\"") + piece.ink + "\"",
+        text(x + barWidth / 2.0, middle, std::string("text-anchor='middle' fill='") + piece.ink + "'",
              std::to_string(count));
       } else {
         free = std::min(middle, free - lineHeight);
-        text(x + barWidth + 3, free, "font-size=\"11\"", std::to_string(count));
+        text(x + barWidth + 3, free, "font-size='11'", std::to_string(count));
       }
     }
   }
@@ -128,7 +128,7 @@ private:
       if (!seen) continue;
       const std::string_view name = VerdictTable::names.at(piece.verdict);
       box(x, height - 38, 14, 14, piece.fill);
-      text(x + 20, height - 26, "font-size=\"13\"", name);
+      text(x + 20, height - 26, "font-size='13'", name);
       x += 48 + 7.4 * static_cast<double>(name.size());
     }
   }
