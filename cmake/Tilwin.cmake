@@ -5,17 +5,22 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-option(TILWIN_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+set(TILWIN_SANITIZE "" CACHE STRING "Sanitizers to build with: \"address,undefined\" or \"thread\"; none when empty")
 option(TILWIN_FUZZ "Build the core and its fuzz targets, and nothing else (needs clang)" OFF)
 
 add_library(TilwinBuildRules INTERFACE)
 target_include_directories(TilwinBuildRules INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(TilwinBuildRules INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
-if(TILWIN_SANITIZE OR TILWIN_FUZZ)
+if(CMAKE_UNITY_BUILD)
+  # Joined, a source looks like a header to GCC, and its locals seem to hide the file-local names of its neighbours.
+  # The builds that compile each source on its own give these two warnings where they are due.
+  target_compile_options(TilwinBuildRules INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
+if(TILWIN_SANITIZE)
   target_compile_options(TilwinBuildRules INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(TilwinBuildRules INTERFACE -fsanitize=address,undefined)
+    -fsanitize=${TILWIN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(TilwinBuildRules INTERFACE -fsanitize=${TILWIN_SANITIZE})
 endif()
 if(TILWIN_FUZZ)
   target_compile_options(TilwinBuildRules INTERFACE -fsanitize=fuzzer-no-link)
