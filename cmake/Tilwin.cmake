@@ -55,10 +55,19 @@ function(tilwin_precompiled target)
   target_precompile_headers(${target} REUSE_FROM TilwinTestHeaders)
 endfunction()
 
-# tilwin_test_run(RUN COMMAND command ...): one run of a test program, its results kept as XML for the final count.
+# tilwin_test_run(RUN COMMAND program ... [LABELS label ...]): one run of a test program, its results kept as XML for
+# the final count. The target runs-LABEL builds the programs of all runs with that label and no others.
 function(tilwin_test_run run)
-  cmake_parse_arguments(arg "" "" "COMMAND" ${ARGN})
+  cmake_parse_arguments(arg "" "" "COMMAND;LABELS" ${ARGN})
   add_test(NAME ${run} COMMAND ${arg_COMMAND})
   set_tests_properties(${run} PROPERTIES
-    ENVIRONMENT "GTEST_OUTPUT=xml:${CMAKE_BINARY_DIR}/results/${run}.xml")
+    ENVIRONMENT "GTEST_OUTPUT=xml:${CMAKE_BINARY_DIR}/results/${run}.xml"
+    LABELS "${arg_LABELS}")
+  list(GET arg_COMMAND 0 program)
+  foreach(label ${arg_LABELS})
+    if(NOT TARGET runs-${label})
+      add_custom_target(runs-${label})
+    endif()
+    add_dependencies(runs-${label} ${program})
+  endforeach()
 endfunction()
