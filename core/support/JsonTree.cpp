@@ -19,7 +19,11 @@ constexpr int numberOverflow = 406;
 /// Told by the library what comes in the text, one thing after another.
 class JsonTree::Builder final : public nlohmann::json_sax<nlohmann::json> {
 public:
-  explicit Builder(JsonTree& tree) : tree_(tree) {}
+  explicit Builder(JsonTree& tree) : tree_(tree) {
+    constexpr std::size_t usualMembers = 16;
+    inOpen_.reserve(usualMembers);
+    opened_.reserve(usualMembers);
+  }
 
   bool read(std::string_view json) { return nlohmann::json::sax_parse(json.begin(), json.end(), this); }
   [[nodiscard]] bool foundOverflow() const { return error_ == numberOverflow; }
