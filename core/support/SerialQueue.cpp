@@ -43,10 +43,13 @@ void SerialQueue::work() {
   for (;;) {
     changed_.wait(guard, [this] { return ending_ || !tasks_.empty(); });
     if (tasks_.empty()) return;
-    const Task task = std::move(tasks_.front());
-    tasks_.pop_front();
-    guard.unlock();
-    perform(task);
+    {
+      // Gone before the lock is back: what the task owned may give another task at its end.
+      const Task task = std::move(tasks_.front());
+      tasks_.pop_front();
+      guard.unlock();
+      perform(task);
+    }
     guard.lock();
   }
 }

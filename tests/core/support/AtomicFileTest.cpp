@@ -88,6 +88,55 @@ TEST_F(AtomicFileTest, ReplacesWhatASymbolicLinkPointsAtAndKeepsTheLink) {
   EXPECT_EQ(textOf(real), "new");
 }
 
+TEST_F(AtomicFileTest, MakesAFilePrivateAsItReplacesItWhateverTheUmaskAndTheOldFile) {
+  for (const mode_t mask : {0, 022, 077}) {
+    const mode_t usual = ::umask(mask);
+    AtomicFile::replacePrivately(path, "new");
+    EXPECT_EQ(permissionsOf(path), fs::perms(0600));
+    fs::permissions(path, fs::perms(0644));
+    AtomicFile::replacePrivately(path, "newer");
+    EXPECT_EQ(permissionsOf(path), fs::perms(0600));
+    ::umask(usual);
+    fs::remove(path);
+  }
+}
+
+TEST_F(AtomicFileTest, GivesTheOldFilesPermissionsWhateverTheUmask) {
+  writeText(path, "old");
+  fs::permissions(path, fs::perms(0666));
+  const mode_t usual = ::umask(077);
+  AtomicFile::replace(path, "new");
+  ::umask(usual);
+  EXPECT_EQ(permissionsOf(path), fs::perms(0666));
+}
+
+TEST_F(AtomicFileTest, RemovesTheDraftsOfThisFileAlone) {
+  for (const char* name : {"layouts.json.12-0", "layouts.json.4194304-17", "layouts.json.unreadable",
+                           "layouts.json.12", "layouts.json.12-", "layouts.json.-1", "layouts.json.1-2-3",
+                           "layouts.json.12-0.old", "layouts.jsonx.12-0", "other.json.12-0"})
+    writeText(folder.path() / name, "");
+  AtomicFile::removeDrafts(path);
+  EXPECT_THAT(names(), ElementsAre("layouts.json.-1", "layouts.json.1-2-3", "layouts.json.12",
+                                   "layouts.json.12-", "layouts.json.12-0.old", "layouts.json.unreadable",
+                                   "layouts.jsonx.12-0", "other.json.12-0"));
+}
+
+TEST_F(AtomicFileTest, RemovesDraftsBesideWhatASymbolicLinkPointsAt) {
+  const fs::path real = folder.path() / "elsewhere" / "mine.json";
+  AtomicFile::replace(real, "old");
+  fs::create_symlink(real, path);
+  writeText(real.string() + ".12-0", "");
+  writeText(path.string() + ".12-0", "");
+  AtomicFile::removeDrafts(path);
+  EXPECT_THAT(namesIn(real.parent_path()), ElementsAre("mine.json"));
+  EXPECT_THAT(names(), ElementsAre("elsewhere", "layouts.json", "layouts.json.12-0"));
+}
+
+TEST_F(AtomicFileTest, RemovesNoDraftsWhereThereIsNoFolder) {
+  AtomicFile::removeDrafts(folder.path() / "none" / "layouts.json");
+  EXPECT_THAT(names(), testing::IsEmpty());
+}
+
 TEST_F(AtomicFileTest, LeavesTheOldFileAloneWhenTheDiskTakesNoMore) {
   writeText(path, "old");
   const auto outcome = inChild([&] {

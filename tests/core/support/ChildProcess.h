@@ -1,0 +1,85 @@
+#pragma once
+
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <exception>
+#include <functional>
+#include <new>
+#include <system_error>
+
+namespace tilwin {
+
+/// A process that does something beside the test and ends with it at the latest. Only to be made while the
+/// test has no other threads.
+class ChildProcess {
+public:
+  explicit ChildProcess(const std::function<void()>& deed) : id_(::fork()) {
+    if (id_ < 0) throw std::system_error(errno, std::generic_category(), "cannot make a process");
+    if (id_ != 0) return;
+    try {
+      deed();
+    } catch (const std::exception&) {
+      ::_exit(1);
+    }
+    ::_exit(0);
+  }
+  ChildProcess(const ChildProcess&) = delete;
+  ChildProcess& operator=(const ChildProcess&) = delete;
+  ~ChildProcess() { kill(); }
+
+  [[nodiscard]] pid_t id() const { return id_; }
+
+  /// No part of it does anything afterwards.
+  void kill() {
+    if (id_ <= 0) return;
+    ::kill(id_, SIGKILL);
+    wait();
+  }
+
+  /// Waits until it has stopped itself; false when it came to its end instead.
+  bool waitForStop() {
+    if (id_ <= 0 || ::waitpid(id_, &status_, WUNTRACED) != id_) return false;
+    if (!WIFSTOPPED(status_)) id_ = 0;
+    return WIFSTOPPED(status_);
+  }
+
+  /// Waits for its end; true when it did all it had to do.
+  bool endsWell() {
+    wait();
+    return WIFEXITED(status_) && WEXITSTATUS(status_) == 0;
+  }
+
+private:
+  void wait() {
+    if (id_ > 0) ::waitpid(id_, &status_, 0);
+    id_ = 0;
+  }
+
+  pid_t id_;
+  int status_ = 0;
+};
+
+/// A value that processes made later share with this one, and that outlives those that are killed.
+template <typename T>
+class Shared {
+public:
+  Shared() : memory_(::mmap(nullptr, sizeof(T), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)) {
+    if (memory_ == MAP_FAILED) throw std::bad_alloc();
+    new (memory_) T{};
+  }
+  Shared(const Shared&) = delete;
+  Shared& operator=(const Shared&) = delete;
+  ~Shared() { ::munmap(memory_, sizeof(T)); }
+
+  T& operator*() const { return *static_cast<T*>(memory_); }
+  T* operator->() const { return static_cast<T*>(memory_); }
+
+private:
+  void* memory_;
+};
+
+}  // namespace tilwin
