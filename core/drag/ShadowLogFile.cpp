@@ -37,11 +37,11 @@ void ShadowLogFile::erase() {
     lines_ = 0;
     counted_.reset();
     std::error_code ignored;
-    if (!fs::is_regular_file(url_, ignored)) return;
+    const bool isThere = fs::is_regular_file(url_, ignored);
     // Held, so that no other process puts a trimmed log in its place just then.
-    const auto file = LineFile::take(url_);
+    const auto file = isThere ? LineFile::take(url_) : std::nullopt;
     AtomicFile::removeDrafts(url_);
-    fs::remove(fs::canonical(url_, ignored), ignored);
+    if (isThere) fs::remove(fs::canonical(url_, ignored), ignored);
   });
 }
 
@@ -50,13 +50,17 @@ void ShadowLogFile::write(const std::string& line) {
   if (!file) return;
   if (!lines_ || counted_ != AtomicFile::stamp(url_)) lines_ = static_cast<std::int64_t>(file->count());
   if (!file->append(line)) return lines_.reset();
-  if (++*lines_ > trimAbove && file->isHeldAlone()) trim();
   counted_ = AtomicFile::stamp(url_);
+  const bool isTooLong = ++*lines_ > trimAbove;
+  if (isTooLong && file->isHeldAlone()) trim();
+  // Once a trimmed log is in place the next process has its turn; and without a turn others may write.
+  if (isTooLong || !file->isHeldAlone()) lines_.reset();
 }
 
 void ShadowLogFile::trim() {
+  const auto old = AtomicFile::stamp(url_);
   const auto content = LineFile::read(url_);
-  if (!content) return;
+  if (!old || !content) return;
   const auto lines = LineFile::split(*content);
   const auto kept = std::min(static_cast<std::int64_t>(lines.size()), keepNewest);
   std::string newest;
@@ -64,8 +68,8 @@ void ShadowLogFile::trim() {
   for (auto line = lines.end() - kept; line != lines.end(); ++line) newest.append(*line).append("\n");
   try {
     AtomicFile::removeDrafts(url_);
-    AtomicFile::replacePrivately(url_, newest);
-    lines_ = kept;
+    // Whoever stops for so long in here that others no longer wait must not undo what they did.
+    AtomicFile::replacePrivately(url_, newest, *old);
   } catch (const fs::filesystem_error&) {
     // The log stays as it is, and the next record tries again.
     return;

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <chrono>
 #include <fstream>
+#include <functional>
 #include <system_error>
 #include <utility>
 
@@ -64,8 +65,11 @@ public:
   }
 
   /// The content must be on the disk before the name points at it, or a power cut could leave an empty file.
-  void moveTo(const fs::path& target) {
+  void flush() {
     if (::fsync(file_.number()) != 0 || !file_.close()) fail("cannot flush", path_);
+  }
+
+  void moveTo(const fs::path& target) {
     if (::rename(path_.c_str(), target.c_str()) != 0) fail("cannot put in place", target);
     path_.clear();
   }
@@ -112,11 +116,17 @@ std::optional<mode_t> permissionsOf(const fs::path& path) {
   return facts.st_mode & 07777;
 }
 
-void replaceWith(const fs::path& path, std::string_view content, std::optional<mode_t> permissions) {
+using Check = std::function<void(const fs::path& target)>;
+
+void replaceWith(
+    const fs::path& path, std::string_view content, std::optional<mode_t> permissions,
+    const Check& check = [](const fs::path&) {}) {
   if (path.has_parent_path()) fs::create_directories(path.parent_path());
   const fs::path target = behindLinks(path);
   Draft draft(target, permissions);
   draft.write(content);
+  draft.flush();
+  check(target);
   draft.moveTo(target);
   syncFolder(folderOf(target));
 }
@@ -179,6 +189,14 @@ void AtomicFile::replace(const fs::path& path, std::string_view content) {
 
 void AtomicFile::replacePrivately(const fs::path& path, std::string_view content) {
   replaceWith(path, content, ownerOnly);
+}
+
+void AtomicFile::replacePrivately(const fs::path& path, std::string_view content, const Stamp& old) {
+  replaceWith(path, content, ownerOnly, [&](const fs::path& target) {
+    if (stamp(target) == old) return;
+    throw fs::filesystem_error("changed meanwhile", path,
+                               std::make_error_code(std::errc::operation_canceled));
+  });
 }
 
 void AtomicFile::removeDrafts(const fs::path& path) {

@@ -35,6 +35,9 @@ struct AtomicFile {
   /// The same for what is nobody else's business: the file is the user's alone, as is the draft it is made
   /// from.
   static void replacePrivately(const std::filesystem::path& path, std::string_view content);
+  /// The same, unless the file is no longer in the state `old` when the new content is ready to take its
+  /// place: then it is left as it is, and this throws `std::errc::operation_canceled`.
+  static void replacePrivately(const std::filesystem::path& path, std::string_view content, const Stamp& old);
   /// Removes what processes that were ended while they replaced the file have left beside it. Nobody may be
   /// replacing it meanwhile.
   static void removeDrafts(const std::filesystem::path& path);

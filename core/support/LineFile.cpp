@@ -46,6 +46,8 @@ bool waitForTurn(int descriptor) {
   const auto deadline = std::chrono::steady_clock::now() + longestWait;
   for (std::chrono::microseconds pause = shortestPause; ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
        pause = std::min<std::chrono::microseconds>(2 * pause, longestPause)) {
+    // A file system without locks: who changes the file at the same time cannot be known.
+    if (errno != EWOULDBLOCK) return true;
     if (std::chrono::steady_clock::now() >= deadline) return false;
     std::this_thread::sleep_for(pause);
   }
@@ -146,10 +148,11 @@ std::optional<LineFile> LineFile::take(const fs::path& path) {
 }
 
 std::size_t LineFile::count() const {
-  std::ptrdiff_t ends = endsInsideALine(descriptor_) ? 1 : 0;
-  readFrom(descriptor_, 0,
-           [&](std::string_view block) { ends += std::count(block.begin(), block.end(), '\n'); });
-  return static_cast<std::size_t>(ends);
+  std::size_t ends = endsInsideALine(descriptor_) ? 1 : 0;
+  readFrom(descriptor_, 0, [&](std::string_view block) {
+    for (auto end = block.find('\n'); end != block.npos; end = block.find('\n', end + 1)) ++ends;
+  });
+  return ends;
 }
 
 bool LineFile::append(std::string_view line) {

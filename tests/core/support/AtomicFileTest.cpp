@@ -101,6 +101,20 @@ TEST_F(AtomicFileTest, MakesAFilePrivateAsItReplacesItWhateverTheUmaskAndTheOldF
   }
 }
 
+TEST_F(AtomicFileTest, ReplacesNoFileThatIsNoLongerAsItWas) {
+  writeText(path, "old");
+  const auto old = AtomicFile::stamp(path);
+  ASSERT_TRUE(old);
+  AtomicFile::replacePrivately(path, "new", *old);
+  EXPECT_EQ(textOf(path), "new");
+  EXPECT_THROW(AtomicFile::replacePrivately(path, "newer", *old), fs::filesystem_error);
+  EXPECT_EQ(textOf(path), "new");
+  EXPECT_THAT(names(), ElementsAre("layouts.json"));
+  fs::remove(path);
+  EXPECT_THROW(AtomicFile::replacePrivately(path, "newer", *old), fs::filesystem_error);
+  EXPECT_THAT(names(), testing::IsEmpty());
+}
+
 TEST_F(AtomicFileTest, GivesTheOldFilesPermissionsWhateverTheUmask) {
   writeText(path, "old");
   fs::permissions(path, fs::perms(0666));
