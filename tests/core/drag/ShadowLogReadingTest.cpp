@@ -28,7 +28,7 @@ std::vector<std::string> brokenLines() {
       "\xEF\xBB\xBF",
       std::string(1, '\0'),
       std::string(1 << 20, 'x'),
-      std::string(1 << 20, '['),
+      std::string(100'000, '['),
       whole.substr(0, whole.size() - 1),
       whole.substr(1),
       whole + whole,

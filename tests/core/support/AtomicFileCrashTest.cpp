@@ -1,14 +1,11 @@
 #include <gtest/gtest.h>
-#include <sys/ptrace.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <map>
 
 #include "core/support/AtomicFile.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/support/FileText.h"
+#include "tests/core/support/TracedProcess.h"
 
 namespace tilwin {
 namespace {
@@ -18,25 +15,13 @@ namespace fs = std::filesystem;
 const std::string oldContent(100'000, 'o');
 const std::string newContent(150'000, 'n');
 
-/// Replaces the file in a process that is killed when it enters or leaves a system call for the given time. A
-/// file system changes at no other moments. False when the process got to its end before.
+/// Replaces the file in a process that is killed at a stop. False when the process got to its end before.
 bool killedWhileReplacing(const fs::path& path, int atStop) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-    ::raise(SIGSTOP);
-    AtomicFile::replace(path, newContent);
-    ::_exit(0);
+  TracedProcess process([&] { AtomicFile::replace(path, newContent); });
+  for (int stop = 0; stop < atStop; ++stop) {
+    if (!process.goOn()) return false;
   }
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  for (int stop = 0; WIFSTOPPED(status) && stop < atStop; ++stop) {
-    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-    ::waitpid(child, &status, 0);
-  }
-  if (!WIFSTOPPED(status)) return false;
-  ::kill(child, SIGKILL);
-  ::waitpid(child, &status, 0);
+  process.kill();
   return true;
 }
 

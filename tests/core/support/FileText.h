@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tilwin {
@@ -15,8 +16,9 @@ inline void writeText(const std::filesystem::path& path, std::string_view text) 
 }
 
 inline std::string textOf(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  std::ostringstream text;
+  text << std::ifstream(path, std::ios::binary).rdbuf();
+  return std::move(text).str();
 }
 
 /// The names in a folder, sorted.
