@@ -89,7 +89,7 @@ TEST_F(ShadowLogPrivacy, HoldsAtEveryMomentWhateverTheUmask) {
     }
   }
   ::umask(usual);
-  EXPECT_EQ(numbersIn(path), numbers(5004, 10'000)) << "trimmed several times";
+  EXPECT_EQ(textOf(path), linesOf(5004, 10'000)) << "trimmed several times";
   EXPECT_GT(watcher.seen().files, 1000);
   EXPECT_EQ(watcher.seen().openToOthers, 0);
   EXPECT_EQ(watcher.seen().opened, 0);
