@@ -150,7 +150,7 @@ std::optional<LineFile> LineFile::take(const fs::path& path) {
 std::size_t LineFile::count() const {
   std::size_t ends = endsInsideALine(descriptor_) ? 1 : 0;
   readFrom(descriptor_, 0, [&](std::string_view block) {
-    for (auto end = block.find('\n'); end != block.npos; end = block.find('\n', end + 1)) ++ends;
+    for (auto end = block.find('\n'); end != std::string_view::npos; end = block.find('\n', end + 1)) ++ends;
   });
   return ends;
 }

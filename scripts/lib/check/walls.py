@@ -52,7 +52,8 @@ MAY_INCLUDE = {
     "platform/simulated": ([PORTS, *VALUES], ["std"]),
     "app": ([CORE, PORTS], ["std"]),
     "tests": ([CORE], TEST_TOOLS),
-    "tests/core": ([CORE, PORTS, "platform/simulated", "tests"], [*TEST_TOOLS, "icu", "json"]),
+    # The kernel can be asked to refuse a process its calls, as a full or broken disk would.
+    "tests/core": ([CORE, PORTS, "platform/simulated", "tests"], [*TEST_TOOLS, "linux", "icu", "json"]),
     # Simulated people, held to what is told of them.
     "tests/core/drag": ([CORE, "tests", "bench/drag"], [*TEST_TOOLS, "json"]),
     "tests/app": ([CORE, PORTS, "platform/simulated", "app", "tests"], [*TEST_TOOLS, "json"]),

@@ -63,7 +63,7 @@ struct ShadowLogKill : ShadowLogs {
     std::size_t broken = 0;
     for (const std::string_view line : LineFile::split(content)) {
       const auto at = line.find(before);
-      const int number = at == line.npos ? -1 : std::atoi(line.data() + at + before.size());
+      const int number = at == std::string_view::npos ? -1 : std::atoi(line.data() + at + before.size());
       if (line == lineOf(number)) {
         found.push_back(number);
       } else {

@@ -6,14 +6,13 @@ namespace tilwin {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 std::string replaced(std::string text, std::string_view what, std::string_view with) {
   return text.replace(text.find(what), what.size(), with);
 }
 
-/// Lines that are no record, each of another kind.
-std::vector<std::string> brokenLines() {
+/// Texts that are no JSON object with the keys of a record.
+std::vector<std::string> strangeLines() {
   const std::string whole = lineOf(7);
   std::string withNul = whole;
   withNul[20] = '\0';
@@ -33,21 +32,36 @@ std::vector<std::string> brokenLines() {
       whole.substr(1),
       whole + whole,
       withNul,
+  };
+}
+
+/// Records of which one value is wrong.
+std::vector<std::string> wrongLines() {
+  const std::string whole = lineOf(7);
+  return {
       replaced(whole, "keptSnap", "ketpSnap"),
-      replaced(whole, "\"keptSnap\"", "1"),
+      replaced(whole, R"("keptSnap")", "1"),
       replaced(whole, "1440x900", "14\xC3\x28x900"),
       replaced(whole, "2024-03-05T14:07:00Z", "2024-03-05"),
       replaced(whole, "2024-03-05T14:07:00Z", "2024-13-05T14:07:00Z"),
-      replaced(whole, "\"distance\":7", "\"distance\":\"7\""),
-      replaced(whole, "\"distance\":7", "\"distance\":null"),
-      replaced(whole, "\"distance\":7", "\"distance\":1e999"),
-      replaced(whole, "\"distance\":7", "\"distance\":NaN"),
-      replaced(whole, "\"distance\":7", "\"Distance\":7"),
-      replaced(whole, "\"neighbour\":true", "\"neighbour\":1"),
-      replaced(whole, "\"v\":1", "\"v\":1.5"),
-      replaced(whole, "\"v\":1", "\"v\":99999999999999999999"),
-      replaced(whole, "\"leftHalf\"", "5"),
+      replaced(whole, R"("distance":7)", R"("distance":"7")"),
+      replaced(whole, R"("distance":7)", R"("distance":null)"),
+      replaced(whole, R"("distance":7)", R"("distance":1e999)"),
+      replaced(whole, R"("distance":7)", R"("distance":NaN)"),
+      replaced(whole, R"("distance":7)", R"("Distance":7)"),
+      replaced(whole, R"("neighbour":true)", R"("neighbour":1)"),
+      replaced(whole, R"("v":1)", R"("v":1.5)"),
+      replaced(whole, R"("v":1)", R"("v":99999999999999999999)"),
+      replaced(whole, R"("leftHalf")", "5"),
   };
+}
+
+/// Lines that are no record, each of another kind.
+std::vector<std::string> brokenLines() {
+  std::vector<std::string> lines = strangeLines();
+  const auto wrong = wrongLines();
+  lines.insert(lines.end(), wrong.begin(), wrong.end());
+  return lines;
 }
 
 struct ShadowLogReading : ShadowLogs {

@@ -16,14 +16,21 @@ struct ShadowLogThreads : ShadowLogs {
   static void appendAll(ShadowLogFile& log, int writer) {
     for (int number = 0; number < each; ++number) log.append(recordOf(writer * each + number));
   }
+
+  static std::vector<std::thread> startWriters(int count, ShadowLogFile& log) {
+    std::vector<std::thread> threads;
+    threads.reserve(static_cast<std::size_t>(count));
+    for (int writer = 0; writer < count; ++writer)
+      threads.emplace_back([&log, writer] { appendAll(log, writer); });
+    return threads;
+  }
 };
 
 TEST_F(ShadowLogThreads, AppendAtOnceAndLoseNothing) {
   {
     ShadowLogFile log(path);
-    std::vector<std::thread> threads;
-    for (int writer = 0; writer < 4; ++writer) threads.emplace_back([&, writer] { appendAll(log, writer); });
-    for (auto& thread : threads) thread.join();
+    auto writers = startWriters(4, log);
+    for (auto& writer : writers) writer.join();
   }
   auto found = numbersIn(path);
   std::stable_sort(found.begin(), found.end(), [](int one, int other) { return one / each < other / each; });
@@ -33,8 +40,7 @@ TEST_F(ShadowLogThreads, AppendAtOnceAndLoseNothing) {
 TEST_F(ShadowLogThreads, AppendDrainEraseAndReadAtOnce) {
   ShadowLogFile log(path);
   std::atomic<bool> isOver = false;
-  std::vector<std::thread> threads;
-  for (int writer = 0; writer < 3; ++writer) threads.emplace_back([&, writer] { appendAll(log, writer); });
+  auto writers = startWriters(3, log);
   std::thread drainer([&] {
     while (!isOver) log.drain();
   });
@@ -46,7 +52,7 @@ TEST_F(ShadowLogThreads, AppendDrainEraseAndReadAtOnce) {
       for (const int number : numbersIn(path)) EXPECT_LT(number, 3 * each);
     }
   });
-  for (auto& thread : threads) thread.join();
+  for (auto& writer : writers) writer.join();
   eraser.join();
   isOver = true;
   drainer.join();

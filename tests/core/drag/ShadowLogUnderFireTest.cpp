@@ -22,6 +22,7 @@ struct ShadowLogUnderFire : ShadowLogs {
   /// As many processes, each of which appends so many records of its own, all at the same time.
   void writeAtOnce(int writers, int records) {
     std::vector<std::unique_ptr<ChildProcess>> processes;
+    processes.reserve(static_cast<std::size_t>(writers));
     for (int writer = 0; writer < writers; ++writer) {
       processes.push_back(std::make_unique<ChildProcess>([&, writer] {
         while (!*mayStart) std::this_thread::yield();

@@ -89,7 +89,7 @@ TEST_F(AtomicFileTest, ReplacesWhatASymbolicLinkPointsAtAndKeepsTheLink) {
 }
 
 TEST_F(AtomicFileTest, MakesAFilePrivateAsItReplacesItWhateverTheUmaskAndTheOldFile) {
-  for (const mode_t mask : {0, 022, 077}) {
+  for (const mode_t mask : {0U, 022U, 077U}) {
     const mode_t usual = ::umask(mask);
     AtomicFile::replacePrivately(path, "new");
     EXPECT_EQ(permissionsOf(path), fs::perms(0600));

@@ -79,7 +79,7 @@ TEST_F(LineFileTest, BeginsANewLineAfterOneThatWasCutShort) {
 }
 
 TEST_F(LineFileTest, MakesANewFileTheUsersAloneWhateverTheUmask) {
-  for (const mode_t mask : {0, 022, 077, 0777}) {
+  for (const mode_t mask : {0U, 022U, 077U, 0777U}) {
     fs::remove(path);
     const mode_t usual = ::umask(mask);
     add("one");
@@ -185,7 +185,6 @@ TEST_F(LineFileTest, EndsTheTurnOfWhoeverIsMovedOrReplaced) {
   auto first = LineFile::take(path);
   auto second = std::move(first);
   second = LineFile::take(folder.path() / "other.jsonl");
-  first.reset();
   EXPECT_TRUE(LineFile::take(path)->isHeldAlone());
 }
 

@@ -117,7 +117,7 @@ TEST_F(LineFileTurns, OfManyProcessesAreAllHad) {
   ChildProcess three(write);
   ChildProcess four(write);
   for (auto* process : {&one, &two, &three, &four}) EXPECT_TRUE(process->endsWell());
-  EXPECT_EQ(LineFile::take(path)->count(), std::size_t{4 * each});
+  EXPECT_EQ(LineFile::take(path)->count(), std::size_t{4} * each);
 }
 
 }  // namespace

@@ -98,6 +98,7 @@ TEST_F(SerialQueueThreads, GiveFromManyAtOnceAndEachKeepsItsOrder) {
   constexpr int givers = 8;
   constexpr int each = 2000;
   std::vector<std::thread> threads;
+  threads.reserve(givers);
   for (int giver = 0; giver < givers; ++giver) {
     threads.emplace_back([this, giver] {
       for (const int number : countTo(each)) give(giver * each + number);
@@ -105,15 +106,17 @@ TEST_F(SerialQueueThreads, GiveFromManyAtOnceAndEachKeepsItsOrder) {
   }
   for (auto& thread : threads) thread.join();
   queue->sync([] {});
-  ASSERT_EQ(done.size(), std::size_t{givers * each});
+  ASSERT_EQ(done.size(), std::size_t{givers} * each);
   std::stable_sort(done.begin(), done.end(), [](int one, int other) { return one / each < other / each; });
   EXPECT_THAT(done, ElementsAreArray(countTo(givers * each)));
 }
 
 TEST_F(SerialQueueThreads, WaitFromManyAtOnce) {
   std::atomic<int> wrong = 0;
+  constexpr int waiters = 8;
   std::vector<std::thread> threads;
-  for (int waiter = 0; waiter < 8; ++waiter) {
+  threads.reserve(waiters);
+  for (int waiter = 0; waiter < waiters; ++waiter) {
     threads.emplace_back([&] {
       for (int round = 0; round < 300; ++round) {
         bool isDone = false;
@@ -125,7 +128,7 @@ TEST_F(SerialQueueThreads, WaitFromManyAtOnce) {
   }
   for (auto& thread : threads) thread.join();
   EXPECT_EQ(wrong, 0);
-  EXPECT_EQ(done.size(), 8U * 300);
+  EXPECT_EQ(done.size(), std::size_t{waiters} * 300);
 }
 
 TEST_F(SerialQueueThreads, BeginAndEndWithNothingToDo) {
