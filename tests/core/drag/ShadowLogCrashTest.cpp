@@ -1,6 +1,7 @@
 // Processes are stopped and killed at every system call of a record that makes a trim due.
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 
 #include "tests/core/drag/ShadowLogs.h"
@@ -59,6 +60,31 @@ TEST_F(ShadowLogCrash, AtAnyMomentLeavesTheLogWholeAndReadyToGoOn) {
   EXPECT_GE(withDraft, 3) << "drafts were there to be removed";
 }
 
+/// What is readable to others for a moment, even before anything is in it, they can keep open and read later.
+TEST_F(ShadowLogCrash, AtNoMomentIsAnythingForOthersToOpen) {
+  const mode_t usual = ::umask(0);
+  for (const int lines : {0, 5000}) {
+    if (lines > 0) {
+      writeText(path, linesOf(0, lines - 1));
+      std::filesystem::permissions(path, std::filesystem::perms(0600));
+    }
+    int looks = 0;
+    TracedProcess process([&] { append(lines, lines); });
+    while (process.goOn()) {
+      for (const std::string& name : namesIn(folder.path())) {
+        const auto found = std::filesystem::status(folder.path() / name);
+        // Another thread than the one that stopped may just have moved it.
+        if (found.type() == std::filesystem::file_type::not_found) continue;
+        ++looks;
+        ASSERT_EQ(found.permissions(), std::filesystem::perms(0600)) << name;
+      }
+    }
+    EXPECT_GT(looks, 20);
+  }
+  ::umask(usual);
+  EXPECT_EQ(textOf(path), trimmed);
+}
+
 /// Others do not wait for a process that is stopped in its trim; what they do must stay done once it goes on.
 struct ShadowLogStop : ShadowLogCrash {
   void whileStoppedInTrim(const std::function<void()>& deed) const {
@@ -81,6 +107,16 @@ TEST_F(ShadowLogStop, InATrimLosesNothingThatOthersAppend) {
 TEST_F(ShadowLogStop, InATrimBringsNothingBackThatIsRemoved) {
   whileStoppedInTrim([this] { std::filesystem::remove(path); });
   EXPECT_THAT(namesIn(folder.path()), IsEmpty());
+}
+
+TEST_F(ShadowLogStop, JustAfterATrimCountsWhatOthersAppend) {
+  writeText(path, before);
+  TracedProcess process([this] { append(5000, 6000); });
+  ASSERT_TRUE(process.goOnTo(SYS_fsync)) << "of the draft";
+  ASSERT_TRUE(process.goOnTo(SYS_fsync)) << "of the folder, the trimmed log being in place";
+  append(9000, 9000);
+  while (process.goOn()) continue;
+  EXPECT_EQ(textOf(path), linesOf(2002, 5000) + linesOf(9000, 9000) + linesOf(5001, 6000));
 }
 
 }  // namespace
