@@ -31,22 +31,22 @@ public:
 
   bool null() override { return add({}); }
   bool boolean(bool value) override { return add({.kind = Kind::flag, .flag = value}); }
-  bool number_integer(number_integer_t value) override { return add({.kind = Kind::whole, .whole = value}); }
+  bool number_integer(number_integer_t value) override { return add({.whole = value, .kind = Kind::whole}); }
   bool number_unsigned(number_unsigned_t value) override {
     if (value > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()))
-      return add({.kind = Kind::fraction, .fraction = static_cast<double>(value)});
-    return add({.kind = Kind::whole, .whole = static_cast<std::int64_t>(value)});
+      return add({.fraction = static_cast<double>(value), .kind = Kind::fraction});
+    return add({.whole = static_cast<std::int64_t>(value), .kind = Kind::whole});
   }
   bool number_float(number_float_t value, const string_t& /*written*/) override {
-    return add({.kind = Kind::fraction, .fraction = value});
+    return add({.fraction = value, .kind = Kind::fraction});
   }
   bool string(string_t& value) override {
-    return add({.kind = Kind::text, .size = value.size(), .start = keep(value)});
+    return add({.size = place(value.size()), .start = keep(value), .kind = Kind::text});
   }
   bool binary(binary_t& /*value*/) override { return false; }
   bool key(string_t& value) override {
     key_ = keep(value);
-    keySize_ = value.size();
+    keySize_ = place(value.size());
     return true;
   }
   bool start_array(std::size_t /*count*/) override { return open(Kind::array); }
@@ -54,12 +54,11 @@ public:
   bool end_array() override { return close(inOpen_.begin() + firstInOpen()); }
   bool end_object() override {
     const auto first = inOpen_.begin() + firstInOpen();
-    const auto precedes = [this](std::size_t one, std::size_t other) { return keyOf(one) < keyOf(other); };
+    const auto precedes = [this](Place one, Place other) { return keyOf(one) < keyOf(other); };
     if (!std::is_sorted(first, inOpen_.end(), precedes)) std::stable_sort(first, inOpen_.end(), precedes);
     // Of equal keys the last one counts: seen from the back it is the first.
-    const auto kept =
-        std::unique(inOpen_.rbegin(), std::make_reverse_iterator(first),
-                    [this](std::size_t one, std::size_t other) { return keyOf(one) == keyOf(other); });
+    const auto kept = std::unique(inOpen_.rbegin(), std::make_reverse_iterator(first),
+                                  [this](Place one, Place other) { return keyOf(one) == keyOf(other); });
     return close(kept.base());
   }
   bool parse_error(std::size_t /*position*/, const std::string& /*last*/,
@@ -70,14 +69,16 @@ public:
   }
 
 private:
-  [[nodiscard]] std::string_view keyOf(std::size_t node) const { return tree_.keyOf(tree_.nodes_[node]); }
+  [[nodiscard]] std::string_view keyOf(Place node) const { return tree_.keyOf(tree_.nodes_[node]); }
   [[nodiscard]] std::ptrdiff_t firstInOpen() const {
     return static_cast<std::ptrdiff_t>(opened_.back().firstChild);
   }
 
-  std::size_t keep(const std::string& text) {
+  static Place place(std::size_t place) { return static_cast<Place>(place); }
+
+  Place keep(const std::string& text) {
     tree_.texts_ += text;
-    return tree_.texts_.size() - text.size();
+    return place(tree_.texts_.size() - text.size());
   }
 
   bool add(Node node) {
@@ -85,24 +86,24 @@ private:
     node.keySize = std::exchange(keySize_, 0);
     if (!opened_.empty()) {
       node.parent = opened_.back().node;
-      node.index = inOpen_.size() - opened_.back().firstChild;
+      node.index = place(inOpen_.size()) - opened_.back().firstChild;
     }
-    inOpen_.push_back(tree_.nodes_.size());
+    inOpen_.push_back(place(tree_.nodes_.size()));
     tree_.nodes_.push_back(node);
     return true;
   }
 
   bool open(Kind kind) {
     add({.kind = kind});
-    opened_.push_back({tree_.nodes_.size() - 1, inOpen_.size()});
+    opened_.push_back({place(tree_.nodes_.size() - 1), place(inOpen_.size())});
     return true;
   }
 
   /// Gives the innermost open value its children, from this one on.
-  bool close(std::vector<std::size_t>::iterator from) {
+  bool close(std::vector<Place>::iterator from) {
     Node& node = tree_.nodes_[opened_.back().node];
-    node.start = tree_.children_.size();
-    node.size = static_cast<std::size_t>(inOpen_.end() - from);
+    node.start = place(tree_.children_.size());
+    node.size = static_cast<Place>(inOpen_.end() - from);
     tree_.children_.insert(tree_.children_.end(), from, inOpen_.end());
     inOpen_.resize(opened_.back().firstChild);
     opened_.pop_back();
@@ -110,21 +111,22 @@ private:
   }
 
   struct Open {
-    std::size_t node;
-    std::size_t firstChild;  ///< in `inOpen_`
+    Place node;
+    Place firstChild;  ///< in `inOpen_`
   };
 
   JsonTree& tree_;
-  std::vector<std::size_t> inOpen_;  ///< children so far of every open value, the innermost one's last
+  std::vector<Place> inOpen_;  ///< children so far of every open value, the innermost one's last
   std::vector<Open> opened_;
-  std::size_t key_ = 0;  ///< of the next value
-  std::size_t keySize_ = 0;
+  Place key_ = 0;  ///< of the next value
+  Place keySize_ = 0;
   int error_ = 0;
   std::string message_;
 };
 
 JsonTree::JsonTree(std::string_view json) {
-  constexpr std::size_t usualSizeOfAValue = 16;
+  if (json.size() > longest) throw JsonError(JsonError::Kind::notJson, "", "too long");
+  constexpr std::size_t usualSizeOfAValue = 12;
   nodes_.reserve(json.size() / usualSizeOfAValue + 1);
   texts_.reserve(json.size());
   Builder first(*this);
@@ -151,7 +153,7 @@ std::string JsonTree::pathTo(const Node& node) const {
 const JsonTree::Node* JsonTree::find(const Node& object, std::string_view key) const {
   const auto first = children_.begin() + static_cast<std::ptrdiff_t>(object.start);
   const auto last = first + static_cast<std::ptrdiff_t>(object.size);
-  const auto found = std::lower_bound(first, last, key, [this](std::size_t child, std::string_view wanted) {
+  const auto found = std::lower_bound(first, last, key, [this](Place child, std::string_view wanted) {
     return keyOf(nodes_[child]) < wanted;
   });
   return found != last && keyOf(nodes_[*found]) == key ? &nodes_[*found] : nullptr;

@@ -2,8 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
-#include <span>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,17 +15,21 @@ class JsonTree {
 public:
   enum class Kind : std::uint8_t { null, flag, whole, fraction, text, array, object };
 
+  /// Small, as there are many: a text is at most `longest`, so its places fit 32 bits.
+  using Place = std::uint32_t;
+  static constexpr std::size_t longest = std::numeric_limits<Place>::max();
+
   struct Node {
-    Kind kind = Kind::null;
-    bool flag = false;
     std::int64_t whole = 0;  ///< a number written without a fraction, if it is one that fits
     double fraction = 0;     ///< any other number
-    std::size_t size = 0;    ///< bytes of a text, or values in an array or object
-    std::size_t start = 0;   ///< where the tree keeps these
-    std::size_t key = 0;     ///< where it keeps the key of a member
-    std::size_t keySize = 0;
-    std::size_t parent = 0;  ///< number of the node it is in; the root is in itself
-    std::size_t index = 0;   ///< among the parent's values, as they came
+    Place size = 0;          ///< bytes of a text, or values in an array or object
+    Place start = 0;         ///< where the tree keeps these
+    Place key = 0;           ///< where it keeps the key of a member
+    Place keySize = 0;
+    Place parent = 0;  ///< number of the node it is in; the root is in itself
+    Place index = 0;   ///< among the parent's values, as they came
+    Kind kind = Kind::null;
+    bool flag = false;
   };
 
   /// Throws `JsonError` for what is not JSON. A number that no double can hold is read as null.
@@ -54,7 +57,7 @@ private:
   }
 
   std::vector<Node> nodes_;  ///< the root first
-  std::vector<std::size_t> children_;
+  std::vector<Place> children_;
   std::string texts_;
 };
 
