@@ -18,7 +18,8 @@ namespace tilwin {
 /// gradient descent, with the weights that decide averaged over the steps (Polyak and Juditsky 1992, with an
 /// exponential window); who decides is settled by a sign test over the drags on which the two disagree.
 struct DragIntentModel {
-  static constexpr double reach = 24;      ///< points from an edge beyond which the model never snaps
+  /// Points from an edge beyond which the model never snaps: the measure of what counts as near one.
+  static constexpr double reach = DragFeatures::nearEdge;
   static constexpr double todaysEdge = 6;  ///< points from an edge within which the rule snaps
   /// The weights to start with. With distances counted in units of the reach they put the probability at
   /// exactly one half where the rule's edge is, so that an untaught model agrees with the rule.

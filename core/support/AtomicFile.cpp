@@ -25,6 +25,9 @@ namespace fs = std::filesystem;
 constexpr mode_t ownerOnly = 0600;
 constexpr mode_t usual = 0666;  ///< less what the user's umask takes away
 
+/// Between the file's own name and the numbers of a draft: nobody's copy of a file is to look like one.
+constexpr const char* draftMark = ".draft-";
+
 class Descriptor {
 public:
   explicit Descriptor(int number) : number_(number) {}
@@ -83,7 +86,7 @@ private:
   }
 
   int create(mode_t permissions) {
-    const std::string stem = path_.string() + "." + std::to_string(::getpid()) + "-";
+    const std::string stem = path_.string() + draftMark + std::to_string(::getpid()) + "-";
     for (int attempt = 0;; ++attempt) {
       path_ = stem + std::to_string(attempt);
       const int number = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
@@ -133,7 +136,7 @@ void replaceWith(
 
 /// Whether the name is one that `Draft` gives: the target's, a process and a number.
 bool isDraftOf(const fs::path& target, std::string_view name) {
-  const std::string stem = target.filename().string() + ".";
+  const std::string stem = target.filename().string() + draftMark;
   if (name.substr(0, stem.size()) != stem) return false;
   name.remove_prefix(stem.size());
   const auto areDigits = [](std::string_view text) {
@@ -187,10 +190,6 @@ void AtomicFile::replace(const fs::path& path, std::string_view content) {
   replaceWith(path, content, permissionsOf(path));
 }
 
-void AtomicFile::replacePrivately(const fs::path& path, std::string_view content) {
-  replaceWith(path, content, ownerOnly);
-}
-
 void AtomicFile::replacePrivately(const fs::path& path, std::string_view content, const Stamp& old) {
   replaceWith(path, content, ownerOnly, [&](const fs::path& target) {
     if (stamp(target) == old) return;
@@ -201,9 +200,10 @@ void AtomicFile::replacePrivately(const fs::path& path, std::string_view content
 
 void AtomicFile::removeDrafts(const fs::path& path) {
   const fs::path target = behindLinks(path);
-  std::error_code ignored;
-  for (const auto& entry : fs::directory_iterator(folderOf(target), ignored)) {
-    if (isDraftOf(target, entry.path().filename().string())) ::unlink(entry.path().c_str());
+  std::error_code refusal;
+  for (fs::directory_iterator entry(folderOf(target), refusal); !refusal && entry != fs::directory_iterator();
+       entry.increment(refusal)) {
+    if (isDraftOf(target, entry->path().filename().string())) ::unlink(entry->path().c_str());
   }
 }
 

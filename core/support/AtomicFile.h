@@ -33,13 +33,11 @@ struct AtomicFile {
   /// what it points at is replaced. Throws `std::filesystem::filesystem_error`; the old file is then intact.
   static void replace(const std::filesystem::path& path, std::string_view content);
   /// The same for what is nobody else's business: the file is the user's alone, as is the draft it is made
-  /// from.
-  static void replacePrivately(const std::filesystem::path& path, std::string_view content);
-  /// The same, unless the file is no longer in the state `old` when the new content is ready to take its
-  /// place: then it is left as it is, and this throws `std::errc::operation_canceled`.
+  /// from. If the file is no longer in the state `old` when the new content is ready to take its place, it is
+  /// left as it is, and this throws `std::errc::operation_canceled`.
   static void replacePrivately(const std::filesystem::path& path, std::string_view content, const Stamp& old);
-  /// Removes what processes that were ended while they replaced the file have left beside it. Nobody may be
-  /// replacing it meanwhile.
+  /// Removes what processes that were ended while they replaced the file have left beside it, as far as it
+  /// can be removed. Nobody may be replacing it meanwhile.
   static void removeDrafts(const std::filesystem::path& path);
 
   /// Gives what stands at `path` a second name beside it before somebody replaces it: "NAME.unreadable", or

@@ -116,9 +116,10 @@ std::optional<std::string> LineFile::read(const fs::path& path) {
   if (descriptor < 0) return std::nullopt;
   const LineFile closing(descriptor, false);
   // One byte more, to see whether the part begins where a line does.
-  const off_t start = std::max<off_t>(sizeOf(descriptor) - static_cast<off_t>(mostRead) - 1, 0);
+  const off_t size = sizeOf(descriptor);
+  const off_t start = std::max<off_t>(size - static_cast<off_t>(mostRead) - 1, 0);
   std::string content;
-  content.reserve(static_cast<std::size_t>(sizeOf(descriptor) - start));
+  content.reserve(static_cast<std::size_t>(size - start));
   if (!readFrom(descriptor, start, [&](std::string_view block) { content += block; })) return std::nullopt;
   if (start > 0) content.erase(0, std::min(content.find('\n'), content.size() - 1) + 1);
   return content;

@@ -51,14 +51,14 @@ TEST_F(ShadowLogErase, ForgetsHowManyLinesThereWere) {
 
 TEST_F(ShadowLogErase, RemovesWhatATrimThatWasCutShortLeft) {
   writeText(path, linesOf(0, 9));
-  writeText(path.string() + ".12-0", linesOf(0, 3));
+  writeText(path.string() + ".draft-12-0", linesOf(0, 3));
   writeText(path.string() + ".unrelated", "");
   ShadowLogFile(path).erase();
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("shadow.jsonl.unrelated"));
 }
 
 TEST_F(ShadowLogErase, RemovesThatEvenWhereTheLogItselfIsGone) {
-  writeText(path.string() + ".12-0", linesOf(0, 3));
+  writeText(path.string() + ".draft-12-0", linesOf(0, 3));
   ShadowLogFile(path).erase();
   EXPECT_THAT(namesIn(folder.path()), IsEmpty());
 }
@@ -69,7 +69,7 @@ TEST_F(ShadowLogErase, RemovesTheRecordsBehindASymbolicLink) {
   fs::create_symlink(real, path);
   ShadowLogFile log(path);
   log.append(recordOf(1));
-  writeText(real.string() + ".12-0", linesOf(0, 3));
+  writeText(real.string() + ".draft-12-0", linesOf(0, 3));
   log.erase();
   EXPECT_THAT(namesIn(real.parent_path()), IsEmpty());
   log.append(recordOf(2));

@@ -76,7 +76,7 @@ TEST_F(ShadowLogTrim, ReplacesWhatASymbolicLinkPointsAt) {
 
 TEST_F(ShadowLogTrim, RemovesWhatATrimThatWasCutShortLeft) {
   writeText(path, linesOf(0, 4999));
-  writeText(path.string() + ".12-0", linesOf(0, 3));
+  writeText(path.string() + ".draft-12-0", linesOf(0, 3));
   append(5000, 5000);
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("shadow.jsonl"));
 }

@@ -6,6 +6,8 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <string>
+#include <vector>
 
 #include "tests/TemporaryFolder.h"
 #include "tests/core/support/FileText.h"
@@ -91,13 +93,12 @@ TEST_F(AtomicFileTest, ReplacesWhatASymbolicLinkPointsAtAndKeepsTheLink) {
 TEST_F(AtomicFileTest, MakesAFilePrivateAsItReplacesItWhateverTheUmaskAndTheOldFile) {
   for (const mode_t mask : {0U, 022U, 077U}) {
     const mode_t usual = ::umask(mask);
-    AtomicFile::replacePrivately(path, "new");
-    EXPECT_EQ(permissionsOf(path), fs::perms(0600));
+    writeText(path, "old");
     fs::permissions(path, fs::perms(0644));
-    AtomicFile::replacePrivately(path, "newer");
+    AtomicFile::replacePrivately(path, "new", AtomicFile::stamp(path).value());
+    EXPECT_EQ(textOf(path), "new");
     EXPECT_EQ(permissionsOf(path), fs::perms(0600));
     ::umask(usual);
-    fs::remove(path);
   }
 }
 
@@ -125,25 +126,44 @@ TEST_F(AtomicFileTest, GivesTheOldFilesPermissionsWhateverTheUmask) {
 }
 
 TEST_F(AtomicFileTest, RemovesTheDraftsOfThisFileAlone) {
-  for (const char* name : {"layouts.json.12-0", "layouts.json.4194304-17", "layouts.json.unreadable",
-                           "layouts.json.12", "layouts.json.12-", "layouts.json.-1", "layouts.json.1-2-3",
-                           "layouts.json.12-0.old", "layouts.jsonx.12-0", "other.json.12-0"})
+  const std::vector<std::string> others{"layouts.json.2026-11",     "layouts.json.draft",
+                                        "layouts.json.draft--1",    "layouts.json.draft-1-2-3",
+                                        "layouts.json.draft-12",    "layouts.json.draft-12-",
+                                        "layouts.json.unreadable",  "layouts.json.draft-12-0.old",
+                                        "layouts.jsonx.draft-12-0", "other.json.draft-12-0"};
+  for (const std::string& name : others) writeText(folder.path() / name, "");
+  for (const char* name : {"layouts.json.draft-12-0", "layouts.json.draft-4194304-17"})
     writeText(folder.path() / name, "");
   AtomicFile::removeDrafts(path);
-  EXPECT_THAT(names(), ElementsAre("layouts.json.-1", "layouts.json.1-2-3", "layouts.json.12",
-                                   "layouts.json.12-", "layouts.json.12-0.old", "layouts.json.unreadable",
-                                   "layouts.jsonx.12-0", "other.json.12-0"));
+  EXPECT_THAT(names(), testing::UnorderedElementsAreArray(others));
+}
+
+TEST_F(AtomicFileTest, RemovesWhatAProcessLeftThatEndedBeforeItsDraftWasInPlace) {
+  writeText(path, "old");
+  const auto old = AtomicFile::stamp(path).value();
+  // Ended by the limit on file sizes, in the middle of the draft.
+  EXPECT_EQ(inChild([&] {
+              const rlimit limit{1, 1};
+              ::setrlimit(RLIMIT_FSIZE, &limit);
+              std::signal(SIGXFSZ, SIG_DFL);
+              AtomicFile::replacePrivately(path, "longer than that", old);
+            }),
+            ChildOutcome::died);
+  ASSERT_EQ(names().size(), 2U);
+  AtomicFile::removeDrafts(path);
+  EXPECT_THAT(names(), ElementsAre("layouts.json"));
+  EXPECT_EQ(textOf(path), "old");
 }
 
 TEST_F(AtomicFileTest, RemovesDraftsBesideWhatASymbolicLinkPointsAt) {
   const fs::path real = folder.path() / "elsewhere" / "mine.json";
   AtomicFile::replace(real, "old");
   fs::create_symlink(real, path);
-  writeText(real.string() + ".12-0", "");
-  writeText(path.string() + ".12-0", "");
+  writeText(real.string() + ".draft-12-0", "");
+  writeText(path.string() + ".draft-12-0", "");
   AtomicFile::removeDrafts(path);
   EXPECT_THAT(namesIn(real.parent_path()), ElementsAre("mine.json"));
-  EXPECT_THAT(names(), ElementsAre("elsewhere", "layouts.json", "layouts.json.12-0"));
+  EXPECT_THAT(names(), ElementsAre("elsewhere", "layouts.json", "layouts.json.draft-12-0"));
 }
 
 TEST_F(AtomicFileTest, RemovesNoDraftsWhereThereIsNoFolder) {
