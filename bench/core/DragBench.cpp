@@ -12,7 +12,6 @@
 #include <variant>
 #include <vector>
 
-#include "bench/core/BenchFolder.h"
 #include "bench/drag/DragSimulation.h"
 #include "core/drag/DragIntentModel.h"
 #include "core/drag/ShadowLogFile.h"
@@ -20,6 +19,7 @@
 #include "core/drag/ShadowReport.h"
 #include "core/support/JsonReader.h"
 #include "core/support/LineFile.h"
+#include "tests/TemporaryFolder.h"
 
 namespace tilwin {
 namespace {
@@ -55,9 +55,9 @@ DragTrace traceOf(std::int64_t samples) {
 struct LogOnDisk {
   explicit LogOnDisk(std::int64_t records) { std::ofstream(path()) << lines(startOfLog(records)); }
 
-  [[nodiscard]] std::filesystem::path path() const { return folder.file("shadow.jsonl"); }
+  [[nodiscard]] std::filesystem::path path() const { return folder.path() / "shadow.jsonl"; }
 
-  BenchFolder folder;
+  TemporaryFolder folder;
 };
 
 void dragFeatures(benchmark::State& state) {
@@ -131,8 +131,8 @@ void decodeLines(benchmark::State& state) {
 
 /// Into a log that is trimmed whenever it is full, as a user's is. The queue's thread counts as well.
 void appendRecords(benchmark::State& state) {
-  const BenchFolder folder;
-  ShadowLogFile file(folder.file("shadow.jsonl"));
+  const TemporaryFolder folder;
+  ShadowLogFile file(folder.path() / "shadow.jsonl");
   const auto records = startOfLog(state.range(0));
   for (auto _ : state) {
     for (const ShadowRecord& record : records) file.append(record);

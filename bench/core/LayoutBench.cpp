@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "bench/core/BenchFolder.h"
 #include "core/layouts/LayoutPlanner.h"
 #include "core/layouts/LayoutsFile.h"
+#include "tests/TemporaryFolder.h"
 
 namespace tilwin {
 namespace {
@@ -79,10 +79,10 @@ public:
     store.write(path());
   }
 
-  [[nodiscard]] std::filesystem::path path() const { return folder_.file("layouts.json"); }
+  [[nodiscard]] std::filesystem::path path() const { return folder_.path() / "layouts.json"; }
 
 private:
-  BenchFolder folder_;
+  TemporaryFolder folder_;
 };
 
 void loadAndWrite(benchmark::State& state) {

@@ -65,7 +65,7 @@ MAY_INCLUDE = {
     # Layouts on real desktops, placed from within the test.
     "tests/desktop/layouts": ([CORE, PORTS, "platform/x11", "platform/qt", "tests"], [*TEST_TOOLS, "qt"]),
     "fuzz": ([CORE], ["std"]),
-    "bench": ([CORE, PORTS, "platform/simulated", "app", "bench/drag"], ["std", "posix", "benchmark"]),
+    "bench": ([CORE, PORTS, "platform/simulated", "app", "bench/drag", "tests"], ["std", "posix", "benchmark"]),
     "bench/drag": ([CORE], ["std"]),
     "bench/desktop": (["core/geometry", "tests/desktop"], ["std", "posix", "benchmark", "xcb"]),
 }
