@@ -1,5 +1,6 @@
 #include "bench/desktop/Movers.h"
 
+#include "bench/desktop/Dragging.h"
 #include "tests/desktop/harness/GrabbedKey.h"
 #include "tests/desktop/harness/HarnessError.h"
 
@@ -44,9 +45,9 @@ std::string wmctrlLine(const Rect& frame, const desktop::Extents& extents) {
 }  // namespace
 
 std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindow& window) {
-  std::vector<Mover> result{requests(session, window),
-                            keys(session, "Tilwin", "Control+Alt+Left", "Control+Alt+BackSpace"),
-                            keys(session, window, "sxhkd + wmctrl", sxhkdKeys)};
+  std::vector<Mover> result{
+      requests(session, window), keys(session, "Tilwin", "Control+Alt+Left", "Control+Alt+BackSpace"),
+      dragToTheLeft(session, window), keys(session, window, "sxhkd + wmctrl", sxhkdKeys)};
   const auto& manager = session.manager().traits();
   // openbox has no tiling of its own. The others remember that they tiled a window, and the same key undoes
   // it.

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <string_view>
 
+#include "bench/desktop/Dragging.h"
 #include "bench/desktop/Movers.h"
 #include "tests/desktop/harness/ExitGuard.h"
 #include "tests/desktop/harness/HarnessError.h"
@@ -22,6 +23,8 @@ using namespace tilwin::bench;
 
 constexpr int rounds = 4;
 constexpr desktop::Milliseconds restTime{10000};
+constexpr desktop::Milliseconds dragTime{10000};
+constexpr int previews = 50;
 
 struct Arguments {
   std::filesystem::path tilwin;
@@ -56,6 +59,18 @@ void printCosts(desktop::Session& session, pid_t tilwin, desktop::Clock::duratio
       static_cast<double>(after->wakeUps - before->wakeUps) / minutes);
 }
 
+void printDragCosts(desktop::Session& session, const desktop::TestWindow& window, pid_t tilwin) {
+  session.desktop().place(window.id(), apart);
+  session.desktop().waitForFrame(window.id(), apart);
+  const auto preview = timesToPreview(session, window, previews);
+  const auto cost = costOfDragging(session, window, tilwin, dragTime);
+  std::printf("  Preview mapped after the pointer has come: median %.2f ms, longest %.2f ms\n",
+              preview.percentile(0.5), preview.percentile(1));
+  std::printf("  Dragging for 10 s: Tilwin %.2f %% of a processor, %s %.2f %%: %.1f %% of it\n\n",
+              cost.tilwin * 100, session.manager().traits().name, cost.manager * 100,
+              cost.tilwin / cost.manager * 100);
+}
+
 void compareUnder(desktop::Manager manager, const Arguments& arguments) {
   desktop::Session session({.manager = manager, .setup = {.nativeTileKeys = true}});
   desktop::TestWindow window = session.window();
@@ -78,6 +93,7 @@ void compareUnder(desktop::Manager manager, const Arguments& arguments) {
               latencies.front().milliseconds.size());
   printTable(movers, latencies);
   printCosts(session, tilwin.process.pid(), startTime);
+  printDragCosts(session, window, tilwin.process.pid());
 }
 
 }  // namespace

@@ -23,16 +23,41 @@ std::string classOf(const std::string& property) {
   return instanceEnd == std::string::npos ? std::string() : untilZero(property.substr(instanceEnd + 1));
 }
 
+/// Where a window stands and what is drawn around it.
+class PlaceQuestions {
+public:
+  PlaceQuestions(const X11Connection& x, xcb_window_t window)
+      : geometry_(x.get(), xcb_get_geometry(x.get(), window)),
+        origin_(x.get(), xcb_translate_coordinates(x.get(), window, x.root(), 0, 0)),
+        frameExtents_(x.get(), window, x.atom(Atom::netFrameExtents)),
+        shadow_(x.get(), window, x.atom(Atom::gtkFrameExtents)) {}
+
+  /// Fills in the client area and the shape; false when the window is gone.
+  bool answer(Rect& client, FrameShape& shape) {
+    const auto geometry = geometry_.collect();
+    const auto origin = origin_.collect();
+    if (!geometry || !origin) return false;
+    client = {static_cast<double>(origin->dst_x), static_cast<double>(origin->dst_y),
+              static_cast<double>(geometry->width), static_cast<double>(geometry->height)};
+    shape.decoration = Margins::fromProperty(frameExtents_.numbers());
+    shape.shadow = Margins::fromProperty(shadow_.numbers());
+    return true;
+  }
+
+private:
+  Pending<xcb_get_geometry_reply> geometry_;
+  Pending<xcb_translate_coordinates_reply> origin_;
+  PropertyRequest frameExtents_;
+  PropertyRequest shadow_;
+};
+
 /// Everything asked about one window; the replies are collected only after all windows have been asked about.
 class Questions {
 public:
   Questions(const X11Connection& x, xcb_window_t window)
       : x_(x),
         window_(window),
-        geometry_(x.get(), xcb_get_geometry(x.get(), window)),
-        origin_(x.get(), xcb_translate_coordinates(x.get(), window, x.root(), 0, 0)),
-        frameExtents_(ask(Atom::netFrameExtents)),
-        shadow_(ask(Atom::gtkFrameExtents)),
+        place_(x, window),
         state_(ask(Atom::netWmState)),
         type_(ask(Atom::netWmWindowType)),
         process_(ask(Atom::netWmPid)),
@@ -44,15 +69,9 @@ public:
         transientFor_(x.get(), window, XCB_ATOM_WM_TRANSIENT_FOR) {}
 
   std::optional<WindowSnapshot> answers() {
-    const auto geometry = geometry_.collect();
-    const auto origin = origin_.collect();
-    if (!geometry || !origin) return std::nullopt;
     WindowSnapshot result;
+    if (!place_.answer(result.client, result.shape)) return std::nullopt;
     result.window = window_;
-    result.client = {static_cast<double>(origin->dst_x), static_cast<double>(origin->dst_y),
-                     static_cast<double>(geometry->width), static_cast<double>(geometry->height)};
-    result.shape.decoration = Margins::fromProperty(frameExtents_.numbers());
-    result.shape.shadow = Margins::fromProperty(shadow_.numbers());
     result.process = process_.number().value_or(0);
     readState(result);
     readType(result);
@@ -90,10 +109,7 @@ private:
 
   const X11Connection& x_;
   xcb_window_t window_;
-  Pending<xcb_get_geometry_reply> geometry_;
-  Pending<xcb_translate_coordinates_reply> origin_;
-  PropertyRequest frameExtents_;
-  PropertyRequest shadow_;
+  PlaceQuestions place_;
   PropertyRequest state_;
   PropertyRequest type_;
   PropertyRequest process_;
@@ -117,6 +133,13 @@ std::vector<WindowSnapshot> readWindows(const X11Connection& x, std::span<const 
     if (auto snapshot = questions.answers()) result.push_back(std::move(*snapshot));
   }
   return result;
+}
+
+std::optional<Rect> readFrame(const X11Connection& x, xcb_window_t window) {
+  Rect client;
+  FrameShape shape;
+  if (!PlaceQuestions(x, window).answer(client, shape)) return std::nullopt;
+  return shape.frameOfClient(client);
 }
 
 std::optional<WindowSnapshot> readActiveWindow(const X11Connection& x, xcb_window_t expected) {

@@ -33,6 +33,9 @@ struct WindowSnapshot {
 [[nodiscard]] std::vector<WindowSnapshot> readWindows(const X11Connection& x,
                                                       std::span<const xcb_window_t> windows);
 
+/// Where the window stands, in one round trip and asking for nothing else; nothing when it is gone.
+[[nodiscard]] std::optional<Rect> readFrame(const X11Connection& x, xcb_window_t window);
+
 /// The focused window, in one round trip when it is still `expected` and two when it is not. Nothing when no
 /// window has the focus. Source: EWMH, _NET_ACTIVE_WINDOW.
 [[nodiscard]] std::optional<WindowSnapshot> readActiveWindow(const X11Connection& x, xcb_window_t expected);

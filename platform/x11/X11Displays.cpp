@@ -49,7 +49,7 @@ std::vector<xcb_window_t> readClientList(const X11Connection& x, Atom property) 
 }
 
 X11Displays::X11Displays(X11Connection& x, MainQueue& queue)
-    : x_(x), reading_(queue, soon, [this] { refresh(); }) {
+    : x_(x), queue_(queue), reading_(queue, soon, [this] { refresh(); }) {
   xcb_randr_select_input(x_.get(), x_.root(),
                          XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
                              XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
@@ -87,10 +87,14 @@ void X11Displays::refresh() {
   const auto monitorsReply = monitors.collect();
   const auto wholeReply = whole.collect();
   if (!monitorsReply || !wholeReply) return;
-  displays_ = monitorsIn(*monitorsReply);
+  auto displays = monitorsIn(*monitorsReply);
   const auto struts =
       readStruts({0, 0, static_cast<double>(wholeReply->width), static_cast<double>(wholeReply->height)});
-  for (auto& display : displays_) display.visibleFrame = visibleFrame(display.frame, struts);
+  for (auto& display : displays) display.visibleFrame = visibleFrame(display.frame, struts);
+  if (displays == std::exchange(displays_, displays)) return;
+  queue_.post([this] {
+    if (changed_) changed_();
+  });
 }
 
 std::vector<Strut> X11Displays::readStruts(const Rect& desktop) {

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "platform/x11/Property.h"
+#include "platform/x11/WindowAtPoint.h"
 #include "platform/x11/WindowRequests.h"
 
 namespace tilwin::x11 {
@@ -35,8 +36,8 @@ std::vector<xcb_window_t> windowsFromTheTop(const X11Connection& x) {
 
 }  // namespace
 
-X11WindowProvider::X11WindowProvider(X11Connection& x, MainQueue& queue)
-    : x_(x), queue_(queue), displays_(x, queue), closing_(queue, atOnce, [this] { forgetClosedWindows(); }) {
+X11WindowProvider::X11WindowProvider(X11Connection& x, X11Displays& displays, MainQueue& queue)
+    : x_(x), queue_(queue), displays_(displays), closing_(queue, atOnce, [this] { forgetClosedWindows(); }) {
   listenToEvents();
   activeWindow_ =
       PropertyRequest(x_.get(), x_.root(), x_.atom(Atom::netActiveWindow)).number().value_or(XCB_WINDOW_NONE);
@@ -91,6 +92,22 @@ bool X11WindowProvider::setFrame(std::int64_t id, const Rect& frame) {
   requestRelease(x_, *snapshot);
   move(*snapshot, frame);
   return true;
+}
+
+std::optional<Rect> X11WindowProvider::frame(std::int64_t of) {
+  const auto window = ids_.windowOf(of);
+  return window ? readFrame(x_, *window) : std::nullopt;
+}
+
+std::optional<WindowInfo> X11WindowProvider::window(Point at) {
+  closing_.doNow();
+  const auto under = managedWindowAt(x_, at);
+  if (!under) return std::nullopt;
+  const auto read = readWindows(x_, std::span(&*under, 1));
+  if (read.empty() || read.front().furniture || isOwn(read.front())) return std::nullopt;
+  auto info = infoFor(read.front(), 0);
+  info.frame = read.front().frame();
+  return info;
 }
 
 std::optional<WindowSnapshot> X11WindowProvider::freshSnapshot(xcb_window_t window) const {

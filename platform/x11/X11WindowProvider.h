@@ -5,7 +5,7 @@
 #include <set>
 #include <vector>
 
-#include "core/geometry/WindowProvider.h"
+#include "platform/ports/DesktopWindows.h"
 #include "platform/ports/MainQueue.h"
 #include "platform/x11/DesktopEntries.h"
 #include "platform/x11/MoveLedger.h"
@@ -22,15 +22,17 @@ namespace tilwin::x11 {
 ///
 /// Sources: EWMH (_NET_ACTIVE_WINDOW, _NET_CLIENT_LIST, _NET_MOVERESIZE_WINDOW, _NET_WM_STATE,
 /// _NET_FRAME_EXTENTS), ICCCM (WM_CLASS, WM_TRANSIENT_FOR).
-class X11WindowProvider : public WindowProvider {
+class X11WindowProvider : public DesktopWindows {
 public:
-  /// Connection and queue must outlive this.
-  X11WindowProvider(X11Connection& x, MainQueue& queue);
+  /// Connection, displays and queue must outlive this.
+  X11WindowProvider(X11Connection& x, X11Displays& displays, MainQueue& queue);
 
   [[nodiscard]] std::vector<DisplayInfo> displays() override;
   [[nodiscard]] std::optional<WindowInfo> focusedWindow() override;
   [[nodiscard]] std::vector<WindowInfo> allWindows() override;
   bool setFrame(std::int64_t id, const Rect& frame) override;
+  [[nodiscard]] std::optional<Rect> frame(std::int64_t of) override;
+  [[nodiscard]] std::optional<WindowInfo> window(Point at) override;
 
 private:
   /// A snapshot is as good as fresh until an event has come in after it.
@@ -52,7 +54,7 @@ private:
 
   X11Connection& x_;
   MainQueue& queue_;
-  X11Displays displays_;
+  X11Displays& displays_;
   DesktopEntries desktopEntries_;
   WindowIds ids_;
   MoveLedger ledger_;

@@ -10,10 +10,12 @@
 #include <vector>
 
 #include "core/geometry/Rect.h"
-#include "core/geometry/WindowProvider.h"
 #include "core/settings/HotKeySpec.h"
+#include "platform/ports/DesktopWindows.h"
 #include "platform/ports/HotKeys.h"
 #include "platform/ports/MainQueue.h"
+#include "platform/ports/PointerMonitor.h"
+#include "platform/ports/ScreenChanges.h"
 #include "tests/Printing.h"
 
 /// What every adapter of a desktop must do, whatever the desktop. The suites of this folder are written
@@ -44,9 +46,11 @@ public:
   World& operator=(const World&) = delete;
   virtual ~World() = default;
 
-  virtual std::shared_ptr<WindowProvider> provider() = 0;
+  virtual std::shared_ptr<DesktopWindows> provider() = 0;
   virtual HotKeys& hotKeys() = 0;
   virtual MainQueue& mainQueue() = 0;
+  virtual PointerMonitor& pointer() = 0;
+  virtual ScreenChanges& screenChanges() = 0;
 
   virtual Window open(const NewWindow& window) = 0;
   virtual void close(Window window) = 0;
@@ -68,6 +72,15 @@ public:
   /// Another program registers the combination, or gives it back.
   virtual void holdElsewhere(const HotKeySpec& spec) = 0;
   virtual void letGoElsewhere(const HotKeySpec& spec) = 0;
+
+  /// The hand on the mouse: its left button, and where the pointer is.
+  virtual void buttonDown() = 0;
+  virtual void buttonUp() = 0;
+  virtual void movePointer(Point to) = 0;
+  /// The user calls the drag off that is going on, by whatever does that on this desktop.
+  virtual void callOffDrag() = 0;
+  /// A panel takes so many points from the top of the primary display.
+  virtual void takeRoomAtTop(double points) = 0;
 
   /// Lets the desktop and the main queue work until the condition holds. False when it does not within the
   /// world's patience.
@@ -98,7 +111,7 @@ protected:
   /// A frame well inside the primary display: the shares of its visible frame, in whole points.
   Rect place(double x, double y, double width, double height);
 
-  std::shared_ptr<WindowProvider> provider = world->provider();
+  std::shared_ptr<DesktopWindows> provider = world->provider();
 };
 
 class HotKeysContract : public Contract {
@@ -113,6 +126,22 @@ protected:
   HotKeys& hotKeys = world->hotKeys();
   std::vector<std::uint32_t> presses;
 };
+
+class PointerContract : public Contract {
+protected:
+  /// Keeps note of these events, from now on.
+  void watch(PointerEvent events);
+  /// Whether exactly these events have come, in this order; waits until there are as many.
+  testing::AssertionResult received(const std::vector<PointerEvent>& events);
+  /// Lets everything that is under way arrive.
+  void letArrive();
+
+  PointerMonitor& pointer = world->pointer();
+  std::vector<PointerEvent> seen;
+  std::vector<std::unique_ptr<PointerMonitor::Token>> tokens;
+};
+
+class ScreenChangesContract : public Contract {};
 
 class MainQueueContract : public Contract {
 protected:

@@ -10,6 +10,7 @@
 #include "platform/qt/QtMainQueue.h"
 #include "platform/x11/KeyPositions.h"
 #include "platform/x11/X11HotKeys.h"
+#include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11WindowProvider.h"
 #include "tests/contract/World.h"
 #include "tests/desktop/harness/GrabbedKey.h"
@@ -67,9 +68,11 @@ public:
     session().desktop().waitUntil([] { return session().desktop().clients().empty(); });
   }
 
-  std::shared_ptr<WindowProvider> provider() override { return provider_; }
+  std::shared_ptr<DesktopWindows> provider() override { return provider_; }
   HotKeys& hotKeys() override { return hotKeys_; }
   MainQueue& mainQueue() override { return queue_; }
+  PointerMonitor& pointer() override { return pointer_; }
+  ScreenChanges& screenChanges() override { return displays_; }
 
   Window open(const NewWindow& window) override {
     const auto whole = [](double value) { return static_cast<int>(value); };
@@ -121,6 +124,22 @@ public:
   }
   void letGoElsewhere(const HotKeySpec& spec) override { heldElsewhere_.erase(chordOf(spec)); }
 
+  void buttonDown() override { session().input().buttonDown(); }
+  void buttonUp() override { session().input().buttonUp(); }
+  void movePointer(Point to) override {
+    session().input().movePointer({static_cast<int>(to.x), static_cast<int>(to.y)});
+  }
+  void callOffDrag() override { session().input().press("Escape"); }
+  void takeRoomAtTop(double points) override {
+    const auto taken = static_cast<int>(points);
+    panel_.emplace(session().server().display(),
+                   desktop::TestWindowOptions{.title = "Panel",
+                                              .area = {0, 0, 1920, points},
+                                              .kind = desktop::WindowKind::dock,
+                                              .strut = {.top = taken},
+                                              .strutSpans = {0, 0, 0, 0, 0, 1919, 0, 0}});
+  }
+
   bool settle(const std::function<bool()>& condition) override {
     const auto until = desktop::Clock::now() + patience;
     while (!condition()) {
@@ -144,7 +163,11 @@ private:
   qt::QtMainQueue queue_;
   x11::X11Connection x_{log_};
   x11::X11HotKeys hotKeys_{x_, queue_, log_};
-  std::shared_ptr<x11::X11WindowProvider> provider_ = std::make_shared<x11::X11WindowProvider>(x_, queue_);
+  x11::X11Displays displays_{x_, queue_};
+  std::shared_ptr<x11::X11WindowProvider> provider_ =
+      std::make_shared<x11::X11WindowProvider>(x_, displays_, queue_);
+  x11::X11Pointer pointer_{x_};
+  std::optional<desktop::TestWindow> panel_;
   std::map<desktop::WindowId, std::unique_ptr<desktop::TestWindow>> windows_;
   std::map<std::string, std::unique_ptr<desktop::GrabbedKey>> heldElsewhere_;
 };
@@ -159,5 +182,7 @@ std::unique_ptr<World> makeX11World() {
 INSTANTIATE_TEST_SUITE_P(X11, WindowProviderContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, HotKeysContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, MainQueueContract, testing::Values(&makeX11World));
+INSTANTIATE_TEST_SUITE_P(X11, PointerContract, testing::Values(&makeX11World));
+INSTANTIATE_TEST_SUITE_P(X11, ScreenChangesContract, testing::Values(&makeX11World));
 
 }  // namespace tilwin::contract

@@ -82,12 +82,14 @@ TEST_F(Trouble, AskedToEndItEndsInGoodOrderAndGivesItsShortcutsBack) {
   }
 }
 
-TEST_F(Trouble, AtRestTilwinNeverWakes) {
+TEST_F(Trouble, AtRestTilwinNeverWakesNorWhenTheMouseIsMoved) {
   EXPECT_TRUE(serves());
   desktop().waitUntil([] { return false; }, Milliseconds{1000});
   const auto before = useOf(tilwin().process().pid());
   ASSERT_TRUE(before);
-  desktop().waitUntil([] { return false; }, Milliseconds{3000});
+  desktop().waitUntil([] { return false; }, Milliseconds{2000});
+  session().input().glide({1900, 1000}, 60);
+  session().input().glide({10, 10}, 60);
   EXPECT_EQ(useOf(tilwin().process().pid())->wakeUps, before->wakeUps);
 }
 

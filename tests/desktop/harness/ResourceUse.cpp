@@ -18,6 +18,13 @@ std::optional<std::int64_t> numberIn(const std::filesystem::path& file, const st
   return std::nullopt;
 }
 
+/// The first number of a file; 0 when there is none.
+std::int64_t firstNumberIn(const std::filesystem::path& file) {
+  std::int64_t number = 0;
+  std::ifstream(file) >> number;
+  return number;
+}
+
 }  // namespace
 
 std::optional<ResourceUse> useOf(pid_t process) {
@@ -29,6 +36,7 @@ std::optional<ResourceUse> useOf(pid_t process) {
   for (const auto& thread : std::filesystem::directory_iterator(folder / "task", gone)) {
     ++use.threads;
     use.wakeUps += numberIn(thread.path() / "status", "voluntary_ctxt_switches:").value_or(0);
+    use.processorTime += firstNumberIn(thread.path() / "schedstat");
   }
   return use;
 }

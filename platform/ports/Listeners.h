@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tilwin {
+
+/// Handlers that are told of something, each for as long as its token lives. For adapters: `Token` is the
+/// type that a port hands out. Handlers may add others and end themselves and others while they are told.
+template <typename Token, typename... Arguments>
+class Listeners {
+public:
+  using Handler = std::function<void(Arguments...)>;
+
+  [[nodiscard]] std::unique_ptr<Token> add(Handler handler) {
+    std::erase_if(handlers_, [](const auto& each) { return each.expired(); });
+    auto token = std::make_unique<Listener>(std::move(handler));
+    handlers_.push_back(token->handler);
+    return token;
+  }
+
+  void tell(Arguments... arguments) const {
+    // A copy, as handlers may come and go meanwhile.
+    const auto handlers = handlers_;
+    for (const auto& each : handlers) {
+      if (const auto handler = each.lock()) (*handler)(arguments...);
+    }
+  }
+
+private:
+  struct Listener : Token {
+    explicit Listener(Handler told) : handler(std::make_shared<const Handler>(std::move(told))) {}
+
+    std::shared_ptr<const Handler> handler;
+  };
+
+  std::vector<std::weak_ptr<const Handler>> handlers_;
+};
+
+}  // namespace tilwin

@@ -1,0 +1,117 @@
+#include "tests/contract/World.h"
+
+namespace tilwin::contract {
+namespace {
+
+constexpr auto down = PointerEvent::leftMouseDown;
+constexpr auto dragged = PointerEvent::leftMouseDragged;
+constexpr auto up = PointerEvent::leftMouseUp;
+
+constexpr Point here{400, 300};
+constexpr Point there{430, 320};
+
+}  // namespace
+
+void PointerContract::watch(PointerEvent events) {
+  tokens.push_back(pointer.addGlobal(events, [this](PointerEvent event) { seen.push_back(event); }));
+  ASSERT_NE(tokens.back(), nullptr);
+}
+
+testing::AssertionResult PointerContract::received(const std::vector<PointerEvent>& events) {
+  world->settle([&] { return seen.size() >= events.size(); });
+  if (seen == events) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "received " << testing::PrintToString(seen);
+}
+
+/// One more press and release: whatever comes, comes before them.
+void PointerContract::letArrive() {
+  int releases = 0;
+  const auto last = pointer.addGlobal(up, [&](PointerEvent) { ++releases; });
+  world->buttonDown();
+  world->buttonUp();
+  ASSERT_TRUE(world->settle([&] { return releases == 1; }));
+}
+
+TEST_P(PointerContract, APressAMoveAndAReleaseAreToldInTheirOrder) {
+  world->movePointer(here);
+  for (const auto events : {up, dragged, down}) watch(events);
+  world->buttonDown();
+  ASSERT_TRUE(received({down}));
+  world->movePointer(there);
+  ASSERT_TRUE(received({down, dragged}));
+  world->buttonUp();
+  EXPECT_TRUE(received({down, dragged, up}));
+}
+
+TEST_P(PointerContract, EachMonitorIsToldOfItsOwnEventsOnly) {
+  world->movePointer(here);
+  watch(up);
+  world->buttonDown();
+  world->movePointer(there);
+  world->buttonUp();
+  EXPECT_TRUE(received({up}));
+}
+
+TEST_P(PointerContract, ThePointerMovingWithoutTheButtonIsNotTold) {
+  watch(dragged);
+  world->movePointer(here);
+  world->movePointer(there);
+  letArrive();
+  world->movePointer(here);
+  letArrive();
+  EXPECT_TRUE(received({}));
+}
+
+TEST_P(PointerContract, SeveralMonitorsOfOneKindAreAllTold) {
+  watch(down);
+  watch(down);
+  world->buttonDown();
+  EXPECT_TRUE(received({down, down}));
+  world->buttonUp();
+}
+
+TEST_P(PointerContract, AMonitorIsToldNoMoreOnceItsTokenIsGone) {
+  watch(down);
+  watch(up);
+  tokens.erase(tokens.begin());
+  world->buttonDown();
+  world->buttonUp();
+  EXPECT_TRUE(received({up}));
+}
+
+TEST_P(PointerContract, AMonitorMayEndItselfWhileItIsTold) {
+  std::unique_ptr<PointerMonitor::Token> token;
+  token = pointer.addGlobal(down, [&](PointerEvent event) {
+    seen.push_back(event);
+    token.reset();
+  });
+  world->buttonDown();
+  world->buttonUp();
+  EXPECT_TRUE(received({down}));
+  letArrive();
+  EXPECT_TRUE(received({down}));
+}
+
+TEST_P(PointerContract, ThePositionIsThatOfThePointer) {
+  world->movePointer(here);
+  EXPECT_EQ(pointer.position(), here);
+  world->movePointer(there);
+  EXPECT_EQ(pointer.position(), there);
+}
+
+TEST_P(PointerContract, ADragThatIsCalledOffIsTold) {
+  int calledOff = 0;
+  const auto token = pointer.addCancelled([&] { ++calledOff; });
+  watch(down);
+  watch(up);
+  world->buttonDown();
+  ASSERT_TRUE(received({down}));
+  world->callOffDrag();
+  EXPECT_TRUE(world->settle([&] { return calledOff == 1; }));
+  EXPECT_TRUE(received({down}));
+  world->buttonUp();
+  EXPECT_TRUE(received({down, up}));
+  EXPECT_EQ(calledOff, 1);
+}
+
+}  // namespace tilwin::contract
