@@ -2,9 +2,14 @@
 
 #include <memory>
 
-#include "core/geometry/WindowProvider.h"
+#include "platform/ports/AccessibilityTrust.h"
+#include "platform/ports/Bundle.h"
+#include "platform/ports/DesktopWindows.h"
 #include "platform/ports/HotKeys.h"
 #include "platform/ports/MainQueue.h"
+#include "platform/ports/Overlay.h"
+#include "platform/ports/PointerMonitor.h"
+#include "platform/ports/ScreenChanges.h"
 #include "platform/ports/SystemLog.h"
 #include "platform/ports/UserDefaults.h"
 
@@ -17,7 +22,12 @@ struct Platform {
   SystemLog& log;
   HotKeys& hotKeys;
   UserDefaults& userDefaults;
-  std::shared_ptr<WindowProvider> windows;
+  std::shared_ptr<DesktopWindows> windows;
+  PointerMonitor& pointer;
+  Overlay& overlay;
+  AccessibilityTrust& trust;
+  ScreenChanges& screenChanges;
+  Bundle& bundle;
 };
 
 }  // namespace tilwin

@@ -19,8 +19,12 @@ std::vector<DisplayInfo> displaysFrom(std::string_view text) {
 
 }  // namespace
 
-SimulatedDesktop::SimulatedDesktop(std::string_view displays)
-    : windows(displaysFrom(displays)), provider_(std::make_shared<SimulatedWindowProvider>(windows)) {}
+SimulatedDesktop::SimulatedDesktop(std::string_view displays, std::optional<std::filesystem::path> files)
+    : windows(displaysFrom(displays)),
+      bundle(std::move(files)),
+      provider_(std::make_shared<SimulatedWindowProvider>(windows)) {
+  windows.onDisplaysChanged = [this] { screens.tell(); };
+}
 
 void SimulatedDesktop::setDisplays(std::string_view displays) { windows.setDisplays(displaysFrom(displays)); }
 

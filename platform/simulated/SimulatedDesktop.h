@@ -1,12 +1,19 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "platform/ports/Platform.h"
+#include "platform/simulated/SimulatedBundle.h"
 #include "platform/simulated/SimulatedHotKeys.h"
 #include "platform/simulated/SimulatedLog.h"
 #include "platform/simulated/SimulatedMainQueue.h"
+#include "platform/simulated/SimulatedOverlay.h"
+#include "platform/simulated/SimulatedPointer.h"
+#include "platform/simulated/SimulatedScreenChanges.h"
+#include "platform/simulated/SimulatedTrust.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWindows.h"
 
@@ -16,8 +23,10 @@ namespace tilwin {
 /// works the parts by name.
 class SimulatedDesktop {
 public:
-  /// `displays` as `parseDisplays` reads them; throws `std::invalid_argument` for anything else.
-  explicit SimulatedDesktop(std::string_view displays = "1440x900+0+0");
+  /// `displays` as `parseDisplays` reads them; throws `std::invalid_argument` for anything else. The user has
+  /// no place for files unless one is given.
+  explicit SimulatedDesktop(std::string_view displays = "1440x900+0+0",
+                            std::optional<std::filesystem::path> files = std::nullopt);
   SimulatedDesktop(const SimulatedDesktop&) = delete;
   SimulatedDesktop& operator=(const SimulatedDesktop&) = delete;
   ~SimulatedDesktop() = default;
@@ -27,20 +36,31 @@ public:
   SimulatedHotKeys keyboard;
   SimulatedUserDefaults disk;
   SimulatedWindows windows;
+  SimulatedPointer mouse;
+  SimulatedOverlay sheet;
+  SimulatedTrust user;
+  SimulatedScreenChanges screens;
+  SimulatedBundle bundle;
 
   /// Screens are plugged in and out; throws like the constructor.
   void setDisplays(std::string_view displays);
 
   /// The ports onto this desktop; it must outlive their use.
-  [[nodiscard]] Platform platform() { return {time, log, keyboard, disk, provider_}; }
-  [[nodiscard]] std::shared_ptr<WindowProvider> provider() const { return provider_; }
+  [[nodiscard]] Platform platform() {
+    return {time, log, keyboard, disk, provider_, mouse, sheet, user, screens, bundle};
+  }
+  [[nodiscard]] std::shared_ptr<DesktopWindows> provider() const { return provider_; }
   [[nodiscard]] HotKeys& hotKeys() { return keyboard; }
   [[nodiscard]] MainQueue& mainQueue() { return time; }
   [[nodiscard]] SystemLog& systemLog() { return log; }
   [[nodiscard]] UserDefaults& userDefaults() { return disk; }
+  [[nodiscard]] PointerMonitor& pointerMonitor() { return mouse; }
+  [[nodiscard]] Overlay& overlay() { return sheet; }
+  [[nodiscard]] AccessibilityTrust& trust() { return user; }
+  [[nodiscard]] ScreenChanges& screenChanges() { return screens; }
 
 private:
-  std::shared_ptr<WindowProvider> provider_;
+  std::shared_ptr<DesktopWindows> provider_;
 };
 
 }  // namespace tilwin

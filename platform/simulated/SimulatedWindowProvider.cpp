@@ -58,6 +58,26 @@ bool SimulatedWindowProvider::setFrame(std::int64_t id, const Rect& frame) {
   return true;
 }
 
+std::optional<Rect> SimulatedWindowProvider::frame(std::int64_t of) {
+  const SimulatedWindow* window = handedOut_.contains(of) ? windows_.find(of) : nullptr;
+  if (window == nullptr) return std::nullopt;
+  return window->frame;
+}
+
+std::optional<WindowInfo> SimulatedWindowProvider::window(Point at) {
+  const auto& stack = windows_.stack();
+  const auto hit = std::find_if(stack.begin(), stack.end(), [&](SimulatedWindows::Handle handle) {
+    const SimulatedWindow& candidate = *windows_.find(handle);
+    return !candidate.isMinimized && candidate.frame.contains(at.x, at.y);
+  });
+  if (hit == stack.end() || windows_.find(*hit)->isOfThisProgram) return std::nullopt;
+  const SimulatedWindows::Handle handle = *hit;
+  const Rect standing = windows_.find(handle)->frame;
+  WindowInfo info = described(handle, 0);
+  info.frame = standing;
+  return info;
+}
+
 WindowInfo SimulatedWindowProvider::described(SimulatedWindows::Handle handle, std::int64_t zOrder) {
   handedOut_.insert(handle);
   const SimulatedWindow& window = *windows_.find(handle);

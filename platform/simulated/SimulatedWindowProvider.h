@@ -3,14 +3,14 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "core/geometry/WindowProvider.h"
+#include "platform/ports/DesktopWindows.h"
 #include "platform/simulated/SimulatedWindows.h"
 
 namespace tilwin {
 
 /// Windows of the simulated desktop as the program sees them. A window whose size did not follow a request to
 /// the point is reported at the frame asked for, as long as it stands where that request put it.
-class SimulatedWindowProvider final : public WindowProvider {
+class SimulatedWindowProvider final : public DesktopWindows {
 public:
   explicit SimulatedWindowProvider(SimulatedWindows& windows);
 
@@ -18,6 +18,8 @@ public:
   std::optional<WindowInfo> focusedWindow() override;
   std::vector<WindowInfo> allWindows() override;
   bool setFrame(std::int64_t id, const Rect& frame) override;
+  std::optional<Rect> frame(std::int64_t of) override;
+  std::optional<WindowInfo> window(Point at) override;
 
 private:
   struct Answer {

@@ -15,7 +15,10 @@ double allowed(double length, double minimum, double step) {
 
 SimulatedWindows::SimulatedWindows(std::vector<DisplayInfo> displays) : displays_(std::move(displays)) {}
 
-void SimulatedWindows::setDisplays(std::vector<DisplayInfo> displays) { displays_ = std::move(displays); }
+void SimulatedWindows::setDisplays(std::vector<DisplayInfo> displays) {
+  displays_ = std::move(displays);
+  if (onDisplaysChanged) onDisplaysChanged();
+}
 
 bool SimulatedWindows::reserve(std::uint32_t displayID, const Struts& struts) {
   const auto display = std::find_if(displays_.begin(), displays_.end(),
@@ -25,6 +28,7 @@ bool SimulatedWindows::reserve(std::uint32_t displayID, const Struts& struts) {
   display->visibleFrame = {frame.x + struts.left, frame.y + struts.top,
                            frame.width - struts.left - struts.right,
                            frame.height - struts.top - struts.bottom};
+  if (onDisplaysChanged) onDisplaysChanged();
   return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -52,6 +53,8 @@ public:
   explicit SimulatedWindows(std::vector<DisplayInfo> displays);
 
   [[nodiscard]] const std::vector<DisplayInfo>& displays() const { return displays_; }
+  /// Told once displays, or the struts on one, have changed.
+  std::function<void()> onDisplaysChanged;
   /// Windows stay where they are, on a display or not.
   void setDisplays(std::vector<DisplayInfo> displays);
   /// Takes the struts off the display's visible frame. False when there is no such display.

@@ -1,0 +1,87 @@
+#include "platform/simulated/SimulatedPointer.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tilwin {
+
+struct SimulatedPointer::Installed {
+  Monitor kind;
+  std::function<void()> tell;
+};
+
+/// Keeps alive what the pointer knows only weakly.
+class SimulatedPointer::KeptMonitor : public Token {
+public:
+  explicit KeptMonitor(std::shared_ptr<const Installed> installed) : installed_(std::move(installed)) {}
+
+private:
+  std::shared_ptr<const Installed> installed_;
+};
+
+void SimulatedPointer::press(Point at) {
+  position_ = at;
+  isDown_ = true;
+  grabbedBy_ = Reach::global;
+  tell({grabbedBy_, PointerEvent::leftMouseDown});
+}
+
+void SimulatedPointer::pressInThisProgram(Point at) {
+  position_ = at;
+  isDown_ = true;
+  grabbedBy_ = Reach::local;
+  tell({grabbedBy_, PointerEvent::leftMouseDown});
+}
+
+void SimulatedPointer::drag(Point to) {
+  position_ = to;
+  if (isDown_) tell({grabbedBy_, PointerEvent::leftMouseDragged});
+}
+
+void SimulatedPointer::release() {
+  if (std::exchange(isDown_, false)) tell({grabbedBy_, PointerEvent::leftMouseUp});
+}
+
+void SimulatedPointer::cancel() {
+  if (isDown_) tell({Reach::cancelled, std::nullopt});
+}
+
+std::vector<SimulatedPointer::Monitor> SimulatedPointer::monitors() const {
+  std::vector<Monitor> result;
+  for (const auto& each : installed_) {
+    if (const auto installed = each.lock()) result.push_back(installed->kind);
+  }
+  return result;
+}
+
+std::unique_ptr<PointerMonitor::Token> SimulatedPointer::addGlobal(PointerEvent events, Handler handler) {
+  return install({Reach::global, events}, [handler = std::move(handler), events] { handler(events); });
+}
+
+std::unique_ptr<PointerMonitor::Token> SimulatedPointer::addLocal(PointerEvent events, Handler handler) {
+  return install({Reach::local, events}, [handler = std::move(handler), events] { handler(events); });
+}
+
+std::unique_ptr<PointerMonitor::Token> SimulatedPointer::addCancelled(std::function<void()> handler) {
+  return install({Reach::cancelled, std::nullopt}, std::move(handler));
+}
+
+std::unique_ptr<PointerMonitor::Token> SimulatedPointer::install(const Monitor& kind,
+                                                                 std::function<void()> tell) {
+  if (std::find(refused_.begin(), refused_.end(), kind) != refused_.end()) return nullptr;
+  auto installed = std::make_shared<const Installed>(Installed{kind, std::move(tell)});
+  std::erase_if(installed_, [](const auto& each) { return each.expired(); });
+  installed_.push_back(installed);
+  return std::make_unique<KeptMonitor>(std::move(installed));
+}
+
+void SimulatedPointer::tell(const Monitor& kind) {
+  // A copy, as monitors may come and go meanwhile.
+  const auto monitors = installed_;
+  for (const auto& each : monitors) {
+    const auto installed = each.lock();
+    if (installed && installed->kind == kind) installed->tell();
+  }
+}
+
+}  // namespace tilwin
