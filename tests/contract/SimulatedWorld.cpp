@@ -7,11 +7,13 @@ namespace {
 
 class SimulatedWorld : public World {
 public:
-  SimulatedWorld() { desktop_.windows.reserve(1, {.top = 25, .bottom = 60}); }
+  SimulatedWorld() { takeRoomAtTop(0); }
 
-  std::shared_ptr<WindowProvider> provider() override { return desktop_.provider(); }
+  std::shared_ptr<DesktopWindows> provider() override { return desktop_.provider(); }
   HotKeys& hotKeys() override { return desktop_.hotKeys(); }
   MainQueue& mainQueue() override { return desktop_.mainQueue(); }
+  PointerMonitor& pointer() override { return desktop_.pointerMonitor(); }
+  ScreenChanges& screenChanges() override { return desktop_.screenChanges(); }
 
   Window open(const NewWindow& window) override {
     return static_cast<Window>(desktop_.windows.open({.bundleID = window.bundleID,
@@ -49,6 +51,15 @@ public:
   void holdElsewhere(const HotKeySpec& spec) override { desktop_.keyboard.holdElsewhere(spec); }
   void letGoElsewhere(const HotKeySpec& spec) override { desktop_.keyboard.letGoElsewhere(spec); }
 
+  void buttonDown() override { desktop_.mouse.press(desktop_.pointerMonitor().position()); }
+  void buttonUp() override { desktop_.mouse.release(); }
+  void movePointer(Point to) override { desktop_.mouse.drag(to); }
+  void callOffDrag() override { desktop_.mouse.cancel(); }
+  void takeRoomAtTop(double points) override {
+    desktop_.windows.reserve(1, {.top = 25 + points, .bottom = 60});
+    desktop_.screens.tell();
+  }
+
   bool settle(const std::function<bool()>& condition) override {
     desktop_.time.runDue();
     return condition();
@@ -69,5 +80,7 @@ std::unique_ptr<World> makeSimulatedWorld() { return std::make_unique<SimulatedW
 INSTANTIATE_TEST_SUITE_P(Simulated, WindowProviderContract, testing::Values(&makeSimulatedWorld));
 INSTANTIATE_TEST_SUITE_P(Simulated, HotKeysContract, testing::Values(&makeSimulatedWorld));
 INSTANTIATE_TEST_SUITE_P(Simulated, MainQueueContract, testing::Values(&makeSimulatedWorld));
+INSTANTIATE_TEST_SUITE_P(Simulated, PointerContract, testing::Values(&makeSimulatedWorld));
+INSTANTIATE_TEST_SUITE_P(Simulated, ScreenChangesContract, testing::Values(&makeSimulatedWorld));
 
 }  // namespace tilwin::contract
