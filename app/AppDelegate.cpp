@@ -14,6 +14,9 @@ AppDelegate::AppDelegate(Platform& platform)
       store_(platform.userDefaults),
       controller_(platform.windows),
       hotKeyCenter_(platform.hotKeys, platform.mainQueue),
+      recording_(platform.mainQueue, platform.bundle, controller_),
+      drag_({platform.windows, platform.pointer, platform.overlay, platform.trust, platform.mainQueue},
+            controller_),
       self_(std::make_shared<AppDelegate*>(this)) {}
 
 void AppDelegate::start() {
@@ -24,6 +27,27 @@ void AppDelegate::start() {
     });
   });
   hotKeyCenter_.onTarget = [this](const ShortcutOwner& owner) { perform(owner); };
+  startDrags();
+  if (!platform_.trust.isTrusted()) platform_.trust.ask();
+}
+
+void AppDelegate::startDrags() {
+  drag_.isEnabled = [this] { return store_.settings.get().dragToSnap; };
+  drag_.isIgnored = [this](const std::string& bundleID) { return isIgnored(bundleID); };
+  drag_.isShadowOn = [this] { return store_.settings.get().shadowRecording; };
+  drag_.start();
+  platform_.screenChanges.onChange([weak = std::weak_ptr(self_)] {
+    if (const auto self = weak.lock()) (*self)->drag_.displaysChanged();
+  });
+  platform_.mainQueue.onAboutToStop([weak = std::weak_ptr(self_)] {
+    const auto self = weak.lock();
+    if (self && (*self)->store_.settings.get().shadowRecording) (*self)->recording_.finish();
+  });
+}
+
+bool AppDelegate::isIgnored(const std::string& bundleID) const {
+  const auto& ignored = store_.settings.get().ignoredApps;
+  return std::find(ignored.begin(), ignored.end(), bundleID) != ignored.end();
 }
 
 void AppDelegate::applySettings() {
@@ -33,6 +57,8 @@ void AppDelegate::applySettings() {
   controller_.cycleWidths = settings.cycleWidths;
   controller_.ignoredBundleIDs = {settings.ignoredApps.begin(), settings.ignoredApps.end()};
   registerHotKeys(settings);
+  recording_.apply(settings.shadowRecording);
+  drag_.shadow = recording_.recorder();
 }
 
 void AppDelegate::registerHotKeys(const TilwinSettings& settings) {

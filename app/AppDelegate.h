@@ -2,7 +2,10 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
+#include "app/DragRecording.h"
+#include "app/DragWatcher.h"
 #include "app/HotKeyCenter.h"
 #include "app/HotKeyFingerprint.h"
 #include "app/Published.h"
@@ -13,7 +16,8 @@
 namespace tilwin {
 
 /// Owns the program's services for the life of the process and joins them: a press becomes a move of the
-/// focused window, a change of the settings reaches whom it concerns. The platform must outlive it.
+/// focused window, a drag one of the window dragged, a change of the settings reaches whom it concerns. The
+/// platform must outlive it.
 class AppDelegate {
 public:
   /// Reads the settings and does nothing else.
@@ -22,14 +26,16 @@ public:
   AppDelegate& operator=(const AppDelegate&) = delete;
   ~AppDelegate() = default;
 
-  /// Registers the shortcuts; from here on presses and changes of the settings are acted on while the main
-  /// queue runs.
+  /// Registers the shortcuts and watches the mouse; from here on presses, drags and changes of the settings
+  /// are acted on while the main queue runs. Asks for the user's trust if there is none.
   void start();
 
   [[nodiscard]] SettingsStore& store() { return store_; }
 
 private:
   void applySettings();
+  void startDrags();
+  [[nodiscard]] bool isIgnored(const std::string& bundleID) const;
   void registerHotKeys(const TilwinSettings& settings);
   void perform(const ShortcutOwner& owner);
   void runArea(const Uuid& id);
@@ -39,9 +45,12 @@ private:
   SettingsStore store_;
   SnapController controller_;
   HotKeyCenter hotKeyCenter_;
+  DragRecording recording_;
+  DragWatcher drag_;
   std::optional<HotKeyFingerprint> lastHotKeys_;
   Subscription settingsChanges_;
-  /// Posted tasks hold this weakly, so that one still waiting when the delegate goes does nothing.
+  /// Posted tasks and the desktop hold this weakly, so that what they do once the delegate has gone is
+  /// nothing.
   std::shared_ptr<AppDelegate*> self_;
 };
 

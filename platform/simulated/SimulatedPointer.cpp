@@ -22,24 +22,20 @@ private:
 void SimulatedPointer::press(Point at) {
   position_ = at;
   isDown_ = true;
-  grabbedBy_ = Reach::global;
-  tell({grabbedBy_, PointerEvent::leftMouseDown});
-}
-
-void SimulatedPointer::pressInThisProgram(Point at) {
-  position_ = at;
-  isDown_ = true;
-  grabbedBy_ = Reach::local;
-  tell({grabbedBy_, PointerEvent::leftMouseDown});
+  tell({Reach::global, PointerEvent::leftMouseDown});
 }
 
 void SimulatedPointer::drag(Point to) {
   position_ = to;
-  if (isDown_) tell({grabbedBy_, PointerEvent::leftMouseDragged});
+  if (isDown_) tell({Reach::global, PointerEvent::leftMouseDragged});
 }
 
 void SimulatedPointer::release() {
-  if (std::exchange(isDown_, false)) tell({grabbedBy_, PointerEvent::leftMouseUp});
+  if (std::exchange(isDown_, false)) tell({Reach::global, PointerEvent::leftMouseUp});
+}
+
+void SimulatedPointer::releaseInThisProgram() {
+  if (std::exchange(isDown_, false)) tell({Reach::local, PointerEvent::leftMouseUp});
 }
 
 void SimulatedPointer::cancel() {

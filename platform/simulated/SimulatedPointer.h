@@ -25,15 +25,15 @@ public:
     bool operator==(const Monitor&) const = default;
   };
 
-  /// The button goes down at a point, in a window of another program or of this one, which then gets the
-  /// events until it comes up again.
+  /// The button goes down at a point in a window of another program.
   void press(Point at);
-  void pressInThisProgram(Point at);
   /// The pointer moves and the monitors are told of it, if the button is down.
   void drag(Point to);
   /// The pointer moves before anybody is told of it.
   void move(Point to) { position_ = to; }
   void release();
+  /// The button comes up, and a window of this program gets the event.
+  void releaseInThisProgram();
   /// The user calls off the drag; the button stays down.
   void cancel();
 
@@ -56,7 +56,6 @@ private:
 
   Point position_;
   bool isDown_ = false;
-  Reach grabbedBy_ = Reach::global;
   std::vector<Monitor> refused_;
   std::vector<std::weak_ptr<const Installed>> installed_;
 };
