@@ -1,19 +1,13 @@
-#include "tests/contract/World.h"
-
-#include "platform/simulated/SimulatedDesktop.h"
+#include "tests/contract/SimulatedInputWorld.h"
 
 namespace tilwin::contract {
 namespace {
 
-class SimulatedWorld : public World {
+class SimulatedWorld : public SimulatedInputWorld {
 public:
   SimulatedWorld() { takeRoomAtTop(0); }
 
   std::shared_ptr<DesktopWindows> provider() override { return desktop_.provider(); }
-  HotKeys& hotKeys() override { return desktop_.hotKeys(); }
-  MainQueue& mainQueue() override { return desktop_.mainQueue(); }
-  PointerMonitor& pointer() override { return desktop_.pointerMonitor(); }
-  ScreenChanges& screenChanges() override { return desktop_.screenChanges(); }
 
   Window open(const NewWindow& window) override {
     return static_cast<Window>(desktop_.windows.open({.bundleID = window.bundleID,
@@ -42,35 +36,15 @@ public:
     return found != nullptr && found->isMaximized;
   }
 
-  void press(const HotKeySpec& spec) override { desktop_.keyboard.press(spec); }
-  void pressUntilItRepeats(const HotKeySpec& spec) override {
-    for (int event = 0; event < 3; ++event) desktop_.keyboard.keyDown(spec);
-    desktop_.keyboard.keyUp(spec.keyCode);
-  }
-  void setLocks(bool capsLock, bool numLock) override { desktop_.keyboard.setLocks(capsLock, numLock); }
-  void holdElsewhere(const HotKeySpec& spec) override { desktop_.keyboard.holdElsewhere(spec); }
-  void letGoElsewhere(const HotKeySpec& spec) override { desktop_.keyboard.letGoElsewhere(spec); }
-
-  void buttonDown() override { desktop_.mouse.press(desktop_.pointerMonitor().position()); }
-  void buttonUp() override { desktop_.mouse.release(); }
-  void movePointer(Point to) override { desktop_.mouse.drag(to); }
-  void callOffDrag() override { desktop_.mouse.cancel(); }
   void takeRoomAtTop(double points) override {
     desktop_.windows.reserve(1, {.top = 25 + points, .bottom = 60});
     desktop_.screens.tell();
-  }
-
-  bool settle(const std::function<bool()>& condition) override {
-    desktop_.time.runDue();
-    return condition();
   }
 
 private:
   static SimulatedWindows::Handle handle(Window window) {
     return static_cast<SimulatedWindows::Handle>(window);
   }
-
-  SimulatedDesktop desktop_{"1440x900+0+0,1280x1024+1440-100"};
 };
 
 }  // namespace
@@ -78,6 +52,7 @@ private:
 std::unique_ptr<World> makeSimulatedWorld() { return std::make_unique<SimulatedWorld>(); }
 
 INSTANTIATE_TEST_SUITE_P(Simulated, WindowProviderContract, testing::Values(&makeSimulatedWorld));
+INSTANTIATE_TEST_SUITE_P(Simulated, ReportedFrameContract, testing::Values(&makeSimulatedWorld));
 INSTANTIATE_TEST_SUITE_P(Simulated, HotKeysContract, testing::Values(&makeSimulatedWorld));
 INSTANTIATE_TEST_SUITE_P(Simulated, MainQueueContract, testing::Values(&makeSimulatedWorld));
 INSTANTIATE_TEST_SUITE_P(Simulated, PointerContract, testing::Values(&makeSimulatedWorld));

@@ -43,7 +43,7 @@ TEST_P(WindowProviderContract, AListedWindowCanBeMovedWithoutTheFocus) {
   EXPECT_TRUE(world->settle([&] { return world->standing(window)->isClose(target, borderSlack); }));
 }
 
-TEST_P(WindowProviderContract, AWindowThatRoundsItsSizeIsReportedAtTheFrameAskedFor) {
+TEST_P(ReportedFrameContract, AWindowThatRoundsItsSizeIsReportedAtTheFrameAskedFor) {
   const auto window = openFocused({.title = "shell", .widthStep = 37, .heightStep = 41});
   const Rect target = place(0.1, 0.1, 0.6, 0.6);
   ASSERT_TRUE(provider->setFrame(focused().id, target));
@@ -55,7 +55,7 @@ TEST_P(WindowProviderContract, AWindowThatRoundsItsSizeIsReportedAtTheFrameAsked
   EXPECT_NE(*world->standing(window), target) << "the steps happen to fit this frame and show nothing";
 }
 
-TEST_P(WindowProviderContract, AWindowThatRefusesToShrinkIsReportedAtTheFrameAskedFor) {
+TEST_P(ReportedFrameContract, AWindowThatRefusesToShrinkIsReportedAtTheFrameAskedFor) {
   const double least = place(0, 0, 0.4, 0.4).width;
   const auto window = openFocused({.title = "wide", .frame = place(0, 0, 0.5, 0.5), .minimumWidth = least});
   const Rect target = place(0.1, 0.1, 0.2, 0.4);
@@ -66,7 +66,7 @@ TEST_P(WindowProviderContract, AWindowThatRefusesToShrinkIsReportedAtTheFrameAsk
   EXPECT_GE(world->standing(window)->width, least);
 }
 
-TEST_P(WindowProviderContract, AWindowMovedByHandIsReportedWhereItStands) {
+TEST_P(ReportedFrameContract, AWindowMovedByHandIsReportedWhereItStands) {
   const auto window = openFocused({.title = "shell", .widthStep = 37, .heightStep = 41});
   const Rect asked = place(0.1, 0.1, 0.6, 0.6);
   ASSERT_TRUE(provider->setFrame(focused().id, asked));

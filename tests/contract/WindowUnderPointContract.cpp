@@ -57,7 +57,7 @@ TEST_P(WindowProviderContract, TheFrameOfAWindowIsWhereItStandsAtThatMoment) {
   EXPECT_TRUE(world->settle([&] { return provider->frame(id)->isClose(elsewhere, borderSlack); }));
 }
 
-TEST_P(WindowProviderContract, AWindowThatKeepsToStepsIsDraggedFromWhereItReallyStands) {
+TEST_P(ReportedFrameContract, AWindowThatKeepsToStepsIsDraggedFromWhereItReallyStands) {
   const auto window = openFocused({.title = "shell", .widthStep = 37, .heightStep = 41});
   const auto id = focused().id;
   const Rect asked = place(0.1, 0.1, 0.6, 0.6);

@@ -114,6 +114,9 @@ protected:
   std::shared_ptr<DesktopWindows> provider = world->provider();
 };
 
+/// For adapters that report a window whose size did not follow a request at the frame that was asked for.
+class ReportedFrameContract : public WindowProviderContract {};
+
 class HotKeysContract : public Contract {
 protected:
   void SetUp() override;

@@ -180,6 +180,7 @@ std::unique_ptr<World> makeX11World() {
 }  // namespace
 
 INSTANTIATE_TEST_SUITE_P(X11, WindowProviderContract, testing::Values(&makeX11World));
+INSTANTIATE_TEST_SUITE_P(X11, ReportedFrameContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, HotKeysContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, MainQueueContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, PointerContract, testing::Values(&makeX11World));

@@ -60,7 +60,7 @@ MAY_INCLUDE = {
     "tests/x11": ([CORE, PORTS, "platform/x11", "tests"], [*TEST_TOOLS, "xcb"]),
     "tests/ui": ([CORE, PORTS, "platform/qt", "platform/simulated", "app", "tests"], [*TEST_TOOLS, "qt"]),
     "tests/macos": ([CORE, PORTS, "platform/macos", "app", "tests"], [*TEST_TOOLS, "apple"]),
-    "tests/contract": (["core", "platform", "tests"], [*TEST_TOOLS, "xcb", "qt"]),
+    "tests/contract": (["core", "platform", "app", "tests"], [*TEST_TOOLS, "xcb", "qt"]),
     "tests/desktop": (["core/geometry", "tests"], [*TEST_TOOLS, "linux", "xcb", "qt"]),
     # Layouts on real desktops, placed from within the test.
     "tests/desktop/layouts": ([CORE, PORTS, "platform/x11", "platform/qt", "tests"], [*TEST_TOOLS, "qt"]),
