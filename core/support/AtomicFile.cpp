@@ -13,6 +13,8 @@
 #include <system_error>
 #include <utility>
 
+#include "core/support/Permissions.h"
+
 namespace tilwin {
 namespace {
 
@@ -22,7 +24,6 @@ namespace fs = std::filesystem;
   throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
 }
 
-constexpr mode_t ownerOnly = 0600;
 constexpr mode_t usual = 0666;  ///< less what the user's umask takes away
 
 /// Between the file's own name and the numbers of a draft: nobody's copy of a file is to look like one.

@@ -13,13 +13,14 @@
 #include <thread>
 #include <utility>
 
+#include "core/support/Permissions.h"
+
 namespace tilwin {
 namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-constexpr mode_t ownerOnly = 0600;
 constexpr auto longestWait = 2s;
 constexpr auto shortestPause = 100us;
 constexpr auto longestPause = 20ms;
