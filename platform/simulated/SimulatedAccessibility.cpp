@@ -54,7 +54,7 @@ AccessibilityValue SimulatedAccessibility::held(Node node, std::string_view attr
 }
 
 AccessibilityElementRef SimulatedAccessibility::reference(Node node) const {
-  return std::make_shared<SimulatedElement>(node);
+  return node == 0 || node > lastNode_ ? nullptr : std::make_shared<SimulatedElement>(node);
 }
 
 void SimulatedAccessibility::setHash(Node node, std::uint64_t hash) { hashes_[node] = hash; }
@@ -80,7 +80,7 @@ void SimulatedAccessibility::uncover(Node node) {
 
 AccessibilityElementRef SimulatedAccessibility::application(std::int32_t processID) {
   const auto found = applications_.find(processID);
-  return reference(found == applications_.end() ? 0 : found->second);
+  return std::make_shared<SimulatedElement>(found == applications_.end() ? 0 : found->second);
 }
 
 AccessibilityElementRef SimulatedAccessibility::element(Point at) {

@@ -46,7 +46,8 @@ public:
   void take(Node node, std::string_view attribute);
   /// What the attribute holds, as seen without the user's trust.
   [[nodiscard]] AccessibilityValue held(Node node, std::string_view attribute) const;
-  /// A value that attributes can hold. Each one made is another object.
+  /// A value that attributes can hold, even of an element that has been removed. Each one made is another
+  /// object; null for what was never an element.
   [[nodiscard]] AccessibilityElementRef reference(Node node) const;
   void setHash(Node node, std::uint64_t hash);
   /// Nobody says any longer which program the element is of.
