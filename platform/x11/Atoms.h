@@ -8,8 +8,8 @@
 
 namespace tilwin::x11 {
 
-/// The atoms this program speaks: EWMH, ICCCM, and the two conventions by which toolkits name a window's
-/// desktop entry and its invisible shadow.
+/// The atoms this program speaks: EWMH, ICCCM, the two conventions by which toolkits name a window's
+/// desktop entry and its invisible shadow, and the one by which compositors spare a window their own.
 enum class Atom : std::size_t {
   netActiveWindow,
   netClientList,
@@ -18,6 +18,7 @@ enum class Atom : std::size_t {
   netMoveResizeWindow,
   netSupported,
   netSupportingWmCheck,
+  netWmBypassCompositor,
   netWmName,
   netWmPid,
   netWmState,
@@ -29,16 +30,18 @@ enum class Atom : std::size_t {
   netWmStrutPartial,
   netWmWindowType,
   netWmWindowTypeDesktop,
+  netWmWindowTypeDnd,
   netWmWindowTypeDock,
   netWmWindowTypeNormal,
   netWorkarea,
+  comptonShadow,
   gtkApplicationId,
   gtkFrameExtents,
   kdeNetWmDesktopFile,
   utf8String,
 };
 
-inline constexpr std::array<std::string_view, 25> atomNames{
+inline constexpr std::array<std::string_view, 28> atomNames{
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",
@@ -46,6 +49,7 @@ inline constexpr std::array<std::string_view, 25> atomNames{
     "_NET_MOVERESIZE_WINDOW",
     "_NET_SUPPORTED",
     "_NET_SUPPORTING_WM_CHECK",
+    "_NET_WM_BYPASS_COMPOSITOR",
     "_NET_WM_NAME",
     "_NET_WM_PID",
     "_NET_WM_STATE",
@@ -57,9 +61,11 @@ inline constexpr std::array<std::string_view, 25> atomNames{
     "_NET_WM_STRUT_PARTIAL",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_DESKTOP",
+    "_NET_WM_WINDOW_TYPE_DND",
     "_NET_WM_WINDOW_TYPE_DOCK",
     "_NET_WM_WINDOW_TYPE_NORMAL",
     "_NET_WORKAREA",
+    "_COMPTON_SHADOW",
     "_GTK_APPLICATION_ID",
     "_GTK_FRAME_EXTENTS",
     "_KDE_NET_WM_DESKTOP_FILE",

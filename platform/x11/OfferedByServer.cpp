@@ -1,4 +1,5 @@
 #include <xcb/randr.h>
+#include <xcb/shape.h>
 #include <xcb/xinput.h>
 #include "platform/x11/XkbProtocol.h"
 
@@ -44,6 +45,13 @@ ServerNeeds::Version xkbVersion(xcb_connection_t* connection) {
                                         : ServerNeeds::Version{};
 }
 
+ServerNeeds::Version shapeVersion(xcb_connection_t* connection) {
+  if (!has(connection, xcb_shape_id)) return {};
+  const auto reply =
+      Pending<xcb_shape_query_version_reply>(connection, xcb_shape_query_version(connection)).collect();
+  return reply ? ServerNeeds::Version{reply->major_version, reply->minor_version} : ServerNeeds::Version{};
+}
+
 /// EWMH has the manager's window name itself, so that a manager that died without tidying is not believed.
 bool windowManagerRuns(const X11Connection& x) {
   const auto check = x.atom(Atom::netSupportingWmCheck);
@@ -57,11 +65,13 @@ ServerNeeds offeredBy(const X11Connection& connection) {
   xcb_prefetch_extension_data(connection.get(), &xcb_randr_id);
   xcb_prefetch_extension_data(connection.get(), &xcb_input_id);
   xcb_prefetch_extension_data(connection.get(), &xcb_xkb_id);
+  xcb_prefetch_extension_data(connection.get(), &xcb_shape_id);
   const auto supported =
       PropertyRequest(connection.get(), connection.root(), connection.atom(Atom::netSupported)).numbers();
   return {.randr = randrVersion(connection.get()),
           .xinput = xinputVersion(connection.get()),
           .xkb = xkbVersion(connection.get()),
+          .shape = shapeVersion(connection.get()),
           .windowManager = windowManagerRuns(connection),
           .moveResize =
               std::ranges::find(supported, connection.atom(Atom::netMoveResizeWindow)) != supported.end()};

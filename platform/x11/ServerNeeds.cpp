@@ -17,13 +17,17 @@ constexpr std::array needs{
          },
          "this X server lacks RandR 1.5; use a server that has it (Xorg 1.18 or later)."},
     Need{[](const ServerNeeds& offered) {
-           return offered.xinput.isAtLeast({2, 0});
+           return offered.xinput.isAtLeast({2, 1});
          },
-         "this X server lacks XInput 2; use a server that has it (Xorg 1.7 or later)."},
+         "this X server lacks XInput 2.1; use a server that has it (Xorg 1.11 or later)."},
     Need{[](const ServerNeeds& offered) {
            return offered.xkb.isAtLeast({1, 0});
          },
          "this X server lacks the XKB extension; start it with the extension enabled."},
+    Need{[](const ServerNeeds& offered) {
+           return offered.shape.isAtLeast({1, 1});
+         },
+         "this X server lacks the SHAPE extension 1.1; use a server that has it (any Xorg)."},
     Need{[](const ServerNeeds& offered) { return offered.windowManager; },
          "no EWMH window manager runs on this X server; start one (openbox, xfwm4, metacity, …) first."},
     Need{[](const ServerNeeds& offered) { return offered.moveResize; },

@@ -18,8 +18,9 @@ struct ServerNeeds {
   };
 
   Version randr;               ///< RandR; monitors need 1.5
-  Version xinput;              ///< X Input; raw events need 2.0
+  Version xinput;              ///< X Input; raw events reach us under another client's grab since 2.1
   Version xkb;                 ///< X Keyboard; 1.0
+  Version shape;               ///< Shape; windows that let clicks through need 1.1
   bool windowManager = false;  ///< an EWMH window manager runs: _NET_SUPPORTING_WM_CHECK names a live window
   bool moveResize = false;     ///< it takes _NET_MOVERESIZE_WINDOW
 

@@ -6,8 +6,12 @@ namespace tilwin::x11 {
 
 namespace {
 
-constexpr ServerNeeds everything{
-    .randr = {1, 6}, .xinput = {2, 4}, .xkb = {1, 0}, .windowManager = true, .moveResize = true};
+constexpr ServerNeeds everything{.randr = {1, 6},
+                                 .xinput = {2, 4},
+                                 .xkb = {1, 0},
+                                 .shape = {1, 1},
+                                 .windowManager = true,
+                                 .moveResize = true};
 
 struct Lack {
   const char* name;
@@ -32,22 +36,29 @@ TEST_P(MissingNeed, IsNamedInOneLine) {
 
 INSTANTIATE_TEST_SUITE_P(
     ServerNeeds, MissingNeed,
-    testing::Values(Lack{"RandR",
-                         [](ServerNeeds& offered) {
-                           offered.randr = {1, 4};
-                         },
-                         "RandR 1.5"},
-                    Lack{"NoRandRAtAll", [](ServerNeeds& offered) { offered.randr = {}; }, "RandR 1.5"},
-                    Lack{"XInput",
-                         [](ServerNeeds& offered) {
-                           offered.xinput = {1, 5};
-                         },
-                         "XInput 2"},
-                    Lack{"Xkb", [](ServerNeeds& offered) { offered.xkb = {}; }, "XKB"},
-                    Lack{"Manager", [](ServerNeeds& offered) { offered.windowManager = false; },
-                         "window manager"},
-                    Lack{"MoveResize", [](ServerNeeds& offered) { offered.moveResize = false; },
-                         "_NET_MOVERESIZE_WINDOW"}),
+    testing::Values(
+        Lack{"RandR",
+             [](ServerNeeds& offered) {
+               offered.randr = {1, 4};
+             },
+             "RandR 1.5"},
+        Lack{"NoRandRAtAll", [](ServerNeeds& offered) { offered.randr = {}; }, "RandR 1.5"},
+        Lack{"XInput",
+             [](ServerNeeds& offered) {
+               offered.xinput = {2, 0};
+             },
+             "XInput 2.1"},
+        Lack{"NoXInputAtAll", [](ServerNeeds& offered) { offered.xinput = {}; }, "XInput 2.1"},
+        Lack{"Xkb", [](ServerNeeds& offered) { offered.xkb = {}; }, "XKB"},
+        Lack{"Shape",
+             [](ServerNeeds& offered) {
+               offered.shape = {1, 0};
+             },
+             "SHAPE extension 1.1"},
+        Lack{"NoShapeAtAll", [](ServerNeeds& offered) { offered.shape = {}; }, "SHAPE extension 1.1"},
+        Lack{"Manager", [](ServerNeeds& offered) { offered.windowManager = false; }, "window manager"},
+        Lack{"MoveResize", [](ServerNeeds& offered) { offered.moveResize = false; },
+             "_NET_MOVERESIZE_WINDOW"}),
     [](const auto& entry) { return std::string(entry.param.name); });
 
 }  // namespace tilwin::x11
