@@ -9,7 +9,8 @@
 namespace tilwin::x11 {
 
 /// The atoms this program speaks: EWMH, ICCCM, the two conventions by which toolkits name a window's
-/// desktop entry and its invisible shadow, and the one by which compositors spare a window their own.
+/// desktop entry and its invisible shadow, and the one by which compositors are asked to spare a window
+/// theirs.
 enum class Atom : std::size_t {
   netActiveWindow,
   netClientList,
@@ -18,7 +19,6 @@ enum class Atom : std::size_t {
   netMoveResizeWindow,
   netSupported,
   netSupportingWmCheck,
-  netWmBypassCompositor,
   netWmName,
   netWmPid,
   netWmState,
@@ -41,7 +41,7 @@ enum class Atom : std::size_t {
   utf8String,
 };
 
-inline constexpr std::array<std::string_view, 28> atomNames{
+inline constexpr std::array<std::string_view, 27> atomNames{
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",
@@ -49,7 +49,6 @@ inline constexpr std::array<std::string_view, 28> atomNames{
     "_NET_MOVERESIZE_WINDOW",
     "_NET_SUPPORTED",
     "_NET_SUPPORTING_WM_CHECK",
-    "_NET_WM_BYPASS_COMPOSITOR",
     "_NET_WM_NAME",
     "_NET_WM_PID",
     "_NET_WM_STATE",

@@ -16,7 +16,6 @@ namespace tilwin::x11 {
 namespace {
 
 constexpr std::uint8_t sheetDepth = 32;
-constexpr std::uint32_t keepComposited = 2;  // _NET_WM_BYPASS_COMPOSITOR
 constexpr std::string_view overlayClass{"tilwin\0Tilwin\0", 14};
 constexpr std::string_view overlayName{"Tilwin"};
 
@@ -107,7 +106,8 @@ void OverlayWindow::create(const xcb_screen_t& screen) {
   xcb_create_gc(x_.get(), brush_, window_, XCB_GC_FOREGROUND, &border);
 }
 
-/// Compositors give the image of something dragged no shadow, and most no animation either.
+/// The image of something dragged is what compositors and their settings commonly spare shadow and animation;
+/// picom draws a shadow even so where it is told to draw them for all, unless the window itself asks not to.
 void OverlayWindow::describe() const {
   const auto text = [this](xcb_atom_t property, xcb_atom_t type, std::string_view value) {
     xcb_change_property(x_.get(), XCB_PROP_MODE_REPLACE, window_, property, type, 8,
@@ -119,7 +119,6 @@ void OverlayWindow::describe() const {
   text(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, overlayClass);
   text(x_.atom(Atom::netWmName), x_.atom(Atom::utf8String), overlayName);
   number(Atom::netWmWindowType, XCB_ATOM_ATOM, x_.atom(Atom::netWmWindowTypeDnd));
-  number(Atom::netWmBypassCompositor, XCB_ATOM_CARDINAL, keepComposited);
   number(Atom::comptonShadow, XCB_ATOM_CARDINAL, 0);
 }
 

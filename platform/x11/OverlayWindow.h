@@ -11,7 +11,7 @@ namespace tilwin::x11 {
 /// is cut down to its border, opaque, and what lies below stays in view.
 ///
 /// Requests are left in the connection's buffer; whoever calls flushes it. Sources: X11 core protocol;
-/// Nonrectangular Window Shape Extension 1.1 (input shapes); EWMH (type, bypassing compositors).
+/// Nonrectangular Window Shape Extension 1.1 (input shapes); EWMH (window type).
 class OverlayWindow {
 public:
   enum class Look { translucent, outline };

@@ -33,7 +33,7 @@ TEST(CornerImage, IsClearOutsideBorderedOnTheCurveAndFilledWithin) {
   const auto pixels = cornerPixels({});
   ASSERT_EQ(pixels.size(), 100U);
   EXPECT_EQ(pixels[0], 0U);
-  EXPECT_EQ(pixels[4 * 10 + 3], premultiplied(cornerAccent, 0.7 + 0.3 * 0.22));
+  EXPECT_EQ(pixels[3 * 10 + 3], premultiplied(cornerAccent, 0.7 + 0.3 * 0.22));
   EXPECT_EQ(pixels[99], premultiplied(cornerAccent, 0.22));
 }
 
