@@ -1,36 +1,20 @@
-#include "platform/x11/X11Overlay.h"
-
 #include <gtest/gtest.h>
 
-#include <QColor>
 #include <cmath>
-#include <cstdlib>
 #include <optional>
-#include <string>
 #include <vector>
 
-#include "tests/desktop/harness/Session.h"
+#include "tests/contract/OverlaidDesktop.h"
 
 namespace tilwin::x11 {
 
 namespace {
 
 using desktop::Manager;
-using desktop::TestWindow;
-using desktop::TestWindowOptions;
-using desktop::WindowId;
-using desktop::XcbPtr;
 
-constexpr AccentColour shownAccent{0x35, 0x84, 0xe4};
-constexpr QRgb backgroundColour = 0xff406030;
+constexpr QRgb backgroundColour = OverlaidDesktop::background;
+constexpr AccentColour shownAccent = OverlaidDesktop::accent;
 constexpr Rect sheet{100, 80, 400, 300};
-/// Told to give every window a shadow.
-const std::vector<std::string> picom{"picom", "--config", "/dev/null", "--backend", "xrender", "--shadow"};
-
-class FailingLog : public SystemLog {
-public:
-  void write(std::string_view line) override { ADD_FAILURE() << "logged: " << line; }
-};
 
 /// What a layer of the accent colour of that opacity makes of a colour below it, by the definition of "over".
 QRgb under(double opacity, QRgb below) {
@@ -40,114 +24,6 @@ QRgb under(double opacity, QRgb below) {
   return qRgb(blend(shownAccent.red, qRed(below)), blend(shownAccent.green, qGreen(below)),
               blend(shownAccent.blue, qBlue(below)));
 }
-
-/// Two roundings, of the pixel and of what the compositor makes of it, and one for its idea of 255.
-constexpr int roundings = 3;
-
-bool isClose(QRgb first, QRgb second) {
-  return std::abs(qRed(first) - qRed(second)) <= roundings &&
-         std::abs(qGreen(first) - qGreen(second)) <= roundings &&
-         std::abs(qBlue(first) - qBlue(second)) <= roundings;
-}
-
-/// A pixel of the screen and the colour it should have.
-struct Spot {
-  int x;
-  int y;
-  QRgb colour;
-};
-
-/// A desktop of one colour, with a program of its own on it that has an overlay.
-class OverlaidDesktop {
-public:
-  explicit OverlaidDesktop(Manager manager, bool compositing)
-      : session_({.manager = manager, .setup = {.compositing = compositing}, .screen = {800, 600}}) {
-    setenv("DISPLAY", session_.server().display().c_str(), 1);
-    background_.emplace(session_.server().display(),
-                        TestWindowOptions{.area = {0, 0, 800, 600},
-                                          .kind = desktop::WindowKind::desktop,
-                                          .undecorated = true,
-                                          .colour = backgroundColour & 0xffffffU});
-    x_.emplace(log_);
-    overlay_.emplace(*x_, shownAccent);
-  }
-
-  desktop::Session& session() { return session_; }
-  X11Overlay& overlay() { return *overlay_; }
-
-  WindowId background() { return session_.desktop().topLevel(background_->id()); }
-
-  /// The first place that does not look as it should, in words; empty when all do.
-  std::string wrong(const std::vector<Spot>& spots) {
-    const auto image = desktop::screenshot(session_.desktop().connection());
-    for (const auto& spot : spots) {
-      const QColor seen(image.pixel(spot.x, spot.y));
-      if (isClose(seen.rgb(), spot.colour)) continue;
-      return std::to_string(spot.x) + "," + std::to_string(spot.y) + " is " + seen.name().toStdString() +
-             ", not " + QColor(spot.colour).name().toStdString();
-    }
-    return {};
-  }
-  /// Gives a compositor time to paint.
-  void expect(const std::vector<Spot>& spots) {
-    session_.desktop().waitUntil([&] { return wrong(spots).empty(); });
-    EXPECT_EQ(wrong(spots), "");
-  }
-
-  /// The children of the root, bottom to top, that can be seen.
-  std::vector<WindowId> inView() {
-    auto& witness = session_.desktop().connection();
-    const XcbPtr<xcb_query_tree_reply_t> tree(
-        xcb_query_tree_reply(witness.get(), xcb_query_tree(witness.get(), witness.root()), nullptr));
-    std::vector<WindowId> result;
-    for (int index = 0; index < xcb_query_tree_children_length(tree.get()); ++index) {
-      const auto window = xcb_query_tree_children(tree.get())[index];
-      if (session_.desktop().viewable(window)) result.push_back(window);
-    }
-    return result;
-  }
-  /// Shows the overlay and waits until the server has dealt with that. The overlay's window.
-  WindowId show(const Rect& at) {
-    overlay_->show(at);
-    const auto isThere = [&] {
-      const auto window = sheetWindow();
-      return window && session_.desktop().topLevelArea(*window) == at;
-    };
-    EXPECT_TRUE(session_.desktop().waitUntil(isThere)) << "not shown there";
-    return sheetWindow().value_or(0);
-  }
-  /// The overlay's window, if it is in view.
-  std::optional<WindowId> sheetWindow() {
-    for (const auto window : inView()) {
-      if (session_.desktop().wmClass(window).second == "Tilwin") return window;
-    }
-    return std::nullopt;
-  }
-  WindowId underPointer() {
-    auto& witness = session_.desktop().connection();
-    const XcbPtr<xcb_query_pointer_reply_t> pointer(
-        xcb_query_pointer_reply(witness.get(), xcb_query_pointer(witness.get(), witness.root()), nullptr));
-    return pointer->child;
-  }
-
-  desktop::ChildProcess startCompositor() {
-    auto compositor = session_.start("picom", picom);
-    EXPECT_TRUE(session_.desktop().waitUntil([this] { return session_.desktop().composited(); },
-                                             desktop::startTimeout));
-    return compositor;
-  }
-  void end(desktop::ChildProcess& compositor) {
-    compositor.end();
-    EXPECT_TRUE(session_.desktop().waitUntil([this] { return !session_.desktop().composited(); }));
-  }
-
-private:
-  desktop::Session session_;
-  std::optional<TestWindow> background_;
-  FailingLog log_;
-  std::optional<X11Connection> x_;
-  std::optional<X11Overlay> overlay_;
-};
 
 /// Where a shadow of that frame would fall, as far as there is screen.
 std::vector<Spot> surroundings(const Rect& at) {
@@ -210,9 +86,9 @@ OverlaidDesktop& plainDesk() {
   return desk;
 }
 
-class X11OverlayTest : public testing::Test {
+class ShownOverlay : public testing::Test {
 protected:
-  ~X11OverlayTest() override { desk_.overlay().hide(); }
+  ~ShownOverlay() override { desk_.overlay().hide(); }
 
   OverlaidDesktop& desk_ = plainDesk();
 };
@@ -222,85 +98,91 @@ class CompositedOverlay : public testing::TestWithParam<std::optional<Manager>> 
 
 }  // namespace
 
-TEST_F(X11OverlayTest, MakesNoWindowBeforeItIsShown) {
-  const auto before = desk_.inView();
-  FailingLog log;
-  X11Connection x(log);
-  X11Overlay fresh(x, shownAccent);
+TEST(X11Overlay, MakesNoWindowBeforeItIsShown) {
+  OverlaidDesktop desk(Manager::openbox, false);
+  const auto children = [&] {
+    auto& witness = desk.desktop().connection();
+    const desktop::XcbPtr<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(witness.get(), xcb_query_tree(witness.get(), witness.root()), nullptr));
+    return tree->children_len;
+  };
+  const auto before = children();
+  X11Overlay fresh(desk.x(), shownAccent);
   fresh.hide();
-  desk_.session().desktop().settle();
-  EXPECT_EQ(desk_.inView(), before);
+  desk.x().flush();
+  desk.desktop().settle();
+  EXPECT_EQ(children(), before);
 }
 
-TEST_F(X11OverlayTest, StandsWhereItIsShownAndMovesWithEachShow) {
+TEST_F(ShownOverlay, StandsWhereItIsShownAndMovesWithEachShow) {
   for (const Rect& at : {sheet, Rect{0, 0, 800, 600}, Rect{400, 300, 400, 300}, Rect{-20, -10, 300, 200}}) {
     EXPECT_NE(desk_.show(at), 0U);
   }
 }
 
-TEST_F(X11OverlayTest, IsGoneOnceHiddenAndBackWhenShownAgain) {
+TEST_F(ShownOverlay, IsGoneOnceHiddenAndBackWhenShownAgain) {
   desk_.show(sheet);
   desk_.overlay().hide();
-  EXPECT_TRUE(desk_.session().desktop().waitUntil([this] { return !desk_.sheetWindow(); }));
+  EXPECT_TRUE(desk_.desktop().waitUntil([this] { return !desk_.sheetWindow(); }));
   desk_.overlay().hide();
   desk_.show(sheet);
 }
 
-TEST_F(X11OverlayTest, IsNotShownOnAFrameOutsideOfAnyScreen) {
+TEST_F(ShownOverlay, IsNotShownOnAFrameOutsideOfAnyScreen) {
   desk_.overlay().show({0, 0, std::nan(""), 100});
   desk_.overlay().show({1e9, 0, 100, 100});
   desk_.overlay().show({0, 0, 0, 100});
-  desk_.session().desktop().settle();
+  desk_.desktop().settle();
   EXPECT_FALSE(desk_.sheetWindow());
 }
 
-TEST_F(X11OverlayTest, TakesNoFocusAndIsInNoListOfWindows) {
+TEST_F(ShownOverlay, TakesNoFocusAndIsInNoListOfWindows) {
   const auto window = desk_.session().window({.area = {150, 120, 300, 200}});
   ASSERT_TRUE(window.waitUntil([&] { return window.hasFocus(); }));
   desk_.show(sheet);
-  desk_.session().desktop().settle();
+  desk_.desktop().settle();
   EXPECT_TRUE(window.hasFocus());
-  EXPECT_EQ(desk_.session().desktop().activeWindow(), window.id());
-  EXPECT_EQ(desk_.session().desktop().clients().size(), 2U);
-  EXPECT_NE(desk_.session().desktop().clients().back(), desk_.sheetWindow());
+  EXPECT_EQ(desk_.desktop().activeWindow(), window.id());
+  EXPECT_EQ(desk_.desktop().clients().size(), 2U);
+  EXPECT_NE(desk_.desktop().clients().back(), desk_.sheetWindow());
 }
 
-TEST_F(X11OverlayTest, LetsClicksThroughToTheWindowBelow) {
+TEST_F(ShownOverlay, LetsClicksThroughToTheWindowBelow) {
   const auto window = desk_.session().window({.area = {150, 120, 300, 200}});
   desk_.show(sheet);
   desk_.session().input().movePointer({300, 240});
-  EXPECT_EQ(desk_.underPointer(), desk_.session().desktop().topLevel(window.id()));
+  EXPECT_EQ(desk_.underPointer(), desk_.desktop().topLevel(window.id()));
   desk_.session().input().click({300, 240});
   EXPECT_TRUE(window.waitUntil([&] { return !window.recorded().buttons.empty(); }));
 }
 
-TEST_F(X11OverlayTest, LetsClicksThroughItsBorder) {
+TEST_F(ShownOverlay, LetsClicksThroughItsBorder) {
   desk_.show(sheet);
   desk_.session().input().movePointer({300, 80});
-  EXPECT_EQ(desk_.underPointer(), desk_.background());
+  EXPECT_EQ(desk_.underPointer(), desk_.backgroundWindow());
 }
 
-TEST_F(X11OverlayTest, IsInFrontAfterEachShow) {
+TEST_F(ShownOverlay, IsInFrontAfterEachShow) {
   desk_.show(sheet);
   const auto window = desk_.session().window({.area = {150, 120, 300, 200}, .overrideRedirect = true});
   ASSERT_EQ(desk_.inView().back(), window.id());
   desk_.overlay().show(sheet);
-  EXPECT_TRUE(desk_.session().desktop().waitUntil([&] { return desk_.inView().back() != window.id(); }));
+  EXPECT_TRUE(desk_.desktop().waitUntil([&] { return desk_.inView().back() != window.id(); }));
   EXPECT_EQ(desk_.inView().back(), desk_.sheetWindow());
 }
 
-TEST_F(X11OverlayTest, IsARingWithoutACompositor) {
+TEST_F(ShownOverlay, IsARingWithoutACompositor) {
   desk_.overlay().show(sheet);
   desk_.expect(outlinedSheet());
 }
 
-TEST_F(X11OverlayTest, KeepsTheRingOnItsEdgeWhenItsSizeChanges) {
+TEST_F(ShownOverlay, KeepsTheRingOnItsEdgeWhenItsSizeChanges) {
   desk_.overlay().show({0, 0, 200, 200});
   desk_.overlay().show(sheet);
   desk_.expect(outlinedSheet());
 }
 
-TEST_F(X11OverlayTest, FitsTheNextShowWhenACompositorHasComeOrGone) {
+TEST_F(ShownOverlay, FitsTheNextShowWhenACompositorHasComeOrGone) {
   desk_.overlay().show(sheet);
   desk_.expect(outlinedSheet());
   desk_.overlay().hide();
@@ -316,7 +198,7 @@ TEST_P(CompositedOverlay, IsATranslucentSheetWithABorderAndRoundCorners) {
   OverlaidDesktop desk(GetParam().value_or(Manager::openbox), true);
   std::optional<desktop::ChildProcess> compositor;
   if (!GetParam()) compositor = desk.startCompositor();
-  ASSERT_TRUE(desk.session().desktop().waitUntil([&] { return desk.session().desktop().composited(); }));
+  ASSERT_TRUE(desk.desktop().waitUntil([&] { return desk.desktop().composited(); }));
   desk.overlay().show({0, 0, 200, 200});
   for (const Rect& at : {sheet, Rect{0, 0, 800, 600}, Rect{400, 0, 400, 600}}) {
     desk.overlay().show(at);
@@ -325,6 +207,19 @@ TEST_P(CompositedOverlay, IsATranslucentSheetWithABorderAndRoundCorners) {
   desk.overlay().hide();
   desk.expect({{600, 300, backgroundColour}});
   desk.overlay().show(sheet);
+  desk.expect(translucentSheet(sheet));
+}
+
+TEST(X11Overlay, DrawsItselfAgainWhenItsPictureWasLost) {
+  OverlaidDesktop desk(Manager::xfwm4, true);
+  const auto window = desk.show(sheet);
+  desk.expect(translucentSheet(sheet));
+  desk.x().dispatch();
+  auto& witness = desk.desktop().connection();
+  xcb_clear_area(witness.get(), 1, window, 0, 0, 0, 0);
+  witness.sync();
+  desk.expect({{300, 80, under(0.22, backgroundColour)}});
+  desk.x().dispatch();
   desk.expect(translucentSheet(sheet));
 }
 

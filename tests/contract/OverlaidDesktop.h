@@ -1,0 +1,69 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QColor>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/x11/X11Overlay.h"
+#include "tests/desktop/harness/Session.h"
+
+namespace tilwin::x11 {
+
+/// A pixel of the screen and the colour it should have.
+struct Spot {
+  int x;
+  int y;
+  QRgb colour;
+};
+
+/// A real desktop of one colour, with a program on it that has an overlay.
+class OverlaidDesktop {
+public:
+  static constexpr AccentColour accent{0x35, 0x84, 0xe4};
+  static constexpr QRgb background = 0xff406030;
+  static constexpr desktop::PixelSize screen{800, 600};
+
+  OverlaidDesktop(desktop::Manager manager, bool compositing);
+
+  desktop::Session& session() { return session_; }
+  desktop::Desktop& desktop() { return session_.desktop(); }
+  X11Overlay& overlay() { return *overlay_; }
+  X11Connection& x() { return *x_; }
+
+  /// Shows the overlay and waits until the server has dealt with that. The overlay's window.
+  desktop::WindowId show(const Rect& at);
+  /// Fails unless it all looks so, after a compositor has had time to paint.
+  void expect(const std::vector<Spot>& spots);
+
+  /// The children of the root, bottom to top, that can be seen.
+  std::vector<desktop::WindowId> inView();
+  /// The overlay's window, if it is in view.
+  std::optional<desktop::WindowId> sheetWindow();
+  /// The child of the root that holds all of the background.
+  desktop::WindowId backgroundWindow() { return desktop().topLevel(background_->id()); }
+  desktop::WindowId underPointer();
+
+  /// One that is told to give every window a shadow.
+  desktop::ChildProcess startCompositor();
+  void end(desktop::ChildProcess& compositor);
+
+private:
+  class FailingLog : public SystemLog {
+  public:
+    void write(std::string_view line) override { ADD_FAILURE() << "logged: " << line; }
+  };
+
+  /// The first place that does not look as it should, in words; empty when all do.
+  std::string wrong(const std::vector<Spot>& spots);
+
+  desktop::Session session_;
+  std::optional<desktop::TestWindow> background_;
+  FailingLog log_;
+  std::optional<X11Connection> x_;
+  std::optional<X11Overlay> overlay_;
+};
+
+}  // namespace tilwin::x11
