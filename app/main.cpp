@@ -14,12 +14,18 @@
 #include "platform/qt/StopSignals.h"
 #include "platform/qt/XdgBundle.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Displays.h"
 #include "platform/x11/X11HotKeys.h"
+#include "platform/x11/X11Overlay.h"
+#include "platform/x11/X11Pointer.h"
+#include "platform/x11/X11Trust.h"
 #include "platform/x11/X11WindowProvider.h"
 
 namespace {
 
-int runOnDesktop() {
+constexpr tilwin::x11::AccentColour accent{0x35, 0x84, 0xe4};
+
+int runOnDesktop(tilwin::Bundle& bundle) {
   using namespace tilwin;
   qt::QtSystemLog log;
   qt::QtMainQueue queue;
@@ -27,7 +33,12 @@ int runOnDesktop() {
   x11::X11Connection x(log);
   x11::X11HotKeys hotKeys(x, queue, log);
   qt::QtUserDefaults userDefaults(log);
-  Platform platform{queue, log, hotKeys, userDefaults, std::make_shared<x11::X11WindowProvider>(x, queue)};
+  x11::X11Displays displays(x, queue);
+  x11::X11Pointer pointer(x);
+  x11::X11Overlay overlay(x, accent);
+  x11::X11Trust trust;
+  const auto windows = std::make_shared<x11::X11WindowProvider>(x, displays, queue);
+  Platform platform{queue, log, hotKeys, userDefaults, windows, pointer, overlay, trust, displays, bundle};
 
   const auto dispatch = [&x] { x.dispatch(); };
   queue.watch(x.fileDescriptor(), dispatch);
@@ -50,7 +61,7 @@ int main(int argc, char** argv) {
   if (const auto status = tilwin::CommandLine::run(arguments.subspan(1), bundle, std::cout)) return *status;
   const QCoreApplication application(argc, argv);
   try {
-    return runOnDesktop();
+    return runOnDesktop(bundle);
   } catch (const tilwin::x11::X11Unavailable& reason) {
     std::fprintf(stderr, "Tilwin: %s\n", reason.what());
     return 1;
