@@ -43,6 +43,23 @@ std::optional<WindowId> Desktop::windowOfProcess(pid_t pid) {
   return newest([&](WindowId window) { return process(window) == pid; });
 }
 
+std::optional<WindowId> Desktop::unmanagedOfClass(const std::string& name) {
+  xcb_connection_t* xcb = connection_.get();
+  const XcbPtr<xcb_query_tree_reply_t> tree(
+      xcb_query_tree_reply(xcb, xcb_query_tree(xcb, connection_.root()), nullptr));
+  if (!tree) return std::nullopt;
+  const WindowId* bottom = xcb_query_tree_children(tree.get());
+  for (int index = xcb_query_tree_children_length(tree.get()) - 1; index >= 0; --index) {
+    const WindowId window = bottom[index];
+    if (wmClass(window).second != name) continue;
+    const XcbPtr<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(xcb, xcb_get_window_attributes(xcb, window), nullptr));
+    const bool visible = attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    if (visible && attributes->override_redirect != 0) return window;
+  }
+  return std::nullopt;
+}
+
 WindowId Desktop::waitForClass(const std::string& name, Milliseconds timeout) {
   std::optional<WindowId> window;
   const auto there = [&] { return (window = windowOfClass(name)) && viewable(*window); };

@@ -46,6 +46,8 @@ public:
   /// The newest managed window of a class (either half of WM_CLASS) or process (_NET_WM_PID).
   std::optional<WindowId> windowOfClass(const std::string& name);
   std::optional<WindowId> windowOfProcess(pid_t pid);
+  /// The topmost visible window of a class that keeps managers out (override-redirect).
+  std::optional<WindowId> unmanagedOfClass(const std::string& name);
   /// Waits for one; throws HarnessError when none comes.
   WindowId waitForClass(const std::string& name, Milliseconds timeout = startTimeout);
 
@@ -72,6 +74,9 @@ public:
   std::optional<Rect> topLevelArea(WindowId window);
   Extents frameExtents(WindowId window);
   Extents shadowExtents(WindowId window);
+  /// A point to drag the window by where no button is: on its title bar, or the header bar it draws itself.
+  /// Throws HarnessError when the window has gone.
+  PixelPoint titleBar(WindowId window);
   /// The steps in which the size can change: PResizeInc of WM_NORMAL_HINTS (ICCCM 4.1.2.3), else 1 by 1.
   PixelSize sizeIncrement(WindowId window);
 

@@ -2,6 +2,8 @@
 
 #include <xcb/xcb_icccm.h>
 
+#include "tests/desktop/harness/HarnessError.h"
+
 namespace tilwin::desktop {
 
 namespace {
@@ -26,6 +28,11 @@ Rect grown(const Rect& area, const Extents& by) {
 Extents negated(const Extents& extents) {
   return {-extents.left, -extents.right, -extents.top, -extents.bottom};
 }
+
+/// Managers and toolkits put buttons at the ends of a bar; in the middle may be a field to type in.
+constexpr double alongTitleBar = 0.4;
+/// Down into a header bar: past its resize border, above what stands in its lower half.
+constexpr double intoHeaderBar = 14;
 
 }  // namespace
 
@@ -59,6 +66,14 @@ std::optional<Rect> Desktop::frame(WindowId window) {
   const auto area = clientArea(window);
   if (!area) return std::nullopt;
   return grown(grown(*area, frameExtents(window)), negated(shadowExtents(window)));
+}
+
+PixelPoint Desktop::titleBar(WindowId window) {
+  const auto outer = frame(window);
+  if (!outer) throw HarnessError("the window to take hold of has gone");
+  const int bar = frameExtents(window).top;
+  return {static_cast<int>(outer->x + outer->width * alongTitleBar),
+          static_cast<int>(outer->y + (bar > 0 ? bar / 2.0 : intoHeaderBar))};
 }
 
 WindowId Desktop::topLevel(WindowId window) {

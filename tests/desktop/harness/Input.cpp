@@ -3,7 +3,9 @@
 #include <xcb/xtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <numeric>
 #include <thread>
 
 #include "tests/desktop/harness/HarnessError.h"
@@ -12,8 +14,9 @@ namespace tilwin::desktop {
 
 namespace {
 
-/// Longer than any toolkit here waits for a second click (400 ms).
-constexpr Milliseconds doubleClickTime{450};
+/// Longer than any toolkit or manager here waits for a second click (500 ms).
+constexpr Milliseconds doubleClickTime{520};
+constexpr Milliseconds lastMoves{40};
 
 void fake(XConnection& connection, std::uint8_t type, std::uint8_t detail, PixelPoint at = {}) {
   xcb_test_fake_input(connection.get(), type, detail, XCB_CURRENT_TIME, connection.root(),
@@ -106,6 +109,22 @@ PixelPoint Input::pointer() {
   return {reply->root_x, reply->root_y};
 }
 
+void Input::setLeftHanded(bool on) {
+  std::array<std::uint8_t, 32> order{};
+  xcb_connection_t* xcb = connection_.get();
+  const XcbPtr<xcb_get_pointer_mapping_reply_t> before(
+      xcb_get_pointer_mapping_reply(xcb, xcb_get_pointer_mapping(xcb), nullptr));
+  if (!before || before->map_len < 3 || before->map_len > order.size()) {
+    throw HarnessError("the pointer's buttons are not known");
+  }
+  std::iota(order.begin(), order.end(), std::uint8_t{1});
+  if (on) std::swap(order[0], order[2]);
+  const XcbPtr<xcb_set_pointer_mapping_reply_t> reply(xcb_set_pointer_mapping_reply(
+      xcb, xcb_set_pointer_mapping(xcb, before->map_len, order.data()), nullptr));
+  if (!reply || reply->status != XCB_MAPPING_STATUS_SUCCESS)
+    throw HarnessError("the pointer's buttons cannot be exchanged");
+}
+
 void Input::buttonDown(int button) {
   lastButtonDown_ = Clock::now();
   fake(connection_, XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button));
@@ -135,10 +154,23 @@ void Input::glide(PixelPoint to, int steps, Milliseconds step) {
   }
 }
 
-void Input::drag(PixelPoint from, PixelPoint to, int steps, Milliseconds step) {
+void Input::takeHold(PixelPoint at, int button) {
   std::this_thread::sleep_until(lastButtonDown_ + doubleClickTime);
-  movePointer(from);
-  buttonDown();
+  movePointer(at);
+  buttonDown(button);
+}
+
+void Input::comeToRest(PixelPoint at) {
+  const PixelPoint from = pointer();
+  const auto oneBack = [](int start, int end) { return start < end ? end - 1 : end + (start > end ? 1 : 0); };
+  glide({oneBack(from.x, at.x), oneBack(from.y, at.y)});
+  std::this_thread::sleep_for(lastMoves);
+  movePointer(at);
+  std::this_thread::sleep_for(lastMoves);
+}
+
+void Input::drag(PixelPoint from, PixelPoint to, int steps, Milliseconds step) {
+  takeHold(from);
   glide(to, steps, step);
   buttonUp();
 }

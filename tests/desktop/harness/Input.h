@@ -37,12 +37,20 @@ public:
 
   void movePointer(PixelPoint to);
   PixelPoint pointer();
+  /// Exchanges what the first and the third button do, for all programs, as a left-handed person's settings
+  /// would; and back.
+  void setLeftHanded(bool on);
   void buttonDown(int button = 1);
   void buttonUp(int button = 1);
   void click(PixelPoint at, int button = 1);
   /// Moves in a straight line like a hand: in so many steps, each taking so long.
   void glide(PixelPoint to, int steps = 20, Milliseconds step = Milliseconds{8});
-  /// Down, glide, up; never so soon after another press that the two count as a double click.
+  /// Points there and presses; never so soon after another press that the two count as a double click.
+  void takeHold(PixelPoint at, int button = 1);
+  /// Glides there and comes to rest as a hand does: the last moves are short ones, with time between them
+  /// for a program that looks at the pointer only now and then.
+  void comeToRest(PixelPoint at);
+  /// Takes hold, glides, lets go.
   void drag(PixelPoint from, PixelPoint to, int steps = 20, Milliseconds step = Milliseconds{8});
 
   Keyboard& keyboard() { return keyboard_; }

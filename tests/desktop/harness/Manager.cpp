@@ -7,11 +7,13 @@ namespace tilwin::desktop {
 
 namespace {
 
-constexpr std::array<ManagerTraits, 3> managers{{
-    // manager, name, arguments, composites by default, can composite, configure
-    {Manager::openbox, "openbox", "--sm-disable", false, false, configureOpenbox},
-    {Manager::xfwm4, "xfwm4", "--sm-client-disable", true, true, configureXfwm4},
-    {Manager::metacity, "metacity", "--sm-disable", true, true, configureMetacity},
+constexpr std::array<ManagerTraits, 4> managers{{
+    // manager, name, program, argument, composites by default, can composite, move modifier, configure
+    {Manager::openbox, "openbox", "openbox", "--sm-disable", false, false, "Alt", configureOpenbox},
+    {Manager::xfwm4, "xfwm4", "xfwm4", "--sm-client-disable", true, true, "Alt", configureXfwm4},
+    {Manager::metacity, "metacity", "metacity", "--sm-disable", true, true, "Alt", configureMetacity},
+    // It could composite, and is kept from it: without a graphics card that takes a processor for itself.
+    {Manager::kwin, "kwin", "kwin_x11", "--no-kactivities", false, false, "Super", configureKwin},
 }};
 
 }  // namespace

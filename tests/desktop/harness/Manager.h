@@ -9,9 +9,13 @@
 
 namespace tilwin::desktop {
 
-enum class Manager { openbox, xfwm4, metacity };
+enum class Manager { openbox, xfwm4, metacity, kwin };
 
+/// Those that everything is run under.
 inline constexpr std::array<Manager, 3> allManagers{Manager::openbox, Manager::xfwm4, Manager::metacity};
+/// Those that windows are dragged under: how a window moves with the pointer is each manager's own affair.
+inline constexpr std::array<Manager, 4> draggingManagers{Manager::openbox, Manager::xfwm4, Manager::metacity,
+                                                         Manager::kwin};
 
 /// How a manager is set up. Always: none of Tilwin's default shortcuts is bound, and dragging to a screen
 /// edge tiles nothing.
@@ -29,13 +33,16 @@ inline constexpr const char* nativeTileRight = "Super+Right";
 /// What the tests need to know about one manager: a row of the table of managers.
 struct ManagerTraits {
   Manager manager;
-  /// Its program, and the name in test names and logs.
+  /// In test names and logs, and what it calls itself to others, but for capitals.
   const char* name;
+  const char* program;
   /// Its argument: keep away from any session manager.
   const char* argument;
   /// Whether it composites as it ships, and whether it can at all.
   bool compositesByDefault;
   bool canComposite;
+  /// The modifier held to move a window by any part of it.
+  const char* moveModifier;
   /// Writes its settings into the home, before it starts.
   void (*configure)(const PrivateHome& home, const ManagerSetup& setup);
 };

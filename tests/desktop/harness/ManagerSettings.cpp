@@ -83,6 +83,7 @@ constexpr const char* xfwm4Shortcuts = R"(<?xml version="1.0" encoding="UTF-8"?>
       <property name="override" type="bool" value="true"/>
       <property name="&lt;Alt&gt;F4" type="string" value="close_window_key"/>
       <property name="&lt;Alt&gt;Tab" type="string" value="cycle_windows_key"/>
+      <property name="Escape" type="string" value="cancel_key"/>
       @tiling@
     </property>
   </property>
@@ -96,6 +97,7 @@ constexpr const char* xfwm4Tiling =
 /// Of its default bindings, those on our combinations are the workspace switches.
 constexpr const char* metacityKeyFile = R"([org/gnome/desktop/wm/preferences]
 num-workspaces=2
+mouse-button-modifier='<Alt>'
 
 [org/gnome/desktop/wm/keybindings]
 switch-to-workspace-left=@as []
@@ -118,6 +120,36 @@ edge-tiling=false
 constexpr const char* metacityTiling =
     "toggle-tiled-left=['<Super>Left']\ntoggle-tiled-right=['<Super>Right']";
 constexpr const char* metacityNoTiling = "toggle-tiled-left=@as []\ntoggle-tiled-right=@as []";
+
+/// A border zone of 0 keeps edges from pulling at a window, Placement from putting it where no test asked.
+constexpr const char* kwinRc = R"([Compositing]
+Enabled=false
+
+[Desktops]
+Number=2
+
+[Windows]
+ElectricBorders=0
+ElectricBorderMaximize=false
+ElectricBorderTiling=false
+BorderSnapZone=0
+WindowSnapZone=0
+CenterSnapZone=0
+Placement=Centered
+
+[org.kde.kdecoration2]
+library=org.kde.breeze
+theme=Breeze
+)";
+
+constexpr const char* kwinTiling = R"([kwin]
+Window Quick Tile Left=Meta+Left,Meta+Left,Quick Tile Window to the Left
+Window Quick Tile Right=Meta+Right,Meta+Right,Quick Tile Window to the Right
+)";
+constexpr const char* kwinNoTiling = R"([kwin]
+Window Quick Tile Left=none,Meta+Left,Quick Tile Window to the Left
+Window Quick Tile Right=none,Meta+Right,Quick Tile Window to the Right
+)";
 
 const char* yesNo(bool value) { return value ? "true" : "false"; }
 
@@ -150,6 +182,11 @@ void configureMetacity(const PrivateHome& home, const ManagerSetup& setup) {
           given ? "compositing-manager=" + std::string(yesNo(*setup.compositing)) : std::string());
   replace(keys, "@tiling@", setup.nativeTileKeys ? metacityTiling : metacityNoTiling);
   home.write("config/glib-2.0/settings/keyfile", keys);
+}
+
+void configureKwin(const PrivateHome& home, const ManagerSetup& setup) {
+  home.write("config/kwinrc", kwinRc);
+  home.write("config/kglobalshortcutsrc", setup.nativeTileKeys ? kwinTiling : kwinNoTiling);
 }
 
 }  // namespace tilwin::desktop

@@ -8,5 +8,6 @@ namespace tilwin::desktop {
 void configureOpenbox(const PrivateHome& home, const ManagerSetup& setup);
 void configureXfwm4(const PrivateHome& home, const ManagerSetup& setup);
 void configureMetacity(const PrivateHome& home, const ManagerSetup& setup);
+void configureKwin(const PrivateHome& home, const ManagerSetup& setup);
 
 }  // namespace tilwin::desktop

@@ -36,7 +36,7 @@ void WindowManager::stop() {
 }
 
 void WindowManager::start() {
-  process_ = ChildProcess::start({.argv = {traits_.name, traits_.argument},
+  process_ = ChildProcess::start({.argv = {traits_.program, traits_.argument},
                                   .environment = environment_,
                                   .outputFile = home_.log(traits_.name)});
   const auto ready = [&] { return desktop_.managed() && (!composites() || desktop_.composited()); };
@@ -46,17 +46,25 @@ void WindowManager::start() {
                      lastLines(process_.output(), 12));
 }
 
+bool WindowManager::supports(const std::string& message) {
+  XConnection& connection = desktop_.connection();
+  const auto supported = connection.numbers(connection.root(), "_NET_SUPPORTED");
+  return std::find(supported.begin(), supported.end(), connection.atom(message)) != supported.end();
+}
+
 bool WindowManager::managerAnswers() {
   XConnection& connection = desktop_.connection();
   const WindowId asker = xcb_generate_id(connection.get());
   const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
   xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, asker, connection.root(), 0, 0, 1, 1, 0,
                     XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+  const bool answersUnmapped = supports("_NET_REQUEST_FRAME_EXTENTS");
+  if (!answersUnmapped) xcb_map_window(connection.get(), asker);
   // Not with every event: answering makes events of its own, and each would ask for more of them.
   Clock::time_point next{};
   const auto answered = [&] {
     if (!connection.numbers(asker, "_NET_FRAME_EXTENTS").empty()) return true;
-    if (Clock::now() < next) return false;
+    if (!answersUnmapped || Clock::now() < next) return false;
     next = Clock::now() + askAgain;
     connection.sendToRoot(asker, "_NET_REQUEST_FRAME_EXTENTS", {0, 0, 0, 0, 0});
     return false;
@@ -64,7 +72,11 @@ bool WindowManager::managerAnswers() {
   const bool answers = desktop_.waitUntil(answered, startTimeout);
   xcb_destroy_window(connection.get(), asker);
   connection.flush();
-  return answers;
+  const auto forgotten = [&] {
+    const auto clients = desktop_.clients();
+    return std::find(clients.begin(), clients.end(), asker) == clients.end();
+  };
+  return answers && desktop_.waitUntil(forgotten);
 }
 
 void WindowManager::restart() {

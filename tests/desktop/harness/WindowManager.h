@@ -27,8 +27,11 @@ public:
 
 private:
   /// A manager announces itself before it takes requests, and may drop those that come too early. A frame
-  /// asked for and answered (_NET_REQUEST_FRAME_EXTENTS; EWMH) shows it at work.
+  /// asked for and answered (_NET_REQUEST_FRAME_EXTENTS; EWMH) shows it at work, or where it does not know
+  /// that, a window framed.
   bool managerAnswers();
+  /// Whether the manager says so (_NET_SUPPORTED; EWMH).
+  bool supports(const std::string& message);
 
   const ManagerTraits& traits_;
   ManagerSetup setup_;

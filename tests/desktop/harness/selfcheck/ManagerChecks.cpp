@@ -17,15 +17,11 @@ protected:
   Desktop& desktop_ = session_.desktop();
 };
 
-INSTANTIATE_TEST_SUITE_P(, UnderEachManager, testing::ValuesIn(allManagers), nameOfManager);
+INSTANTIATE_TEST_SUITE_P(, UnderEachManager, testing::ValuesIn(draggingManagers), nameOfManager);
 
 bool contains(const Rect& outer, const Rect& inner) {
   return outer.x <= inner.x && outer.y <= inner.y && outer.maxX() >= inner.maxX() &&
          outer.maxY() >= inner.maxY();
-}
-
-PixelPoint titleBarOf(const Rect& frame) {
-  return {static_cast<int>(frame.x) + 150, static_cast<int>(frame.y) + 8};
 }
 
 }  // namespace
@@ -108,7 +104,7 @@ TEST_P(UnderEachManager, ADragToAnEdgeMovesTheWindowAndTilesNothing) {
   for (const PixelPoint edge : {PixelPoint{0, 500}, PixelPoint{1919, 500}, PixelPoint{900, 0}}) {
     desktop_.place(window.id(), start);
     ASSERT_TRUE(desktop_.waitForFrame(window.id(), start));
-    session_.input().drag(titleBarOf(start), edge);
+    session_.input().drag(desktop_.titleBar(window.id()), edge);
     desktop_.settle();
     const auto after = desktop_.frame(window.id());
     EXPECT_EQ(after->width, start.width);
@@ -164,7 +160,7 @@ TEST_P(UnderEachManager, AScreenshotShowsTheWindowsWhereTheyStand) {
 }
 
 TEST(NativeTileKeys, TileWithinEachManager) {
-  for (const Manager manager : allManagers) {
+  for (const Manager manager : draggingManagers) {
     Session session({.manager = manager, .setup = {.nativeTileKeys = true}});
     const TestWindow window(session.server().display());
     ASSERT_TRUE(session.desktop().activate(window.id()));
