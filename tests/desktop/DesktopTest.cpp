@@ -39,6 +39,17 @@ void DesktopTest::restartTilwin() {
   tilwin_ = std::make_unique<TilwinProcess>(*session_, arguments().tilwin);
 }
 
+std::filesystem::path DesktopTest::settingsFolder() { return session_->home().config() / "Tilwin"; }
+
+void DesktopTest::restartTilwinWith(const std::string& settings) {
+  // Read once, at the start; written at the end.
+  endTilwin();
+  std::string value;
+  for (const char character : settings) value += character == '"' ? "\\\"" : std::string(1, character);
+  session_->home().write("config/Tilwin/Tilwin.conf", "[General]\ntilwin.settings.v1=\"" + value + "\"\n");
+  restartTilwin();
+}
+
 void DesktopTest::focus(WindowId window) {
   ASSERT_TRUE(desktop().activate(window)) << "the window never became active";
 }

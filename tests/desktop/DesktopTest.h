@@ -16,6 +16,7 @@ namespace tilwin::desktop {
 struct Arguments {
   std::filesystem::path tilwin;
   Manager manager = Manager::openbox;
+  std::filesystem::path pictures;  ///< where tests that take pictures keep them
 };
 
 [[nodiscard]] Arguments& arguments();
@@ -38,6 +39,10 @@ protected:
   static TilwinProcess& tilwin() { return *tilwin_; }
   static void endTilwin() { tilwin_.reset(); }
   static void restartTilwin();
+  /// Restarts Tilwin on settings (JSON) that somebody wrote into its file.
+  static void restartTilwinWith(const std::string& settings);
+  /// Where it keeps them.
+  static std::filesystem::path settingsFolder();
 
   static void press(const std::string& chord) { session_->input().press(chord); }
 

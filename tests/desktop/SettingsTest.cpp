@@ -20,23 +20,13 @@ protected:
   void TearDown() override {
     DesktopTest::TearDown();
     endTilwin();
-    std::filesystem::remove_all(folder());
+    std::filesystem::remove_all(settingsFolder());
   }
-
-  static std::filesystem::path folder() { return session().home().config() / "Tilwin"; }
 
   static std::string fileText() {
     std::stringstream text;
-    text << std::ifstream(folder() / "Tilwin.conf").rdbuf();
+    text << std::ifstream(settingsFolder() / "Tilwin.conf").rdbuf();
     return text.str();
-  }
-
-  /// Starts Tilwin on settings that somebody wrote into the file: a quoted value, its quotes escaped.
-  static void given(const std::string& settings) {
-    std::string value;
-    for (const char character : settings) value += character == '"' ? "\\\"" : std::string(1, character);
-    session().home().write("config/Tilwin/Tilwin.conf", "[General]\ntilwin.settings.v1=\"" + value + "\"\n");
-    restartTilwin();
   }
 
   /// Whether the keys do nothing to a window at its start frame, while Tilwin serves others.
@@ -56,7 +46,7 @@ protected:
 }  // namespace
 
 TEST_F(Settings, AnActionsOwnShortcutWorksInPlaceOfTheBuiltInOne) {
-  given(R"({"shortcuts":{"topLeft":{"keyCode":0,"modifiers":6144}}})");
+  restartTilwinWith(R"({"shortcuts":{"topLeft":{"keyCode":0,"modifiers":6144}}})");
   const TestWindow window = session().window();
   focusAtStart(window.id());
   press("Control+Alt+a");
@@ -65,12 +55,12 @@ TEST_F(Settings, AnActionsOwnShortcutWorksInPlaceOfTheBuiltInOne) {
 }
 
 TEST_F(Settings, ARemovedShortcutDoesNothing) {
-  given(R"({"disabled":["leftHalf"]})");
+  restartTilwinWith(R"({"disabled":["leftHalf"]})");
   EXPECT_TRUE(nothingCalled(leftHalfKeys));
 }
 
 TEST_F(Settings, TheShortcutOfAnAreaPutsTheFocusedWindowIntoItWithinTheMargin) {
-  given(
+  restartTilwinWith(
       R"({"outer":20,"gap":12,"customAreas":[{"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","name":"Reading",)"
       R"("rect":{"x":0.25,"y":0.1,"width":0.5,"height":0.9},"shortcut":{"keyCode":15,"modifiers":6144}}]})");
   EXPECT_NE(tilwin().log().find("30 of 30 shortcuts work"), std::string::npos) << tilwin().log();
@@ -83,7 +73,7 @@ TEST_F(Settings, TheShortcutOfAnAreaPutsTheFocusedWindowIntoItWithinTheMargin) {
 }
 
 TEST_F(Settings, HalvesKeepTheMarginAndTheGap) {
-  given(R"({"gap":8,"outer":10})");
+  restartTilwinWith(R"({"gap":8,"outer":10})");
   const TestWindow window = session().window();
   focusAtStart(window.id());
   press(leftHalfKeys);
@@ -93,7 +83,7 @@ TEST_F(Settings, HalvesKeepTheMarginAndTheGap) {
 }
 
 TEST_F(Settings, AGapOutOfRangeCountsAsTheLargest) {
-  given(R"({"gap":100})");
+  restartTilwinWith(R"({"gap":100})");
   const TestWindow window = session().window();
   focusAtStart(window.id());
   press(leftHalfKeys);
@@ -101,7 +91,7 @@ TEST_F(Settings, AGapOutOfRangeCountsAsTheLargest) {
 }
 
 TEST_F(Settings, WithoutCyclingAHalfStaysAHalf) {
-  given(R"({"cycleWidths":false})");
+  restartTilwinWith(R"({"cycleWidths":false})");
   const TestWindow window = session().window();
   focusAtStart(window.id());
   press(leftHalfKeys);
@@ -112,7 +102,7 @@ TEST_F(Settings, WithoutCyclingAHalfStaysAHalf) {
 }
 
 TEST_F(Settings, AnIgnoredApplicationIsNeverMoved) {
-  given(R"({"ignoredApps":["Slides"]})");
+  restartTilwinWith(R"({"ignoredApps":["Slides"]})");
   const TestWindow slides = session().window({.className = "Slides"});
   focusAtStart(slides.id());
   press(leftHalfKeys);
@@ -122,7 +112,7 @@ TEST_F(Settings, AnIgnoredApplicationIsNeverMoved) {
 }
 
 TEST_F(Settings, OneThatIsBrokenSpoilsNoOther) {
-  given(R"({"gap":"wide","outer":10,"disabled":7})");
+  restartTilwinWith(R"({"gap":"wide","outer":10,"disabled":7})");
   const TestWindow window = session().window();
   focusAtStart(window.id());
   press(leftHalfKeys);
@@ -130,7 +120,7 @@ TEST_F(Settings, OneThatIsBrokenSpoilsNoOther) {
 }
 
 TEST_F(Settings, ThatCannotBeReadCountAsNoneAndAreLeftAsTheyAre) {
-  given(R"({"gap":64,"outer":)");
+  restartTilwinWith(R"({"gap":64,"outer":)");
   const std::string before = fileText();
   EXPECT_TRUE(serves());
   endTilwin();
@@ -141,7 +131,7 @@ TEST_F(Settings, ThatCannotBeReadCountAsNoneAndAreLeftAsTheyAre) {
 TEST_F(Settings, WithoutAFileAreTheDefaultsAndNoFileIsMade) {
   restartTilwin();
   EXPECT_TRUE(serves());
-  EXPECT_FALSE(std::filesystem::exists(folder()));
+  EXPECT_FALSE(std::filesystem::exists(settingsFolder()));
 }
 
 }  // namespace tilwin::desktop

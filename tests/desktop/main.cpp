@@ -10,7 +10,9 @@
 namespace {
 
 [[noreturn]] void usage() {
-  std::fputs("usage: desktop-tests --tilwin PROGRAM --window-manager openbox|xfwm4|metacity\n", stderr);
+  std::fputs(
+      "to be given: --tilwin PROGRAM --window-manager openbox|xfwm4|metacity|kwin [--pictures FOLDER]\n",
+      stderr);
   std::exit(2);
 }
 
@@ -28,6 +30,8 @@ int main(int argc, char** argv) {
       const auto manager = tilwin::desktop::managerNamed(argv[index + 1]);
       if (!manager) usage();
       arguments.manager = *manager;
+    } else if (option == "--pictures") {
+      arguments.pictures = std::filesystem::absolute(argv[index + 1]);
     } else {
       usage();
     }
