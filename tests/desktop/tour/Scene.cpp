@@ -11,7 +11,7 @@ namespace {
 
 using Row = std::array<std::string, 7>;
 
-const Row heading{"shortcut", "action", "window", "frame expected", "frame seen", "ms", ""};
+const Row heading{"by", "action", "window", "frame expected", "frame seen", "ms", ""};
 
 std::string frameText(const Rect& frame) {
   std::array<char, 64> text{};
@@ -26,7 +26,7 @@ std::string timeText(double milliseconds) {
 }
 
 Row rowOf(const Scene& scene) {
-  return {scene.shortcut,
+  return {scene.by,
           scene.action,
           scene.application,
           frameText(scene.expected),

@@ -7,14 +7,14 @@
 
 namespace tilwin::desktop {
 
-/// One shortcut played on a real window, and what came of it.
+/// One shortcut or drag played on a real window, and what came of it.
 struct Scene {
-  std::string shortcut;
-  std::string action;
-  std::string application;
-  Rect expected;
-  Rect seen;
-  double milliseconds = 0;  ///< from the press to the window standing where it stays
+  std::string by = {};  ///< the shortcut as menus show it, or that it was dragged
+  std::string action = {};
+  std::string application = {};
+  Rect expected = {};
+  Rect seen = {};
+  double milliseconds = 0;  ///< from the press, or from letting go, to the window standing where it stays
   bool right = false;
 };
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/desktop/DragZones.h"
 #include "tests/desktop/harness/RealApplication.h"
 #include "tests/desktop/harness/Session.h"
 #include "tests/desktop/tour/Scene.h"
@@ -28,8 +29,14 @@ public:
   /// Gives the window the focus and the frame, so that the next scene starts from there.
   void set(const RealApplication& application, const Rect& frame);
   void play(const RealApplication& application, const Cue& cue);
+  /// Drags the window by its title bar; one picture just before it is let go, with the preview, and one
+  /// after.
+  void drag(const RealApplication& application, const DragExample& example);
 
 private:
+  /// Waits for the window to stand right since that moment, and keeps the scene with its picture.
+  void keep(const RealApplication& application, Scene scene, Clock::time_point since);
+  [[nodiscard]] bool previews(const Rect& frame);
   [[nodiscard]] bool isRight(WindowId window, const Rect& expected);
 
   Session& session_;

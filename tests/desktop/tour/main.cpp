@@ -1,5 +1,6 @@
 // Shows the finished program at work: every default shortcut pressed on real windows of a private desktop,
-// each frame held against what was meant, each scene kept as a picture.
+// and windows dragged to every edge and corner, each frame held against what was meant, each scene kept as a
+// picture.
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,7 @@
 #include "tests/desktop/DefaultShortcuts.h"
 #include "tests/desktop/TilwinProcess.h"
 #include "tests/desktop/harness/ExitGuard.h"
+#include "tests/desktop/harness/HarnessError.h"
 #include "tests/desktop/tour/Stage.h"
 
 namespace {
@@ -70,12 +72,32 @@ bool playTwoDisplays(const Arguments& arguments, std::vector<Scene>& scenes) {
   return true;
 }
 
+/// On a composited desktop, where the preview lets through what is below it.
+void playDrags(const Arguments& arguments, std::vector<Scene>& scenes) {
+  Session session;
+  paintBackground(session);
+  const ChildProcess compositor =
+      session.start("picom", {"picom", "--backend", "xrender", "--config", "/dev/null"});
+  if (!session.desktop().waitUntil([&] { return session.desktop().composited(); }, startTimeout)) {
+    throw HarnessError("the compositor does not start");
+  }
+  const TilwinProcess program(session, arguments.tilwin);
+  const std::array applications{session.open(Application::gtkHeaderBar), session.open(Application::qt)};
+  Stage stage(session, arguments.output, scenes);
+  for (std::size_t index = 0; index < oneDisplayDrags.size(); ++index) {
+    const auto& application = applications[index % applications.size()];
+    stage.set(application, startFrame);
+    stage.drag(application, oneDisplayDrags[index]);
+  }
+}
+
 int playAll(const Arguments& arguments) {
   std::filesystem::remove_all(arguments.output);
   std::filesystem::create_directories(arguments.output);
   std::vector<Scene> scenes;
   playOneDisplay(arguments, scenes);
   playTwoDisplays(arguments, scenes);
+  playDrags(arguments, scenes);
   std::fputs("\r\033[K", stderr);
   std::printf("%s\nPictures: %s\n%s\n", tableOf(scenes).c_str(), arguments.output.c_str(),
               summaryOf(scenes).c_str());
