@@ -17,6 +17,8 @@ namespace {
 /// Longer than any toolkit or manager here waits for a second click (500 ms).
 constexpr Milliseconds doubleClickTime{520};
 constexpr Milliseconds lastMoves{40};
+/// A hand that has just pressed does not move within the millisecond.
+constexpr Milliseconds firstMove{30};
 
 void fake(XConnection& connection, std::uint8_t type, std::uint8_t detail, PixelPoint at = {}) {
   xcb_test_fake_input(connection.get(), type, detail, XCB_CURRENT_TIME, connection.root(),
@@ -158,6 +160,7 @@ void Input::takeHold(PixelPoint at, int button) {
   std::this_thread::sleep_until(lastButtonDown_ + doubleClickTime);
   movePointer(at);
   buttonDown(button);
+  std::this_thread::sleep_for(firstMove);
 }
 
 void Input::comeToRest(PixelPoint at) {
