@@ -3,6 +3,7 @@
 import sys
 from random import Random
 
+from half_hour_script import half_hour_lines
 from lesson_cases import lesson_lines
 from neighbour_cases import neighbour_lines
 from recording_cases import recording_lines
@@ -15,6 +16,7 @@ KINDS = {
     "neighbours": neighbour_lines,
     "recordings": recording_lines,
     "summaries": summary_lines,
+    "halfhours": half_hour_lines,
 }
 
 
