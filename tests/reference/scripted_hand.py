@@ -44,11 +44,14 @@ class Hand:
         self.act("open", window=self.opened, app=app, frame=list(frame))
 
     def press(self, x: float, y: float, window: int | None = None) -> None:
-        """The button goes down; a window under it comes to the front."""
-        if window is not None and self.desktop.focused != window:
-            self.act("focus", window=window)
+        """The button goes down, on a window that comes to the front and stands where it does, or on none."""
         self.act("move", x=x, y=y)
-        self.act("press", x=x, y=y)
+        if window is None:
+            self.act("press", x=x, y=y)
+            return
+        if self.desktop.focused != window:
+            self.act("focus", window=window)
+        self.act("press", x=x, y=y, window=window, standing=list(self.desktop.windows[window].frame))
 
     def path(self, end: tuple[float, float], duration: int) -> list[tuple[float, float]]:
         """Where the mouse is at each of its events on the way to a point, slowing down or not."""
