@@ -84,7 +84,8 @@ class Hand:
             acts = [drag]
             if frame and window in self.desktop.windows:
                 now = [frame.x + dx * stretch[0], frame.y + dy * stretch[1],
-                       max(frame.width + dx * stretch[2], SMALLEST), max(frame.height + dy * stretch[3], SMALLEST)]
+                       max(round(frame.width + dx * stretch[2]), SMALLEST),
+                       max(round(frame.height + dy * stretch[3]), SMALLEST)]
                 acts = [("frame", {"window": window, "frame": now}), drag]
             for kind, details in acts if follows_first else reversed(acts):
                 self.act(kind, **details)
