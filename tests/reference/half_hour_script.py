@@ -45,6 +45,7 @@ class User:
         hand.change(gap=random.choice([0, 8]), outer=random.choice([0, 10]), ignoredApps=[IGNORED])
         for app in [*APPS, IGNORED, *random.sample(APPS, 2)]:
             self.open_window(app)
+        self.wander()
         things = [self.snap_by_drag] * 16 + [self.resize] * 2 + [self.click] * 2 + [self.press_beside, self.shortcut,
                   self.shortcut, self.drag_ignored, self.lose_window, self.call_off, self.change_settings]
         while hand.time < HALF_HOUR:
@@ -100,13 +101,23 @@ class User:
         return True
 
     def hesitate(self, window: int, end: tuple[float, float]) -> None:
-        """Goes on a little, waits, and comes back to the point; once in a while for so long that paths overflow."""
+        """Goes on a little, waits, and comes back to the point."""
         random = self.random
-        for _ in range(random.choice([1, 1, 2, 3] if random.random() < 0.98 else [90])):
+        for _ in range(random.choice([1, 1, 2, 3])):
             near = (end[0] + random.randint(-15, 15), end[1] + random.randint(-15, 15))
             self.hand.pull(window, near, random.randint(20, 200), MOVES)
             self.hand.wait(random.randint(0, 300))
         self.hand.pull(window, end, random.randint(20, 200), MOVES)
+
+    def wander(self) -> None:
+        """Drags a window quickly, then about so slowly and for so long that the beginning of its path is forgotten."""
+        window = self.pick()
+        frame = self.desktop.screens[0].frame
+        if self.drag(window, (frame.x + 100, frame.y + 500), ends=False):
+            for _ in range(75):
+                end = (frame.x + self.random.randint(8, 30), frame.y + self.random.randint(480, 520))
+                self.hand.pull(window, end, 200, MOVES)
+            self.hand.release()
 
     def snap_by_drag(self) -> None:
         """Drags a window somewhere, and does something about it soon after."""
