@@ -96,10 +96,7 @@ class DragWatcher:
             self.note(drag)
         screen = desktop.screen_at(x, y)
         zone = zone_at(x, y, screen.frame, RULES_EDGE, CORNER) if screen else None
-        if zone is None:
-            drag.zone, drag.screen = None, None
-        elif zone != drag.zone:
-            drag.zone, drag.screen = zone, screen
+        drag.zone, drag.screen = zone, screen if zone else None
 
     def released(self, drag: Drag) -> None:
         """Snaps where the last look found a zone, and has the drag recorded."""

@@ -7,7 +7,7 @@ from drag_report import json_line
 from drag_watcher import DragWatcher
 from snapping import Snapping
 
-START = 1_705_309_200_000_000  # 2024-01-15 09:00 UTC, in microseconds
+START = 1_705_312_800_000_000  # 2024-01-15 10:00 UTC, in microseconds
 BOOTED = 3_600_000_000_000  # the uptime at the start, in nanoseconds
 TICK = 1_000  # milliseconds
 MOUSE = ("press", "drag", "release", "cancel")

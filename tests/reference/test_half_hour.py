@@ -116,6 +116,10 @@ class Watching(Played):
         self.act("release")
         self.assertEqual(self.frame(), LEFT_HALF)
 
+    def test_the_same_zone_of_another_display_is_another_zone(self) -> None:
+        self.drag((300, 400), (700, 3), (1800, 3))
+        self.assertEqual(self.frame(), Rect(1440, 0, 800, 600))
+
     def test_off_every_display_nothing_is_recorded(self) -> None:
         self.drag((200, 400), (200, -1))
         self.drag((200, 400), (1500, 600))
