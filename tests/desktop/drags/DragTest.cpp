@@ -24,8 +24,6 @@ std::string describe(const std::optional<Rect>& frame) { return frame ? text(*fr
 
 }  // namespace
 
-void Drags::TearDownTestSuite() { DesktopTest::TearDownTestSuite(); }
-
 void Drags::SetUp() {
   if (std::filesystem::exists(settingsFolder())) {
     endTilwin();

@@ -10,12 +10,7 @@ namespace tilwin::desktop {
 /// Windows of a real desktop dragged by hand, with Tilwin running. A hand holds at most one window; where it
 /// stands when a test begins, and Tilwin's settings, are no matter of the test before.
 class Drags : public DesktopTest {
-public:
-  static void TearDownTestSuite();
-
 protected:
-  static constexpr const char* leftEdge = "leftHalf";
-
   void SetUp() override;
   void TearDown() override;
 
