@@ -73,8 +73,8 @@ std::string summaryOf(const std::vector<Scene>& scenes) {
   const auto right = std::ranges::count(scenes, true, &Scene::right);
   std::string result = std::to_string(right) + " of " + std::to_string(scenes.size()) + " frames right";
   if (times.empty()) return result;
-  return result + "; press or letting go to settled: median " + timeText(times[times.size() / 2]) + " ms, longest " +
-         timeText(times.back()) + " ms";
+  return result + "; press or letting go to settled: median " + timeText(times[times.size() / 2]) +
+         " ms, longest " + timeText(times.back()) + " ms";
 }
 
 }  // namespace tilwin::desktop
