@@ -2,8 +2,6 @@
 
 #include <xcb/shape.h>
 
-#include <algorithm>
-#include <iterator>
 #include <string_view>
 #include <vector>
 
@@ -59,14 +57,15 @@ xcb_rectangle_t onServer(const PixelRect& rect) {
 template <typename Rects>
 std::vector<xcb_rectangle_t> allOnServer(const Rects& rects) {
   std::vector<xcb_rectangle_t> result;
-  std::ranges::transform(rects, std::back_inserter(result), onServer);
+  result.reserve(rects.size());
+  for (const auto& rect : rects) result.push_back(onServer(rect));
   return result;
 }
 
 }  // namespace
 
 OverlayWindow::OverlayWindow(const X11Connection& x, AccentColour accent, Look look)
-    : x_(x), accent_(accent), look_(look), sheetVisual_(XCB_NONE), window_(xcb_generate_id(x.get())) {
+    : x_(x), accent_(accent), look_(look), window_(xcb_generate_id(x.get())) {
   const auto& screen = screenOf(x);
   if (look == Look::translucent) sheetVisual_ = translucentVisual(screen);
   create(screen);

@@ -44,7 +44,7 @@ private:
   const X11Connection& x_;
   AccentColour accent_;
   Look look_;
-  xcb_visualid_t sheetVisual_;  ///< none for an outline
+  xcb_visualid_t sheetVisual_ = XCB_NONE;  ///< none for an outline
   xcb_window_t window_;
   xcb_colormap_t colormap_ = XCB_NONE;
   xcb_gcontext_t brush_ = XCB_NONE;

@@ -88,7 +88,7 @@ OverlaidDesktop& plainDesk() {
 
 class ShownOverlay : public testing::Test {
 protected:
-  ~ShownOverlay() override { desk_.overlay().hide(); }
+  void TearDown() override { desk_.overlay().hide(); }
 
   OverlaidDesktop& desk_ = plainDesk();
 };
@@ -147,13 +147,24 @@ TEST_F(ShownOverlay, TakesNoFocusAndIsInNoListOfWindows) {
   EXPECT_NE(desk_.desktop().clients().back(), desk_.sheetWindow());
 }
 
-TEST_F(ShownOverlay, LetsClicksThroughToTheWindowBelow) {
+TEST_F(ShownOverlay, LetsClicksThroughTheRing) {
   const auto window = desk_.session().window({.area = {150, 120, 300, 200}});
   desk_.show(sheet);
   desk_.session().input().movePointer({300, 240});
   EXPECT_EQ(desk_.underPointer(), desk_.desktop().topLevel(window.id()));
   desk_.session().input().click({300, 240});
   EXPECT_TRUE(window.waitUntil([&] { return !window.recorded().buttons.empty(); }));
+}
+
+TEST_F(ShownOverlay, LetsClicksThroughWhereItIsTranslucent) {
+  auto compositor = desk_.startCompositor();
+  const auto window = desk_.session().window({.area = {150, 120, 300, 200}});
+  desk_.show(sheet);
+  desk_.session().input().movePointer({300, 240});
+  EXPECT_EQ(desk_.underPointer(), desk_.desktop().topLevel(window.id()));
+  desk_.session().input().click({300, 240});
+  EXPECT_TRUE(window.waitUntil([&] { return !window.recorded().buttons.empty(); }));
+  desk_.end(compositor);
 }
 
 TEST_F(ShownOverlay, LetsClicksThroughItsBorder) {

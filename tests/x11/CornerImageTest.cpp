@@ -11,12 +11,12 @@ namespace {
 constexpr AccentColour cornerAccent{0x35, 0x84, 0xe4};
 const RoundedFrame corneredFrame(100, 60, 10, 2);
 
-std::vector<std::uint32_t> cornerPixels(Corner corner, xcb_image_order_t order = XCB_IMAGE_ORDER_LSB_FIRST) {
-  const auto bytes = cornerImage(corneredFrame, cornerAccent, corner, order);
+std::vector<std::uint32_t> cornerPixels(Corner corner) {
+  const auto bytes = cornerImage(corneredFrame, cornerAccent, corner, XCB_IMAGE_ORDER_LSB_FIRST);
   std::vector<std::uint32_t> result;
-  for (std::size_t index = 0; index + 3 < bytes.size(); index += 4) {
-    result.push_back(bytes[index] | bytes[index + 1] << 8U | bytes[index + 2] << 16U |
-                     static_cast<std::uint32_t>(bytes[index + 3]) << 24U);
+  for (std::size_t index = 0; index < bytes.size(); ++index) {
+    if (index % 4 == 0) result.push_back(0);
+    result.back() |= static_cast<std::uint32_t>(bytes[index]) << (8 * (index % 4));
   }
   return result;
 }
