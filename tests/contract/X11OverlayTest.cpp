@@ -209,7 +209,6 @@ TEST_P(CompositedOverlay, IsATranslucentSheetWithABorderAndRoundCorners) {
   OverlaidDesktop desk(GetParam().value_or(Manager::openbox), true);
   std::optional<desktop::ChildProcess> compositor;
   if (!GetParam()) compositor = desk.startCompositor();
-  ASSERT_TRUE(desk.desktop().waitUntil([&] { return desk.desktop().composited(); }));
   desk.overlay().show({0, 0, 200, 200});
   for (const Rect& at : {sheet, Rect{0, 0, 800, 600}, Rect{400, 0, 400, 600}}) {
     desk.overlay().show(at);
