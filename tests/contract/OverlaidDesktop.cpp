@@ -22,7 +22,6 @@ bool isSameColour(const QColor& first, const QColor& second) {
 
 OverlaidDesktop::OverlaidDesktop(desktop::Manager manager, bool compositing)
     : session_({.manager = manager, .setup = {.compositing = compositing}, .screen = screen}) {
-  if (session_.manager().composites()) waitForCompositor();
   setenv("DISPLAY", session_.server().display().c_str(), 1);
   background_.emplace(session_.server().display(),
                       desktop::TestWindowOptions{.area = {0, 0, screen.width, screen.height},
@@ -88,12 +87,8 @@ WindowId OverlaidDesktop::underPointer() {
 desktop::ChildProcess OverlaidDesktop::startCompositor() {
   auto compositor =
       session_.start("picom", {"picom", "--config", "/dev/null", "--backend", "xrender", "--shadow"});
-  waitForCompositor();
-  return compositor;
-}
-
-void OverlaidDesktop::waitForCompositor() {
   EXPECT_TRUE(desktop().waitUntil([this] { return desktop().composited(); }, desktop::startTimeout));
+  return compositor;
 }
 
 void OverlaidDesktop::end(desktop::ChildProcess& compositor) {

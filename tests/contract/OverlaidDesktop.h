@@ -58,7 +58,6 @@ private:
 
   /// The first place that does not look as it should, in words; empty when all do.
   std::string wrong(const std::vector<Spot>& spots);
-  void waitForCompositor();
 
   desktop::Session session_;
   std::optional<desktop::TestWindow> background_;
