@@ -5,16 +5,12 @@
 #include <string>
 
 #include "platform/x11/WindowReader.h"
+#include "tests/contract/SilentLog.h"
 #include "tests/desktop/harness/Session.h"
 
 namespace tilwin::x11 {
 
 namespace {
-
-class SilentLog : public SystemLog {
-public:
-  void write(std::string_view) override {}
-};
 
 /// Which application a window with these properties is said to belong to.
 std::string applicationOf(desktop::TestWindowOptions options) {

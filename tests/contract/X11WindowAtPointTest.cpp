@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include "platform/x11/WindowAtPoint.h"
+#include "tests/contract/SilentLog.h"
+#include "tests/desktop/harness/Session.h"
+
+namespace tilwin::x11 {
+
+namespace {
+
+constexpr Point inBoth{500, 400};
+
+desktop::TestWindowOptions unmanaged(const Rect& area) { return {.area = area, .overrideRedirect = true}; }
+
+/// Windows one upon the other, the later the higher.
+class X11WindowAtPoint : public testing::Test {
+protected:
+  X11WindowAtPoint() { setenv("DISPLAY", session.server().display().c_str(), 1); }
+
+  std::optional<xcb_window_t> under(Point at) {
+    SilentLog log;
+    const X11Connection x(log);
+    return managedWindowAt(x, at);
+  }
+
+  desktop::Session session;
+};
+
+}  // namespace
+
+TEST_F(X11WindowAtPoint, WhatIsUnmanagedIsSeenThrough) {
+  const auto window = session.window({.area = {200, 150, 640, 480}});
+  const auto sheet = session.window(unmanaged({0, 0, 1920, 1080}));
+  EXPECT_EQ(under(inBoth), window.id());
+}
+
+TEST_F(X11WindowAtPoint, OfSeveralBelowTheUppermostCounts) {
+  const auto low = session.window({.area = {200, 150, 640, 480}});
+  const auto high = session.window({.area = {300, 200, 640, 480}});
+  ASSERT_TRUE(session.desktop().activate(high.id()));
+  const auto sheet = session.window(unmanaged({0, 0, 1920, 1080}));
+  EXPECT_EQ(under(inBoth), high.id());
+  EXPECT_EQ(under({220, 400}), low.id());
+}
+
+TEST_F(X11WindowAtPoint, WithNothingManagedThereItIsNone) {
+  const auto window = session.window({.area = {200, 150, 640, 480}});
+  const auto sheet = session.window(unmanaged({0, 0, 1920, 1080}));
+  EXPECT_EQ(under({1500, 900}), std::nullopt);
+}
+
+TEST_F(X11WindowAtPoint, AWindowThatIsNotShownIsNotThere) {
+  const auto away = session.window({.area = {200, 150, 640, 480}});
+  session.desktop().set(away.id(), desktop::WindowState::hidden, true);
+  ASSERT_TRUE(session.desktop().waitUntil([&] { return !session.desktop().viewable(away.id()); }));
+  const auto sheet = session.window(unmanaged({0, 0, 1920, 1080}));
+  EXPECT_EQ(under(inBoth), std::nullopt);
+}
+
+}  // namespace tilwin::x11
