@@ -44,6 +44,21 @@ std::optional<MoveLedger::Request> MoveLedger::correctable(xcb_window_t window, 
   return found->second.request;
 }
 
+bool MoveLedger::mayRepeat(xcb_window_t window) const {
+  const auto found = entries_.find(window);
+  return found != entries_.end() && found->second.request.repeats > 0;
+}
+
+std::optional<MoveLedger::Request> MoveLedger::contested(xcb_window_t window, const Rect& actual,
+                                                         Seconds at) {
+  if (!mayRepeat(window)) return std::nullopt;
+  Entry& entry = entries_.at(window);
+  Request& request = entry.request;
+  if (!entry.isOpen(at) || (actual.x == request.frame.x && actual.y == request.frame.y)) return std::nullopt;
+  --request.repeats;
+  return request;
+}
+
 Rect MoveLedger::reported(xcb_window_t window, const Rect& actual, Seconds at) {
   const auto found = entries_.find(window);
   if (found == entries_.end()) return actual;

@@ -30,6 +30,7 @@ public:
   struct Request {
     Rect frame;
     FrameShape shape;  ///< the shape that the request was worked out with
+    int repeats = 0;   ///< how often it may be made again against somebody who moves the window elsewhere
   };
 
   void asked(xcb_window_t window, const Request& request, Seconds at);
@@ -40,6 +41,11 @@ public:
 
   /// The last request, while a change of shape may still call for another.
   [[nodiscard]] std::optional<Request> correctable(xcb_window_t window, Seconds at) const;
+  /// The request to make once more, when it may be and the window, before the answer was over, turns out to
+  /// stand at another place. Each time uses up one of its repeats.
+  [[nodiscard]] std::optional<Request> contested(xcb_window_t window, const Rect& actual, Seconds at);
+  /// Whether the last request may be made again.
+  [[nodiscard]] bool mayRepeat(xcb_window_t window) const;
   /// What to report for a window that now stands at `actual`.
   [[nodiscard]] Rect reported(xcb_window_t window, const Rect& actual, Seconds at);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <utility>
 
 #include "platform/x11/Property.h"
 #include "platform/x11/WindowAtPoint.h"
@@ -15,6 +16,8 @@ namespace tilwin::x11 {
 namespace {
 
 constexpr MainQueue::Seconds atOnce{0};
+/// More than one manager, and a program that moves its own window, have to say about a window just let go.
+constexpr int repeatsForDropped = 3;
 constexpr std::uint32_t moves = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 constexpr std::array shapeProperties{Atom::netFrameExtents, Atom::gtkFrameExtents, Atom::netWmState};
 
@@ -102,6 +105,7 @@ std::optional<Rect> X11WindowProvider::frame(std::int64_t of) {
 std::optional<WindowInfo> X11WindowProvider::window(Point at) {
   closing_.doNow();
   const auto under = managedWindowAt(x_, at);
+  inHand_ = under.value_or(XCB_WINDOW_NONE);
   if (!under) return std::nullopt;
   const auto read = readWindows(x_, std::span(&*under, 1));
   if (read.empty() || read.front().furniture || isOwn(read.front())) return std::nullopt;
@@ -122,7 +126,9 @@ void X11WindowProvider::move(const WindowSnapshot& snapshot, const Rect& frame) 
   watch(snapshot.window, moves | XCB_EVENT_MASK_PROPERTY_CHANGE);
   requestFrame(x_, snapshot, frame);
   x_.flush();
-  ledger_.asked(snapshot.window, {frame, snapshot.shape}, queue_.uptime());
+  const bool dropped = snapshot.window == std::exchange(inHand_, XCB_WINDOW_NONE);
+  const int repeats = dropped ? repeatsForDropped : 0;
+  ledger_.asked(snapshot.window, {frame, snapshot.shape, repeats}, queue_.uptime());
   lastSeen_.reset();
 }
 
@@ -147,7 +153,19 @@ void X11WindowProvider::shapeMayHaveChanged(const xcb_property_notify_event_t& e
 
 void X11WindowProvider::windowConfigured(xcb_window_t window) {
   if (!watched_.contains(window)) return;
-  if (!ledger_.configured(window, queue_.uptime())) watch(window, XCB_EVENT_MASK_NO_EVENT);
+  if (!ledger_.configured(window, queue_.uptime())) return watch(window, XCB_EVENT_MASK_NO_EVENT);
+  if (ledger_.mayRepeat(window)) insist(window);
+}
+
+/// Whoever moved a window while it was dragged, its manager or its own program, may have one more move under
+/// way when it is let go. The place it was dropped for has the last word.
+void X11WindowProvider::insist(xcb_window_t window) {
+  const auto read = readWindows(x_, std::span(&window, 1));
+  if (read.empty()) return;
+  const auto request = ledger_.contested(window, read.front().frame(), queue_.uptime());
+  if (!request) return;
+  requestFrame(x_, read.front(), request->frame);
+  x_.flush();
 }
 
 /// The request was worked out with the decoration and shadow that the window had; leaving the maximised or

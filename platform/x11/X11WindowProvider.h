@@ -45,6 +45,7 @@ private:
   void propertyChanged(const xcb_property_notify_event_t& event);
   void shapeMayHaveChanged(const xcb_property_notify_event_t& event);
   void windowConfigured(xcb_window_t window);
+  void insist(xcb_window_t window);
   void correctShape(xcb_window_t window);
   void forgetClosedWindows();
   [[nodiscard]] WindowInfo infoFor(const WindowSnapshot& snapshot, std::int64_t zOrder);
@@ -60,6 +61,7 @@ private:
   MoveLedger ledger_;
   std::set<xcb_window_t> watched_;  ///< windows we moved, and hear of
   xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
+  xcb_window_t inHand_ = XCB_WINDOW_NONE;  ///< what was last found under a point
   std::optional<Seen> lastSeen_;
   DeferredWork closing_;
 };

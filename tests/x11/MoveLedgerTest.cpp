@@ -91,4 +91,46 @@ TEST(MoveLedger, ARequestCanBeCorrectedForAShortTimeOnly) {
   EXPECT_FALSE(ledger.correctable(terminal, Seconds(11.1)));
 }
 
+namespace {
+
+/// A window let go at second 10 for half the screen, while others may still be moving it.
+class DroppedWindow : public testing::Test {
+protected:
+  DroppedWindow() { ledger.asked(terminal, {askedFor, {}, 2}, Seconds(10)); }
+
+  MoveLedger ledger;
+};
+
+}  // namespace
+
+TEST_F(DroppedWindow, IsAskedForAgainWhenItStandsElsewhere) {
+  ASSERT_TRUE(ledger.configured(terminal, Seconds(10.02)));
+  const auto request = ledger.contested(terminal, elsewhere, Seconds(10.02));
+  ASSERT_TRUE(request);
+  EXPECT_EQ(request->frame, askedFor);
+}
+
+TEST_F(DroppedWindow, IsNotAskedForAgainWhenOnlyItsSizeDiffers) {
+  EXPECT_FALSE(ledger.contested(terminal, roundedToCells, Seconds(10.02)));
+  EXPECT_FALSE(ledger.contested(terminal, askedFor, Seconds(10.02)));
+}
+
+TEST_F(DroppedWindow, IsLeftToTheOtherAfterSoManyTimes) {
+  EXPECT_TRUE(ledger.contested(terminal, elsewhere, Seconds(10.01)));
+  EXPECT_TRUE(ledger.contested(terminal, elsewhere, Seconds(10.02)));
+  EXPECT_FALSE(ledger.mayRepeat(terminal));
+  EXPECT_FALSE(ledger.contested(terminal, elsewhere, Seconds(10.03)));
+}
+
+TEST_F(DroppedWindow, IsSomebodyElsesOnceTheAnswerIsOver) {
+  ASSERT_TRUE(ledger.configured(terminal, Seconds(10.01)));
+  EXPECT_FALSE(ledger.contested(terminal, elsewhere, Seconds(10.2)));
+}
+
+TEST_F(AnsweredMove, AWindowThatWasNotDroppedIsNeverAskedForAgain) {
+  EXPECT_FALSE(ledger.mayRepeat(terminal));
+  EXPECT_FALSE(ledger.contested(terminal, elsewhere, Seconds(10.02)));
+  EXPECT_FALSE(ledger.contested(terminal + 1, elsewhere, Seconds(10.02)));
+}
+
 }  // namespace tilwin::x11

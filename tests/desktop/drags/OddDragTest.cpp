@@ -47,6 +47,21 @@ TEST_F(Drags, AWindowThatMovesItselfUnderAHeldButtonIsSnapped) {
   EXPECT_TRUE(staysAt(window.id(), leftHalf));
 }
 
+TEST_F(Drags, AWindowWhoseProgramMovesItOnceMoreWhenItIsLetGoStaysSnapped) {
+  TestWindow window = session().window();
+  for (const int delay : {0, 5, 30}) {
+    focusAtStart(window.id());
+    hold(window.id());
+    moveTo(atLeftEdge);
+    EXPECT_TRUE(previews(leftHalf));
+    letGo();
+    desktop().waitUntil([] { return false; }, Milliseconds{delay});
+    window.moveTo({300, 200});
+    EXPECT_TRUE(staysAt(window.id(), leftHalf)) << "moved after " << delay << " ms";
+    press(restoreKeys);
+  }
+}
+
 TEST_F(Drags, ALeftHandedPersonDragsWithTheThirdButtonAndNotWithTheFirst) {
   const TestWindow window = session().window();
   hand().setLeftHanded(true);

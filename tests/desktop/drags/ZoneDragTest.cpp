@@ -51,6 +51,17 @@ TEST_F(Drags, ThePreviewGoesFromZoneToZoneAndAwayBetweenThem) {
   EXPECT_TRUE(staysAt(window.id(), {1560, 540, 360, 540}));
 }
 
+TEST_F(Drags, ASnapHoldsWhileTheManagerIsStillBusyWithTheMoves) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  hold(window.id());
+  moveTo(atLeftEdge);
+  EXPECT_TRUE(previews(leftHalf));
+  for (int move = 1; move <= 300; ++move) hand().movePointer({move % 4, 540 + move % 50});
+  letGo();
+  EXPECT_TRUE(staysAt(window.id(), leftHalf));
+}
+
 TEST_F(Drags, AWindowIsLaidWithinTheMarginThatIsSet) {
   restartTilwinWith(R"({"gap":8,"outer":10})");
   const TestWindow window = session().window();
