@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/x11/X11Overlay.h"
+#include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 
 namespace tilwin::x11 {
@@ -51,11 +52,6 @@ public:
   void end(desktop::ChildProcess& compositor);
 
 private:
-  class FailingLog : public SystemLog {
-  public:
-    void write(std::string_view line) override { ADD_FAILURE() << "logged: " << line; }
-  };
-
   /// The first place that does not look as it should, in words; empty when all do.
   std::string wrong(const std::vector<Spot>& spots);
 

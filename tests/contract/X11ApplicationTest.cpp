@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/x11/WindowReader.h"
-#include "tests/contract/SilentLog.h"
+#include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 
 namespace tilwin::x11 {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/x11/WindowAtPoint.h"
-#include "tests/contract/SilentLog.h"
+#include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 
 namespace tilwin::x11 {

@@ -12,6 +12,7 @@
 #include "platform/x11/X11HotKeys.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11WindowProvider.h"
+#include "tests/contract/TestLogs.h"
 #include "tests/contract/World.h"
 #include "tests/desktop/harness/GrabbedKey.h"
 #include "tests/desktop/harness/Session.h"
@@ -32,11 +33,6 @@ desktop::Session& session() {
   static desktop::Session shared;
   return shared;
 }
-
-class TestLog : public SystemLog {
-public:
-  void write(std::string_view line) override { ADD_FAILURE() << "logged: " << line; }
-};
 
 /// The keys of a combination by name, the last one by its position on the keyboard.
 std::vector<std::string> keysOf(const HotKeySpec& spec) {
@@ -159,7 +155,7 @@ private:
     loop.exec();
   }
 
-  TestLog log_;
+  FailingLog log_;
   qt::QtMainQueue queue_;
   x11::X11Connection x_{log_};
   x11::X11HotKeys hotKeys_{x_, queue_, log_};

@@ -12,6 +12,7 @@
 #include "platform/qt/QtMainQueue.h"
 #include "platform/x11/X11WindowProvider.h"
 #include "tests/Printing.h"
+#include "tests/contract/TestLogs.h"
 
 namespace tilwin::desktop {
 
@@ -23,11 +24,6 @@ const std::vector<PluggedDisplay> displays{
 
 /// Longer than anything that a manager still does to a window after its first answer.
 constexpr Milliseconds aftermath{300};
-
-class TestLog : public SystemLog {
-public:
-  void write(std::string_view line) override { ADD_FAILURE() << "logged: " << line; }
-};
 
 /// The farthest that any edge's coordinate or length is off.
 double difference(const Rect& first, const Rect& second) {
@@ -45,10 +41,12 @@ struct LayoutDesktop::Tilwin {
     queue.beforeEachSleep(dispatch);
   }
 
-  TestLog log;
+  FailingLog log;
   qt::QtMainQueue queue;
   x11::X11Connection x{log};
-  std::shared_ptr<x11::X11WindowProvider> provider = std::make_shared<x11::X11WindowProvider>(x, queue);
+  x11::X11Displays displays{x, queue};
+  std::shared_ptr<x11::X11WindowProvider> provider =
+      std::make_shared<x11::X11WindowProvider>(x, displays, queue);
   SnapController controller{provider};
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include "platform/ports/SystemLog.h"
 
 namespace tilwin {
@@ -8,6 +10,12 @@ namespace tilwin {
 class SilentLog : public SystemLog {
 public:
   void write(std::string_view) override {}
+};
+
+/// For tests in which nothing may be logged.
+class FailingLog : public SystemLog {
+public:
+  void write(std::string_view line) override { ADD_FAILURE() << "logged: " << line; }
 };
 
 }  // namespace tilwin
