@@ -12,9 +12,17 @@ constexpr Point there{430, 320};
 
 }  // namespace
 
+std::unique_ptr<PointerMonitor::Token> PointerContract::add(PointerEvent events,
+                                                            PointerMonitor::Handler handler) {
+  auto token = pointer.addGlobal(events, std::move(handler));
+  EXPECT_NE(token, nullptr);
+  // The answer comes after everything that was asked for before: from now on a real desktop tells.
+  (void)pointer.position();
+  return token;
+}
+
 void PointerContract::watch(PointerEvent events) {
-  tokens.push_back(pointer.addGlobal(events, [this](PointerEvent event) { seen.push_back(event); }));
-  ASSERT_NE(tokens.back(), nullptr);
+  tokens.push_back(add(events, [this](PointerEvent event) { seen.push_back(event); }));
 }
 
 testing::AssertionResult PointerContract::received(const std::vector<PointerEvent>& events) {
@@ -26,7 +34,7 @@ testing::AssertionResult PointerContract::received(const std::vector<PointerEven
 /// One more press and release: whatever comes, comes before them.
 void PointerContract::letArrive() {
   int releases = 0;
-  const auto last = pointer.addGlobal(up, [&](PointerEvent) { ++releases; });
+  const auto last = add(up, [&](PointerEvent) { ++releases; });
   world->buttonDown();
   world->buttonUp();
   ASSERT_TRUE(world->settle([&] { return releases == 1; }));
@@ -81,7 +89,7 @@ TEST_P(PointerContract, AMonitorIsToldNoMoreOnceItsTokenIsGone) {
 
 TEST_P(PointerContract, AMonitorMayEndItselfWhileItIsTold) {
   std::unique_ptr<PointerMonitor::Token> token;
-  token = pointer.addGlobal(down, [&](PointerEvent event) {
+  token = add(down, [&](PointerEvent event) {
     seen.push_back(event);
     token.reset();
   });

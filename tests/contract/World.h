@@ -132,6 +132,9 @@ protected:
 
 class PointerContract : public Contract {
 protected:
+  /// Has the handler told of these events, from now on.
+  [[nodiscard]] std::unique_ptr<PointerMonitor::Token> add(PointerEvent events,
+                                                           PointerMonitor::Handler handler);
   /// Keeps note of these events, from now on.
   void watch(PointerEvent events);
   /// Whether exactly these events have come, in this order; waits until there are as many.

@@ -17,7 +17,7 @@ class X11WindowAtPoint : public testing::Test {
 protected:
   X11WindowAtPoint() { setenv("DISPLAY", session.server().display().c_str(), 1); }
 
-  std::optional<xcb_window_t> under(Point at) {
+  static std::optional<xcb_window_t> under(Point at) {
     SilentLog log;
     const X11Connection x(log);
     return managedWindowAt(x, at);

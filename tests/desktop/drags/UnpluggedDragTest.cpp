@@ -27,7 +27,6 @@ TEST(UnpluggedDrags, AWindowHeldInAZoneOfADisplayThatGoesIsNotPutWhereNobodySees
   ASSERT_TRUE(desktop.waitUntil([&] { return preview().has_value(); })) << tilwin.log();
   EXPECT_EQ(desktop.topLevelArea(*preview()), (Rect{2400, 0, 960, 1080}));
   session.server().unplug("DUMMY1");
-  session.input().comeToRest({700, 450});
   EXPECT_TRUE(desktop.waitUntil([&] { return !preview(); }));
   session.input().buttonUp();
   desktop.settle();
