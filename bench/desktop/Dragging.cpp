@@ -16,25 +16,15 @@ using desktop::Milliseconds;
 using desktop::PixelPoint;
 
 constexpr Milliseconds step{8};
-/// Longer than Tilwin looks away after each look, and than two presses that managers take for a double click.
+/// Longer than Tilwin looks away after each look.
 constexpr Milliseconds pause{60};
-constexpr Milliseconds betweenPresses{500};
 constexpr PixelPoint nearTheEdge{60, 500};
 constexpr PixelPoint inTheZone{2, 500};
 
 void rest(Milliseconds time) { std::this_thread::sleep_for(time); }
 
-/// Left of the middle of the title bar, where no manager has a button.
-PixelPoint gripOf(desktop::Session& session, const desktop::TestWindow& window) {
-  const auto frame = session.desktop().frame(window.id()).value_or(Rect());
-  const int titleBar = session.desktop().frameExtents(window.id()).top;
-  return {static_cast<int>(frame.x + frame.width * 0.3), static_cast<int>(frame.y) + titleBar / 2};
-}
-
 void takeHold(desktop::Session& session, const desktop::TestWindow& window) {
-  rest(betweenPresses);
-  session.input().movePointer(gripOf(session, window));
-  session.input().buttonDown();
+  session.input().takeHold(session.desktop().titleBar(window.id()));
   rest(pause);
 }
 
