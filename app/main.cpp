@@ -34,15 +34,15 @@ int runOnDesktop(tilwin::Bundle& bundle) {
   x11::X11HotKeys hotKeys(x, queue, log);
   qt::QtUserDefaults userDefaults(log);
   x11::X11Displays displays(x, queue);
-  x11::X11Pointer pointer(x);
+  x11::X11Pointer pointer(x, queue);
   x11::X11Overlay overlay(x, accent);
   x11::X11Trust trust;
   const auto windows = std::make_shared<x11::X11WindowProvider>(x, displays, queue);
+  pointer.beforeEachLook([&windows] { windows->prepareFrame(); });
   Platform platform{queue, log, hotKeys, userDefaults, windows, pointer, overlay, trust, displays, bundle};
 
-  const auto dispatch = [&x] { x.dispatch(); };
-  queue.watch(x.fileDescriptor(), dispatch);
-  queue.beforeEachSleep(dispatch);
+  queue.watch(x.fileDescriptor(), [&x] { x.dispatch(); });
+  queue.beforeEachSleep([&x] { x.dispatchQueued(); });
   x.onLost([&] {
     log.write("Tilwin: the X server has gone");
     queue.stop(0);

@@ -90,7 +90,7 @@ Latencies timesToPreview(desktop::Session& session, const desktop::TestWindow& w
   takeHold(session, window);
   Latencies result;
   for (; count > 0; --count) {
-    session.input().glide(nearTheEdge, 4, step);
+    session.input().comeToRest(nearTheEdge);
     rest(pause);
     const auto begun = Clock::now();
     session.input().movePointer(inTheZone);
@@ -100,6 +100,7 @@ Latencies timesToPreview(desktop::Session& session, const desktop::TestWindow& w
   session.input().movePointer({960, 500});
   rest(pause);
   session.input().buttonUp();
+  session.desktop().settle();
   return result;
 }
 

@@ -69,6 +69,7 @@ void printDragCosts(desktop::Session& session, const desktop::TestWindow& window
   std::printf("  Dragging for 10 s: Tilwin %.2f %% of a processor, %s %.2f %%: %.1f %% of it\n\n",
               cost.tilwin * 100, session.manager().traits().name, cost.manager * 100,
               cost.tilwin / cost.manager * 100);
+  std::fflush(stdout);
 }
 
 void compareUnder(desktop::Manager manager, const Arguments& arguments) {

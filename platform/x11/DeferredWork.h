@@ -24,6 +24,9 @@ public:
     queue_.postAfter(delay_, [this] { doNow(); });
   }
 
+  /// Whether it waits to be done.
+  [[nodiscard]] bool isNeeded() const { return needed_; }
+
   /// Does the work if it is still to be done.
   void doNow() {
     if (std::exchange(needed_, false)) work_();

@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/x11/Property.h"
-#include "platform/x11/Reply.h"
-
 namespace tilwin::x11 {
 
 namespace {
@@ -22,34 +19,6 @@ std::string classOf(const std::string& property) {
   const auto instanceEnd = property.find('\0');
   return instanceEnd == std::string::npos ? std::string() : untilZero(property.substr(instanceEnd + 1));
 }
-
-/// Where a window stands and what is drawn around it.
-class PlaceQuestions {
-public:
-  PlaceQuestions(const X11Connection& x, xcb_window_t window)
-      : geometry_(x.get(), xcb_get_geometry(x.get(), window)),
-        origin_(x.get(), xcb_translate_coordinates(x.get(), window, x.root(), 0, 0)),
-        frameExtents_(x.get(), window, x.atom(Atom::netFrameExtents)),
-        shadow_(x.get(), window, x.atom(Atom::gtkFrameExtents)) {}
-
-  /// Fills in the client area and the shape; false when the window is gone.
-  bool answer(Rect& client, FrameShape& shape) {
-    const auto geometry = geometry_.collect();
-    const auto origin = origin_.collect();
-    if (!geometry || !origin) return false;
-    client = {static_cast<double>(origin->dst_x), static_cast<double>(origin->dst_y),
-              static_cast<double>(geometry->width), static_cast<double>(geometry->height)};
-    shape.decoration = Margins::fromProperty(frameExtents_.numbers());
-    shape.shadow = Margins::fromProperty(shadow_.numbers());
-    return true;
-  }
-
-private:
-  Pending<xcb_get_geometry_reply> geometry_;
-  Pending<xcb_translate_coordinates_reply> origin_;
-  PropertyRequest frameExtents_;
-  PropertyRequest shadow_;
-};
 
 /// Everything asked about one window; the replies are collected only after all windows have been asked about.
 class Questions {
@@ -123,6 +92,29 @@ private:
 
 }  // namespace
 
+PlaceQuestions::PlaceQuestions(const X11Connection& x, xcb_window_t window)
+    : geometry_(x.get(), xcb_get_geometry(x.get(), window)),
+      origin_(x.get(), xcb_translate_coordinates(x.get(), window, x.root(), 0, 0)),
+      frameExtents_(x.get(), window, x.atom(Atom::netFrameExtents)),
+      shadow_(x.get(), window, x.atom(Atom::gtkFrameExtents)) {}
+
+bool PlaceQuestions::answer(Rect& client, FrameShape& shape) {
+  const auto geometry = geometry_.collect();
+  const auto origin = origin_.collect();
+  if (!geometry || !origin) return false;
+  client = {static_cast<double>(origin->dst_x), static_cast<double>(origin->dst_y),
+            static_cast<double>(geometry->width), static_cast<double>(geometry->height)};
+  shape.decoration = Margins::fromProperty(frameExtents_.numbers());
+  shape.shadow = Margins::fromProperty(shadow_.numbers());
+  return true;
+}
+
+std::optional<Rect> PlaceQuestions::frame() {
+  Rect client;
+  FrameShape shape;
+  return answer(client, shape) ? std::optional(shape.frameOfClient(client)) : std::nullopt;
+}
+
 std::vector<WindowSnapshot> readWindows(const X11Connection& x, std::span<const xcb_window_t> windows) {
   std::vector<Questions> asked;
   asked.reserve(windows.size());
@@ -133,13 +125,6 @@ std::vector<WindowSnapshot> readWindows(const X11Connection& x, std::span<const 
     if (auto snapshot = questions.answers()) result.push_back(std::move(*snapshot));
   }
   return result;
-}
-
-std::optional<Rect> readFrame(const X11Connection& x, xcb_window_t window) {
-  Rect client;
-  FrameShape shape;
-  if (!PlaceQuestions(x, window).answer(client, shape)) return std::nullopt;
-  return shape.frameOfClient(client);
 }
 
 std::optional<WindowSnapshot> readActiveWindow(const X11Connection& x, xcb_window_t expected) {

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "platform/x11/Margins.h"
+#include "platform/x11/Property.h"
+#include "platform/x11/Reply.h"
 #include "platform/x11/X11Connection.h"
 
 namespace tilwin::x11 {
@@ -33,8 +35,22 @@ struct WindowSnapshot {
 [[nodiscard]] std::vector<WindowSnapshot> readWindows(const X11Connection& x,
                                                       std::span<const xcb_window_t> windows);
 
-/// Where the window stands, in one round trip and asking for nothing else; nothing when it is gone.
-[[nodiscard]] std::optional<Rect> readFrame(const X11Connection& x, xcb_window_t window);
+/// Where a window stands and what is drawn around it: asked for when made, read when needed.
+class PlaceQuestions {
+public:
+  PlaceQuestions(const X11Connection& x, xcb_window_t window);
+
+  /// The client area and the shape; false when the window is gone, or when they have been read before.
+  [[nodiscard]] bool answer(Rect& client, FrameShape& shape);
+  /// What these two make; nothing in the same cases.
+  [[nodiscard]] std::optional<Rect> frame();
+
+private:
+  Pending<xcb_get_geometry_reply> geometry_;
+  Pending<xcb_translate_coordinates_reply> origin_;
+  PropertyRequest frameExtents_;
+  PropertyRequest shadow_;
+};
 
 /// The focused window, in one round trip when it is still `expected` and two when it is not. Nothing when no
 /// window has the focus. Source: EWMH, _NET_ACTIVE_WINDOW.

@@ -61,15 +61,24 @@ void X11Connection::onEvent(std::uint8_t responseType, EventHandler handler) {
 }
 
 void X11Connection::dispatch() {
-  while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(get())}) {
-    ++generation_;
-    if (event->response_type == 0) {
-      noteError(reinterpret_cast<const xcb_generic_error_t&>(*event));
-    } else {
-      deliver(*event);
-    }
-  }
+  take(xcb_poll_for_event(get()));
+  dispatchQueued();
+}
+
+void X11Connection::dispatchQueued() {
+  while (auto* event = xcb_poll_for_queued_event(get())) take(event);
   if (xcb_connection_has_error(get()) != 0 && lost_) std::exchange(lost_, nullptr)();
+}
+
+void X11Connection::take(xcb_generic_event_t* taken) {
+  const Reply<xcb_generic_event_t> event(taken);
+  if (!event) return;
+  ++generation_;
+  if (event->response_type == 0) {
+    noteError(reinterpret_cast<const xcb_generic_error_t&>(*event));
+  } else {
+    deliver(*event);
+  }
 }
 
 void X11Connection::deliver(const xcb_generic_event_t& event) {

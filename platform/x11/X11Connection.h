@@ -23,7 +23,7 @@ public:
 };
 
 /// The one connection to the X server, its atoms, and the events that come in. Nothing here polls: the main
-/// loop watches `fileDescriptor` and calls `dispatch` when it is readable and before it sleeps.
+/// loop watches `fileDescriptor`, calls `dispatch` when it is readable and `dispatchQueued` before it sleeps.
 ///
 /// Errors of requests on windows that have vanished are ordinary and dropped; any other asynchronous error
 /// is logged once for its kind.
@@ -50,10 +50,13 @@ public:
   /// Told once, from `dispatch`, when the server has gone.
   void onLost(std::function<void()> handler) { lost_ = std::move(handler); }
 
-  /// Delivers every event that has arrived, without waiting for more.
+  /// Reads what has arrived and delivers it. What a busy server sends beyond one reading keeps the descriptor
+  /// readable.
   void dispatch();
+  /// Delivers what came along with replies, without asking the system for more.
+  void dispatchQueued();
   void flush() const { xcb_flush(get()); }
-  /// Grows with every `dispatch` that delivered something: what was read under another number may be stale.
+  /// Grows with everything that is delivered: what was read under another number may be stale.
   [[nodiscard]] std::uint64_t generation() const { return generation_; }
 
 private:
@@ -68,6 +71,7 @@ private:
 
   X11Connection(SystemLog& log, Opened opened);
   static Opened open();
+  void take(xcb_generic_event_t* taken);
   void deliver(const xcb_generic_event_t& event);
   void noteError(const xcb_generic_error_t& error);
 

@@ -64,7 +64,7 @@ X11Displays::X11Displays(X11Connection& x, MainQueue& queue)
   x_.onEvent(XCB_PROPERTY_NOTIFY, [this](const xcb_generic_event_t& event) {
     propertyChanged(reinterpret_cast<const xcb_property_notify_event_t&>(event));
   });
-  refresh();
+  displays_ = read().value_or(displays_);
 }
 
 const std::vector<DisplayInfo>& X11Displays::current() {
@@ -82,19 +82,25 @@ void X11Displays::propertyChanged(const xcb_property_notify_event_t& event) {
 }
 
 void X11Displays::refresh() {
+  auto displays = read();
+  if (!displays || *displays == displays_) return;
+  displays_ = *std::move(displays);
+  queue_.post([this] {
+    if (changed_) changed_();
+  });
+}
+
+std::optional<std::vector<DisplayInfo>> X11Displays::read() {
   Pending<xcb_randr_get_monitors_reply> monitors(x_.get(), xcb_randr_get_monitors(x_.get(), x_.root(), 1));
   Pending<xcb_get_geometry_reply> whole(x_.get(), xcb_get_geometry(x_.get(), x_.root()));
   const auto monitorsReply = monitors.collect();
   const auto wholeReply = whole.collect();
-  if (!monitorsReply || !wholeReply) return;
+  if (!monitorsReply || !wholeReply) return std::nullopt;
   auto displays = monitorsIn(*monitorsReply);
   const auto struts =
       readStruts({0, 0, static_cast<double>(wholeReply->width), static_cast<double>(wholeReply->height)});
   for (auto& display : displays) display.visibleFrame = visibleFrame(display.frame, struts);
-  if (displays == std::exchange(displays_, displays)) return;
-  queue_.post([this] {
-    if (changed_) changed_();
-  });
+  return displays;
 }
 
 std::vector<Strut> X11Displays::readStruts(const Rect& desktop) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -27,6 +28,8 @@ public:
 private:
   void propertyChanged(const xcb_property_notify_event_t& event);
   void refresh();
+  /// Nothing when the server does not say.
+  [[nodiscard]] std::optional<std::vector<DisplayInfo>> read();
   [[nodiscard]] std::vector<Strut> readStruts(const Rect& desktop);
 
   X11Connection& x_;

@@ -14,8 +14,11 @@ constexpr xcb_keysym_t escape = 0xff1b;  // XK_Escape
 
 constexpr std::uint32_t buttonEvents =
     XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
-constexpr std::uint32_t dragEvents =
-    buttonEvents | XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS;
+constexpr std::uint32_t heldEvents = buttonEvents | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS;
+constexpr std::uint32_t dragEvents = heldEvents | XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
+
+/// 33 looks a second are as many as anybody takes notice of.
+constexpr MainQueue::Seconds betweenLooks{0.03};
 
 struct EventSelection {
   xcb_input_event_mask_t head;
@@ -34,7 +37,8 @@ bool isEscape(xcb_connection_t* connection, xcb_keycode_t keycode) {
 
 }  // namespace
 
-X11Pointer::X11Pointer(X11Connection& x) : x_(x) {
+X11Pointer::X11Pointer(X11Connection& x, MainQueue& queue)
+    : x_(x), nextLook_(queue, betweenLooks, [this] { lookAgain(); }) {
   x_.onEvent(XCB_GE_GENERIC, [this](const xcb_generic_event_t& event) {
     rawEvent(reinterpret_cast<const xcb_ge_generic_event_t&>(event));
   });
@@ -59,6 +63,7 @@ std::unique_ptr<PointerMonitor::Token> X11Pointer::addCancelled(std::function<vo
 }
 
 Point X11Pointer::position() {
+  if (telling_) return *telling_;
   const auto pointer =
       Pending<xcb_query_pointer_reply>(x_.get(), xcb_query_pointer(x_.get(), x_.root())).collect();
   return pointer ? Point{static_cast<double>(pointer->root_x), static_cast<double>(pointer->root_y)}
@@ -75,8 +80,7 @@ void X11Pointer::rawEvent(const xcb_ge_generic_event_t& event) {
     case XCB_INPUT_RAW_BUTTON_RELEASE:
       return buttonReleased(detail);
     case XCB_INPUT_RAW_MOTION:
-      if (isDown_) tell(PointerEvent::leftMouseDragged);
-      return;
+      return moved();
     case XCB_INPUT_RAW_KEY_PRESS:
       return keyPressed(detail);
     default:
@@ -97,6 +101,37 @@ void X11Pointer::buttonReleased(std::uint32_t button) {
   tell(PointerEvent::leftMouseUp);
 }
 
+void X11Pointer::moved() {
+  if (isDown_ && !nextLook_.isNeeded()) tellMove(look());
+}
+
+/// A pointer that has moved on is told of without waiting for its next step. One that rests is looked at once
+/// more after motion was asked for, so that no step falls between the two.
+void X11Pointer::lookAgain() {
+  if (!isDown_) return;
+  Point at = look();
+  if (at == told_) {
+    ask(dragEvents);
+    at = look();
+  }
+  if (at != told_) tellMove(at);
+}
+
+Point X11Pointer::look() {
+  if (beforeLook_) beforeLook_();
+  return position();
+}
+
+void X11Pointer::tellMove(Point to) {
+  ask(heldEvents);
+  nextLook_.need();
+  told_ = to;
+  telling_ = to;
+  tell(PointerEvent::leftMouseDragged);
+  telling_.reset();
+  x_.flush();
+}
+
 void X11Pointer::keyPressed(std::uint32_t keycode) {
   if (isDown_ && isEscape(x_.get(), static_cast<xcb_keycode_t>(keycode))) cancellations_.tell();
 }
@@ -113,10 +148,15 @@ void X11Pointer::readButtons() {
   buttons_.assign(first, first + xcb_get_pointer_mapping_map_length(mapping.get()));
 }
 
-void X11Pointer::select(std::uint32_t events) const {
+void X11Pointer::select(std::uint32_t events) {
+  ask(events);
+  x_.flush();
+}
+
+void X11Pointer::ask(std::uint32_t events) {
+  if (std::exchange(asked_, events) == events) return;
   const EventSelection selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, events};
   xcb_input_xi_select_events(x_.get(), x_.root(), 1, &selection.head);
-  x_.flush();
 }
 
 void X11Pointer::tell(PointerEvent event) {

@@ -99,7 +99,18 @@ bool X11WindowProvider::setFrame(std::int64_t id, const Rect& frame) {
 
 std::optional<Rect> X11WindowProvider::frame(std::int64_t of) {
   const auto window = ids_.windowOf(of);
-  return window ? readFrame(x_, *window) : std::nullopt;
+  if (!window) return std::nullopt;
+  const bool isPrepared =
+      prepared_ && prepared_->window == *window && prepared_->generation == x_.generation();
+  if (!isPrepared) return PlaceQuestions(x_, *window).frame();
+  const auto frame = prepared_->place.frame();
+  prepared_.reset();
+  return frame;
+}
+
+void X11WindowProvider::prepareFrame() {
+  prepared_.reset();
+  if (inHand_ != XCB_WINDOW_NONE) prepared_.emplace(inHand_, x_.generation(), PlaceQuestions(x_, inHand_));
 }
 
 std::optional<WindowInfo> X11WindowProvider::window(Point at) {

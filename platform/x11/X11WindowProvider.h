@@ -34,11 +34,21 @@ public:
   [[nodiscard]] std::optional<Rect> frame(std::int64_t of) override;
   [[nodiscard]] std::optional<WindowInfo> window(Point at) override;
 
+  /// Asks where the window stands that was last found under a point. Until the next event `frame` then costs
+  /// no round trip of its own, if somebody else waits for one meanwhile.
+  void prepareFrame();
+
 private:
   /// A snapshot is as good as fresh until an event has come in after it.
   struct Seen {
     WindowSnapshot snapshot;
     std::uint64_t generation = 0;
+  };
+
+  struct Prepared {
+    xcb_window_t window = XCB_WINDOW_NONE;
+    std::uint64_t generation = 0;
+    PlaceQuestions place;
   };
 
   void listenToEvents();
@@ -62,6 +72,7 @@ private:
   std::set<xcb_window_t> watched_;  ///< windows we moved, and hear of
   xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
   xcb_window_t inHand_ = XCB_WINDOW_NONE;  ///< what was last found under a point
+  std::optional<Prepared> prepared_;
   std::optional<Seen> lastSeen_;
   DeferredWork closing_;
 };

@@ -1,25 +1,16 @@
-#include "app/AppDelegate.h"
 #include "tests/app/Dragging.h"
+#include "tests/app/RunningProgram.h"
 
 namespace tilwin {
 namespace {
 
 /// The program as a user meets it who drags windows.
-struct AppDelegateDrags : testing::Test {
-  void start() {
-    delegate.emplace(platform);
-    delegate->start();
-  }
-  void change(const TilwinSettings& settings) {
-    delegate->store().settings.set(settings);
-    desktop.time.runDue();
-  }
+struct AppDelegateDrags : RunningProgram {
+  AppDelegateDrags() : RunningProgram("1440x900+0+0,1000x800+1440+0") {}
+
   [[nodiscard]] std::optional<Rect> preview() const { return desktop.sheet.visible(); }
 
-  SimulatedDesktop desktop{"1440x900+0+0,1000x800+1440+0"};
-  Platform platform = desktop.platform();
   MouseUser user{desktop};
-  std::optional<AppDelegate> delegate;
 };
 
 constexpr Rect leftOfAll{0, 0, 720, 900};

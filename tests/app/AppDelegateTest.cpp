@@ -1,6 +1,5 @@
-#include "app/AppDelegate.h"
-
 #include "tests/app/HotKeyCenterFixture.h"
+#include "tests/app/RunningProgram.h"
 
 namespace tilwin {
 namespace {
@@ -11,23 +10,10 @@ constexpr HotKeySpec controlOptionA{0, 6144};
 
 using OwnerSet = HotKeyCenter::OwnerSet;
 
-/// The program on a simulated desktop, and a user at it.
-struct AppDelegateTest : testing::Test {
+/// The program, and a user at it.
+struct AppDelegateTest : RunningProgram {
   AppDelegateTest() { desktop.windows.reserve(1, {.top = 25}); }
 
-  /// The program starts with settings stored earlier.
-  void startWith(const TilwinSettings& settings) {
-    SettingsStore(desktop.userDefaults()).settings.set(settings);
-    start();
-  }
-  void start() {
-    delegate.emplace(platform);
-    delegate->start();
-  }
-  void change(const TilwinSettings& settings) {
-    delegate->store().settings.set(settings);
-    desktop.time.runDue();
-  }
   Rect pressed(const HotKeySpec& keys) {
     desktop.keyboard.press(keys);
     desktop.time.runDue();
@@ -36,10 +22,7 @@ struct AppDelegateTest : testing::Test {
   void putBack() { desktop.windows.moveByHand(window, untouched); }
   std::size_t registered() const { return desktop.keyboard.registrations().size(); }
 
-  SimulatedDesktop desktop;
-  Platform platform = desktop.platform();
   SimulatedWindows::Handle window = desktop.windows.open({.frame = untouched});
-  std::optional<AppDelegate> delegate;
 };
 
 TilwinSettings withArea(const std::optional<HotKeySpec>& shortcut) {

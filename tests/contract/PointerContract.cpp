@@ -100,6 +100,21 @@ TEST_P(PointerContract, AMonitorMayEndItselfWhileItIsTold) {
   EXPECT_TRUE(received({down}));
 }
 
+TEST_P(PointerContract, WhereAFastPointerComesToRestIsTold) {
+  std::vector<Point> told;
+  world->movePointer(here);
+  watch(down);
+  const auto token = add(dragged, [&](PointerEvent) { told.push_back(pointer.position()); });
+  world->buttonDown();
+  ASSERT_TRUE(received({down}));
+  for (double step = 1; step <= 20; ++step) world->movePointer({here.x + 10 * step, here.y});
+  world->movePointer(there);
+  EXPECT_TRUE(world->settle([&] { return !told.empty() && told.back() == there; }));
+  world->movePointer(here);
+  EXPECT_TRUE(world->settle([&] { return told.back() == here; }));
+  world->buttonUp();
+}
+
 TEST_P(PointerContract, ThePositionIsThatOfThePointer) {
   world->movePointer(here);
   EXPECT_EQ(pointer.position(), here);

@@ -58,9 +58,8 @@ std::string chordOf(const HotKeySpec& spec) {
 class X11World : public World {
 public:
   X11World() {
-    const auto dispatch = [this] { x_.dispatch(); };
-    queue_.watch(x_.fileDescriptor(), dispatch);
-    queue_.beforeEachSleep(dispatch);
+    queue_.watch(x_.fileDescriptor(), [this] { x_.dispatch(); });
+    queue_.beforeEachSleep([this] { x_.dispatchQueued(); });
     session().desktop().waitUntil([] { return session().desktop().clients().empty(); });
   }
 
@@ -162,7 +161,7 @@ private:
   x11::X11Displays displays_{x_, queue_};
   std::shared_ptr<x11::X11WindowProvider> provider_ =
       std::make_shared<x11::X11WindowProvider>(x_, displays_, queue_);
-  x11::X11Pointer pointer_{x_};
+  x11::X11Pointer pointer_{x_, queue_};
   std::optional<desktop::TestWindow> panel_;
   std::map<desktop::WindowId, std::unique_ptr<desktop::TestWindow>> windows_;
   std::map<std::string, std::unique_ptr<desktop::GrabbedKey>> heldElsewhere_;

@@ -41,6 +41,12 @@ void Drags::TearDown() {
 
 void Drags::hold(WindowId window, int button) { hand().takeHold(desktop().titleBar(window), button); }
 
+void Drags::dragTo(PixelPoint point, WindowId window) {
+  focusAtStart(window);
+  hold(window);
+  moveTo(point);
+}
+
 std::string Drags::pictureOf(const std::string& name) {
   std::filesystem::create_directories(arguments().pictures);
   return arguments().pictures / (name + ".png");
@@ -80,9 +86,7 @@ testing::AssertionResult Drags::keepsItsSize(WindowId window) {
 
 void Drags::expectSnapAndRestore(WindowId window, const DragExample& example, const std::string& picture) {
   SCOPED_TRACE(example.action);
-  focusAtStart(window);
-  hold(window);
-  moveTo(example.pointer);
+  dragTo(example.pointer, window);
   EXPECT_TRUE(previews(example.frame, picture));
   letGo();
   EXPECT_TRUE(staysAt(window, example.frame));

@@ -19,6 +19,8 @@ protected:
   /// Takes hold of a window by its title bar, with this button.
   static void hold(WindowId window, int button = 1);
   static void moveTo(PixelPoint point) { hand().comeToRest(point); }
+  /// Has the window at `startFrame`, takes hold of it and moves it until the pointer is there.
+  static void dragTo(PixelPoint point, WindowId window);
   static void letGo(int button = 1) { hand().buttonUp(button); }
 
   /// Whether the preview comes up with exactly that frame; a picture is kept of it when it is named.

@@ -4,9 +4,7 @@ namespace tilwin::desktop {
 
 TEST_F(Drags, AWindowClosedWhileItIsDraggedTakesItsPreviewAlong) {
   TestWindow window = session().window();
-  focusAtStart(window.id());
-  hold(window.id());
-  moveTo(atLeftEdge);
+  dragTo(atLeftEdge, window.id());
   EXPECT_TRUE(previews(leftHalf));
   window.destroy();
   ASSERT_TRUE(desktop().waitUntil([&] { return !desktop().frame(window.id()); }));
@@ -20,9 +18,7 @@ TEST_F(Drags, AWindowClosedWhileItIsDraggedTakesItsPreviewAlong) {
 
 TEST_F(Drags, ASecondButtonPressedAndLetGoMeanwhileEndsNothing) {
   const TestWindow window = session().window();
-  focusAtStart(window.id());
-  hold(window.id());
-  moveTo(atLeftEdge);
+  dragTo(atLeftEdge, window.id());
   EXPECT_TRUE(previews(leftHalf));
   hand().buttonDown(3);
   hand().buttonUp(3);

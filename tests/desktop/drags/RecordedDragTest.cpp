@@ -24,9 +24,7 @@ TEST_F(Drags, ADragThatEndsCloseToAnEdgeIsRecordedWhenThatIsSwitchedOn) {
   EXPECT_FALSE(std::filesystem::exists(file)) << "recorded though nobody asked for it";
   restartTilwinWith(R"({"shadowRecording":true})");
   const TestWindow window = session().window();
-  focusAtStart(window.id());
-  hold(window.id());
-  moveTo({10, 540});
+  dragTo({10, 540}, window.id());
   EXPECT_TRUE(previewsNothing());
   letGo();
   EXPECT_TRUE(keepsItsSize(window.id()));

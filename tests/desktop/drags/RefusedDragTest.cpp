@@ -6,9 +6,7 @@ namespace tilwin::desktop {
 
 TEST_F(Drags, AWindowLetGoAwayFromTheEdgesStaysWhereItWasLetGo) {
   const TestWindow window = session().window();
-  focusAtStart(window.id());
-  hold(window.id());
-  moveTo({10, 540});
+  dragTo({10, 540}, window.id());
   EXPECT_TRUE(previewsNothing());
   letGo();
   EXPECT_TRUE(keepsItsSize(window.id()));
@@ -17,9 +15,7 @@ TEST_F(Drags, AWindowLetGoAwayFromTheEdgesStaysWhereItWasLetGo) {
 
 TEST_F(Drags, AWindowDraggedOutOfTheZoneAgainIsNotSnapped) {
   const TestWindow window = session().window();
-  focusAtStart(window.id());
-  hold(window.id());
-  moveTo(atLeftEdge);
+  dragTo(atLeftEdge, window.id());
   EXPECT_TRUE(previews(leftHalf));
   moveTo(inNoZone);
   EXPECT_TRUE(previewsNothing());
@@ -61,9 +57,7 @@ TEST_F(Drags, AWindowOfAnIgnoredApplicationIsNotSnapped) {
   const TestWindow other = session().window();
   EXPECT_TRUE(stillSnaps(other.id()));
   const TestWindow slides = session().window({.className = "Slides"});
-  focusAtStart(slides.id());
-  hold(slides.id());
-  moveTo(atLeftEdge);
+  dragTo(atLeftEdge, slides.id());
   EXPECT_TRUE(previewsNothing());
   letGo();
   EXPECT_TRUE(keepsItsSize(slides.id()));
@@ -72,9 +66,7 @@ TEST_F(Drags, AWindowOfAnIgnoredApplicationIsNotSnapped) {
 TEST_F(Drags, NothingIsSnappedWhenItIsSwitchedOff) {
   restartTilwinWith(R"({"dragToSnap":false})");
   const TestWindow window = session().window();
-  focusAtStart(window.id());
-  hold(window.id());
-  moveTo(atLeftEdge);
+  dragTo(atLeftEdge, window.id());
   EXPECT_TRUE(previewsNothing());
   letGo();
   EXPECT_TRUE(keepsItsSize(window.id()));
@@ -84,9 +76,7 @@ TEST_F(Drags, NothingIsSnappedWhenItIsSwitchedOff) {
 
 TEST_F(Drags, EscapeInAZoneCallsTheDragOff) {
   const TestWindow window = session().window();
-  focusAtStart(window.id());
-  hold(window.id());
-  moveTo(atLeftEdge);
+  dragTo(atLeftEdge, window.id());
   ASSERT_TRUE(previews(leftHalf));
   press("Escape");
   EXPECT_TRUE(desktop().waitForFrame(window.id(), startFrame));

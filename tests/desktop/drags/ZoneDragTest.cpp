@@ -39,9 +39,7 @@ TEST_F(Drags, OnTwoDisplaysTheEdgesAreThoseOfTheDisplayUnderThePointer) {
 TEST_F(Drags, ThePreviewGoesFromZoneToZoneAndAwayBetweenThem) {
   const TwoDisplays displays(session());
   const TestWindow window = session().window();
-  focusAtStart(window.id());
-  hold(window.id());
-  moveTo(atLeftEdge);
+  dragTo(atLeftEdge, window.id());
   EXPECT_TRUE(previews({0, 0, 600, 1080}));
   moveTo(inNoZone);
   EXPECT_TRUE(previewsNothing());
@@ -53,9 +51,7 @@ TEST_F(Drags, ThePreviewGoesFromZoneToZoneAndAwayBetweenThem) {
 
 TEST_F(Drags, ASnapHoldsWhileTheManagerIsStillBusyWithTheMoves) {
   const TestWindow window = session().window();
-  focusAtStart(window.id());
-  hold(window.id());
-  moveTo(atLeftEdge);
+  dragTo(atLeftEdge, window.id());
   EXPECT_TRUE(previews(leftHalf));
   for (int move = 1; move <= 300; ++move) hand().movePointer({move % 4, 540 + move % 50});
   letGo();

@@ -36,9 +36,8 @@ double difference(const Rect& first, const Rect& second) {
 /// The services of the program that place layouts, joined as it joins them.
 struct LayoutDesktop::Tilwin {
   Tilwin() {
-    const auto dispatch = [this] { x.dispatch(); };
-    queue.watch(x.fileDescriptor(), dispatch);
-    queue.beforeEachSleep(dispatch);
+    queue.watch(x.fileDescriptor(), [this] { x.dispatch(); });
+    queue.beforeEachSleep([this] { x.dispatchQueued(); });
   }
 
   FailingLog log;

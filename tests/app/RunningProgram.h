@@ -1,0 +1,36 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string_view>
+
+#include "app/AppDelegate.h"
+#include "platform/simulated/SimulatedDesktop.h"
+
+namespace tilwin {
+
+/// The whole program on a simulated desktop, once it has been started.
+struct RunningProgram : testing::Test {
+  explicit RunningProgram(std::string_view displays = "1440x900+0+0") : desktop(displays) {}
+
+  void start() {
+    delegate.emplace(platform);
+    delegate->start();
+  }
+  /// The program starts with settings stored earlier.
+  void startWith(const TilwinSettings& settings) {
+    SettingsStore(desktop.userDefaults()).settings.set(settings);
+    start();
+  }
+  void change(const TilwinSettings& settings) {
+    delegate->store().settings.set(settings);
+    desktop.time.runDue();
+  }
+
+  SimulatedDesktop desktop;
+  Platform platform = desktop.platform();
+  std::optional<AppDelegate> delegate;
+};
+
+}  // namespace tilwin
