@@ -61,6 +61,20 @@ Mover dragToTheLeft(desktop::Session& session, const desktop::TestWindow& window
   return {"Tilwin, window let go", drag, [&] { input.press("Control+Alt+BackSpace"); }};
 }
 
+Mover letGoAndRequest(desktop::Session& session, const desktop::TestWindow& window, const Mover& request) {
+  auto& input = session.input();
+  const auto drag = [&session, &window, &input, move = request.move] {
+    takeHold(session, window);
+    input.comeToRest(nearTheEdge);
+    rest(pause);
+    const auto begun = Clock::now();
+    input.buttonUp();
+    move();
+    return begun;
+  };
+  return {"floor (let go, one request)", drag, request.putBack};
+}
+
 DragCost costOfDragging(desktop::Session& session, const desktop::TestWindow& window, pid_t tilwin,
                         Milliseconds time) {
   takeHold(session, window);

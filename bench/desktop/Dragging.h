@@ -8,6 +8,11 @@ namespace tilwin::bench {
 /// lets go: the move begins with letting go. Session and window must outlive it.
 [[nodiscard]] Mover dragToTheLeft(desktop::Session& session, const desktop::TestWindow& window);
 
+/// The least that a drag can end with: the window is let go where Tilwin does nothing, and at once one
+/// request is sent for the left half. `request` is that request as a mover.
+[[nodiscard]] Mover letGoAndRequest(desktop::Session& session, const desktop::TestWindow& window,
+                                    const Mover& request);
+
 /// What a window costs while it is dragged about, away from all edges.
 struct DragCost {
   double tilwin = 0;   ///< share of one processor that Tilwin took

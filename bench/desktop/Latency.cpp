@@ -15,7 +15,7 @@ constexpr desktop::Milliseconds quiet{30};
 double timeOf(const Mover& mover, desktop::Session& session, desktop::TestWindow& window) {
   window.forget();
   const auto begun = mover.move();
-  window.waitUntil([&] { return !window.recorded().configures.empty(); });
+  session.desktop().waitForFrame(window.id(), leftHalf);
   window.settle(quiet);
   const auto frame = session.desktop().frame(window.id()).value_or(Rect());
   if (frame != leftHalf) {

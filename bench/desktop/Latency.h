@@ -15,6 +15,8 @@ struct Mover {
   /// Returns the moment the move began: that just before the key went down, or the request was sent.
   std::function<desktop::Clock::time_point()> move;
   std::function<void()> putBack;
+  /// Which of the movers measured with it does the least that can be done in its place.
+  std::size_t floor = 0;
 };
 
 /// Where the window stands before each move: a move changes both its place and its size.

@@ -45,9 +45,9 @@ std::string wmctrlLine(const Rect& frame, const desktop::Extents& extents) {
 }  // namespace
 
 std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindow& window) {
-  std::vector<Mover> result{
-      requests(session, window), keys(session, "Tilwin", "Control+Alt+Left", "Control+Alt+BackSpace"),
-      dragToTheLeft(session, window), keys(session, window, "sxhkd + wmctrl", sxhkdKeys)};
+  std::vector<Mover> result{requests(session, window),
+                            keys(session, "Tilwin", "Control+Alt+Left", "Control+Alt+BackSpace"),
+                            keys(session, window, "sxhkd + wmctrl", sxhkdKeys)};
   const auto& manager = session.manager().traits();
   // openbox has no tiling of its own. The others remember that they tiled a window, and the same key undoes
   // it.
@@ -55,6 +55,9 @@ std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindo
     result.push_back(keys(session, std::string(manager.name) + "'s own keys", desktop::nativeTileLeft,
                           desktop::nativeTileLeft));
   }
+  result.push_back(letGoAndRequest(session, window, result.front()));
+  result.push_back(dragToTheLeft(session, window));
+  result.back().floor = result.size() - 2;
   return result;
 }
 

@@ -7,8 +7,8 @@
 
 namespace tilwin::bench {
 
-/// What is compared on one desktop. The first mover is the floor: one _NET_MOVERESIZE_WINDOW sent by the
-/// benchmark itself, without any key. Session and window must outlive the movers.
+/// What is compared on one desktop. The first mover is the floor of presses: one _NET_MOVERESIZE_WINDOW sent
+/// by the benchmark itself, without any key. Session and window must outlive the movers.
 [[nodiscard]] std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindow& window);
 
 /// Has sxhkd run wmctrl on a key of its own.

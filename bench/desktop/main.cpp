@@ -32,12 +32,12 @@ struct Arguments {
 };
 
 void printTable(const std::vector<Mover>& movers, const std::vector<Latencies>& latencies) {
-  std::printf("  %-22s %8s %8s %8s   %8s %8s %8s\n", "", "median", "p90", "p99", "×floor", "×floor",
+  std::printf("  %-28s %8s %8s %8s   %8s %8s %8s\n", "", "median", "p90", "p99", "×floor", "×floor",
               "×floor");
-  const auto& floor = latencies.front();
   for (std::size_t index = 0; index < movers.size(); ++index) {
     const auto& measured = latencies[index];
-    std::printf("  %-22s %5.2f ms %5.2f ms %5.2f ms  ", movers[index].name.c_str(), measured.percentile(0.5),
+    const auto& floor = latencies[movers[index].floor];
+    std::printf("  %-28s %5.2f ms %5.2f ms %5.2f ms  ", movers[index].name.c_str(), measured.percentile(0.5),
                 measured.percentile(0.9), measured.percentile(0.99));
     for (const double share : {0.5, 0.9, 0.99}) {
       std::printf(" %8.2f", measured.percentile(share) / floor.percentile(share));
