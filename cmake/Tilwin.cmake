@@ -14,7 +14,7 @@ target_compile_options(TilwinBuildRules INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 if(CMAKE_UNITY_BUILD)
   # Joined, a source looks like a header to GCC, and its locals seem to hide the file-local names of its neighbours.
-  # The builds that compile each source on its own give these two warnings where they are due.
+  # The release build and lint, which compile each source on its own, give these two warnings where they are due.
   target_compile_options(TilwinBuildRules INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
 if(TILWIN_SANITIZE)

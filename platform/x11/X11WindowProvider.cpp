@@ -110,7 +110,7 @@ std::optional<Rect> X11WindowProvider::frame(std::int64_t of) {
 
 void X11WindowProvider::prepareFrame() {
   prepared_.reset();
-  if (inHand_ != XCB_WINDOW_NONE) prepared_.emplace(inHand_, x_.generation(), PlaceQuestions(x_, inHand_));
+  if (inHand_ != XCB_WINDOW_NONE) prepared_.emplace(x_, inHand_);
 }
 
 std::optional<WindowInfo> X11WindowProvider::window(Point at) {

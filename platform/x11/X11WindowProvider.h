@@ -46,8 +46,11 @@ private:
   };
 
   struct Prepared {
-    xcb_window_t window = XCB_WINDOW_NONE;
-    std::uint64_t generation = 0;
+    Prepared(const X11Connection& x, xcb_window_t asked)
+        : window(asked), generation(x.generation()), place(x, asked) {}
+
+    xcb_window_t window;
+    std::uint64_t generation;
     PlaceQuestions place;
   };
 

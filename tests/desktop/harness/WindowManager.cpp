@@ -62,8 +62,14 @@ bool WindowManager::managerAnswers() {
   if (!answersUnmapped) xcb_map_window(connection.get(), asker);
   // Not with every event: answering makes events of its own, and each would ask for more of them.
   Clock::time_point next{};
+  const auto isListed = [&] {
+    const auto clients = desktop_.clients();
+    return std::find(clients.begin(), clients.end(), asker) != clients.end();
+  };
   const auto answered = [&] {
-    if (!connection.numbers(asker, "_NET_FRAME_EXTENTS").empty()) return true;
+    const bool framed = !connection.numbers(asker, "_NET_FRAME_EXTENTS").empty();
+    // A mapped one is waited for until it is listed too, lest it be listed when it is forgotten already.
+    if (framed && (answersUnmapped || isListed())) return true;
     if (!answersUnmapped || Clock::now() < next) return false;
     next = Clock::now() + askAgain;
     connection.sendToRoot(asker, "_NET_REQUEST_FRAME_EXTENTS", {0, 0, 0, 0, 0});
@@ -72,11 +78,7 @@ bool WindowManager::managerAnswers() {
   const bool answers = desktop_.waitUntil(answered, startTimeout);
   xcb_destroy_window(connection.get(), asker);
   connection.flush();
-  const auto forgotten = [&] {
-    const auto clients = desktop_.clients();
-    return std::find(clients.begin(), clients.end(), asker) == clients.end();
-  };
-  return answers && desktop_.waitUntil(forgotten);
+  return answers && desktop_.waitUntil([&] { return !isListed(); });
 }
 
 void WindowManager::restart() {
