@@ -53,8 +53,8 @@ def _arguments():
     parser.add_argument("--quick", action="store_true", help="only what compiles nothing: no lint, no headers")
     parser.add_argument("--self-test", action="store_true", help="break every rule in a sample and see it reported")
     parser.add_argument("--root", type=Path, default=Path(__file__).resolve().parents[3])
-    parser.add_argument("--build", type=Path, default=Path("build/debug"),
-                        help="the build folder whose compile database is used (default: build/debug)")
+    parser.add_argument("--build", type=Path, default=Path("build/check"),
+                        help="the build folder whose compile database is used (default: build/check)")
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     return parser.parse_args()
 
