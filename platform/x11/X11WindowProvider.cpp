@@ -100,6 +100,7 @@ bool X11WindowProvider::setFrame(std::int64_t id, const Rect& frame) {
 std::optional<Rect> X11WindowProvider::frame(std::int64_t of) {
   const auto window = ids_.windowOf(of);
   if (!window) return std::nullopt;
+  inHand_ = *window;
   const bool isPrepared =
       prepared_ && prepared_->window == *window && prepared_->generation == x_.generation();
   if (!isPrepared) return PlaceQuestions(x_, *window).frame();
@@ -116,7 +117,7 @@ void X11WindowProvider::prepareFrame() {
 std::optional<WindowInfo> X11WindowProvider::window(Point at) {
   closing_.doNow();
   const auto under = managedWindowAt(x_, at);
-  inHand_ = under.value_or(XCB_WINDOW_NONE);
+  inHand_ = XCB_WINDOW_NONE;
   if (!under) return std::nullopt;
   const auto read = readWindows(x_, std::span(&*under, 1));
   if (read.empty() || read.front().furniture || isOwn(read.front())) return std::nullopt;

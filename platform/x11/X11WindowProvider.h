@@ -34,8 +34,8 @@ public:
   [[nodiscard]] std::optional<Rect> frame(std::int64_t of) override;
   [[nodiscard]] std::optional<WindowInfo> window(Point at) override;
 
-  /// Asks where the window stands that was last found under a point. Until the next event `frame` then costs
-  /// no round trip of its own, if somebody else waits for one meanwhile.
+  /// Asks where the window stands whose `frame` was read last, if since the last press. Until the next event
+  /// `frame` then costs no round trip of its own, if somebody else waits for one meanwhile.
   void prepareFrame();
 
 private:
@@ -74,7 +74,7 @@ private:
   MoveLedger ledger_;
   std::set<xcb_window_t> watched_;  ///< windows we moved, and hear of
   xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
-  xcb_window_t inHand_ = XCB_WINDOW_NONE;  ///< what was last found under a point
+  xcb_window_t inHand_ = XCB_WINDOW_NONE;  ///< what was watched since the last press
   std::optional<Prepared> prepared_;
   std::optional<Seen> lastSeen_;
   DeferredWork closing_;
