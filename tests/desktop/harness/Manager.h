@@ -22,7 +22,8 @@ inline constexpr std::array<Manager, 4> draggingManagers{Manager::openbox, Manag
 struct ManagerSetup {
   /// Its own compositor on or off; as it ships when not given. A manager without one ignores this.
   std::optional<bool> compositing = {};
-  /// Binds its own tile-to-left and tile-to-right to nativeTileLeft and nativeTileRight.
+  /// Binds its own tile-to-left and tile-to-right to nativeTileLeft and nativeTileRight. Not so kwin, whose
+  /// keys are taken by a service that drops a press until the two have met, and shows nobody when they have.
   bool nativeTileKeys = false;
   bool operator==(const ManagerSetup&) const = default;
 };

@@ -142,11 +142,7 @@ library=org.kde.breeze
 theme=Breeze
 )";
 
-constexpr const char* kwinTiling = R"([kwin]
-Window Quick Tile Left=Meta+Left,Meta+Left,Quick Tile Window to the Left
-Window Quick Tile Right=Meta+Right,Meta+Right,Quick Tile Window to the Right
-)";
-constexpr const char* kwinNoTiling = R"([kwin]
+constexpr const char* kwinShortcuts = R"([kwin]
 Window Quick Tile Left=none,Meta+Left,Quick Tile Window to the Left
 Window Quick Tile Right=none,Meta+Right,Quick Tile Window to the Right
 )";
@@ -184,9 +180,9 @@ void configureMetacity(const PrivateHome& home, const ManagerSetup& setup) {
   home.write("config/glib-2.0/settings/keyfile", keys);
 }
 
-void configureKwin(const PrivateHome& home, const ManagerSetup& setup) {
+void configureKwin(const PrivateHome& home, const ManagerSetup&) {
   home.write("config/kwinrc", kwinRc);
-  home.write("config/kglobalshortcutsrc", setup.nativeTileKeys ? kwinTiling : kwinNoTiling);
+  home.write("config/kglobalshortcutsrc", kwinShortcuts);
 }
 
 }  // namespace tilwin::desktop

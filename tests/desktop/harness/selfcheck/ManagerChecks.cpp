@@ -159,8 +159,8 @@ TEST_P(UnderEachManager, AScreenshotShowsTheWindowsWhereTheyStand) {
   EXPECT_GT(colourCount(image), 10);
 }
 
-TEST(NativeTileKeys, TileWithinEachManager) {
-  for (const Manager manager : draggingManagers) {
+TEST(NativeTileKeys, TileWithinEachManagerThatTakesThem) {
+  for (const Manager manager : allManagers) {
     Session session({.manager = manager, .setup = {.nativeTileKeys = true}});
     const TestWindow window(session.server().display());
     ASSERT_TRUE(session.desktop().activate(window.id()));
