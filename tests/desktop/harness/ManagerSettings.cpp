@@ -8,6 +8,7 @@ void replace(std::string& text, const std::string& what, const std::string& with
   text.replace(text.find(what), what.size(), with);
 }
 
+/// As openbox ships, a window held to the screen's edge for 400 ms is taken to the next workspace.
 constexpr const char* openboxRc = R"(<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <resistance><strength>0</strength><screen_edge_strength>0</screen_edge_strength></resistance>
@@ -24,6 +25,7 @@ constexpr const char* openboxRc = R"(<?xml version="1.0" encoding="UTF-8"?>
   <mouse>
     <dragThreshold>1</dragThreshold>
     <doubleClickTime>500</doubleClickTime>
+    <screenEdgeWarpTime>0</screenEdgeWarpTime>
     <context name="Frame">
       <mousebind button="A-Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
       <mousebind button="A-Left" action="Drag"><action name="Move"/></mousebind>

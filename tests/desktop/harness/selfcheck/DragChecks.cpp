@@ -55,6 +55,19 @@ TEST_P(DraggedUnderEachManager, AWindowFollowsItsTitleBarBeforeItIsLetGoAndStays
   EXPECT_TRUE(follows(window.id(), away));
 }
 
+TEST_P(DraggedUnderEachManager, AWindowHeldToTheScreensEdgeStaysOnItsWorkspace) {
+  constexpr Milliseconds longEnough{700};
+  const TestWindow window = session_.window();
+  place(window.id());
+  input_.takeHold(desktop_.titleBar(window.id()));
+  input_.comeToRest({1919, 500});
+  desktop_.waitUntil([] { return false; }, longEnough);
+  EXPECT_TRUE(desktop_.viewable(window.id()));
+  EXPECT_EQ(desktop_.connection().numbers(desktop_.connection().root(), "_NET_CURRENT_DESKTOP"),
+            std::vector<std::uint32_t>{0});
+  input_.buttonUp();
+}
+
 TEST_P(DraggedUnderEachManager, AWindowFollowsTheHeaderBarItDraws) {
   const auto application = session_.open(Application::gtkHeaderBar);
   place(application.window());
