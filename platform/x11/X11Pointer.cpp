@@ -17,7 +17,8 @@ constexpr std::uint32_t buttonEvents =
 constexpr std::uint32_t heldEvents = buttonEvents | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS;
 constexpr std::uint32_t dragEvents = heldEvents | XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
 
-/// 33 looks a second are as many as anybody takes notice of.
+/// 33 looks a second are as many as anybody takes notice of. Counted from when a move has been told: who
+/// passes over what comes sooner must not miss where the pointer comes to rest.
 constexpr MainQueue::Seconds betweenLooks{0.03};
 
 struct EventSelection {
@@ -124,11 +125,11 @@ Point X11Pointer::look() {
 
 void X11Pointer::tellMove(Point to) {
   ask(heldEvents);
-  nextLook_.need();
   told_ = to;
   telling_ = to;
   tell(PointerEvent::leftMouseDragged);
   telling_.reset();
+  nextLook_.need();
   x_.flush();
 }
 

@@ -90,6 +90,13 @@ class ShownOverlay : public testing::Test {
 protected:
   void TearDown() override { desk_.overlay().hide(); }
 
+  void expectClicksToReach(const desktop::TestWindow& window, desktop::PixelPoint at) {
+    desk_.session().input().movePointer(at);
+    EXPECT_EQ(desk_.underPointer(), desk_.desktop().topLevel(window.id()));
+    desk_.session().input().click(at);
+    EXPECT_TRUE(window.waitUntil([&] { return !window.recorded().buttons.empty(); }));
+  }
+
   OverlaidDesktop& desk_ = plainDesk();
 };
 
@@ -150,20 +157,14 @@ TEST_F(ShownOverlay, TakesNoFocusAndIsInNoListOfWindows) {
 TEST_F(ShownOverlay, LetsClicksThroughTheRing) {
   const auto window = desk_.session().window({.area = {150, 120, 300, 200}});
   desk_.show(sheet);
-  desk_.session().input().movePointer({300, 240});
-  EXPECT_EQ(desk_.underPointer(), desk_.desktop().topLevel(window.id()));
-  desk_.session().input().click({300, 240});
-  EXPECT_TRUE(window.waitUntil([&] { return !window.recorded().buttons.empty(); }));
+  expectClicksToReach(window, {300, 240});
 }
 
 TEST_F(ShownOverlay, LetsClicksThroughWhereItIsTranslucent) {
   auto compositor = desk_.startCompositor();
   const auto window = desk_.session().window({.area = {150, 120, 300, 200}});
   desk_.show(sheet);
-  desk_.session().input().movePointer({300, 240});
-  EXPECT_EQ(desk_.underPointer(), desk_.desktop().topLevel(window.id()));
-  desk_.session().input().click({300, 240});
-  EXPECT_TRUE(window.waitUntil([&] { return !window.recorded().buttons.empty(); }));
+  expectClicksToReach(window, {300, 240});
   desk_.end(compositor);
 }
 
