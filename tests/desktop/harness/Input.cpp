@@ -19,6 +19,7 @@ constexpr Milliseconds doubleClickTime{520};
 constexpr Milliseconds lastMoves{40};
 /// A hand that has just pressed does not move within the millisecond.
 constexpr Milliseconds firstMove{30};
+constexpr Milliseconds pollTime{1};
 
 void fake(XConnection& connection, std::uint8_t type, std::uint8_t detail, PixelPoint at = {}) {
   xcb_test_fake_input(connection.get(), type, detail, XCB_CURRENT_TIME, connection.root(),
@@ -159,6 +160,11 @@ void Input::glide(PixelPoint to, int steps, Milliseconds step) {
 void Input::takeHold(PixelPoint at, int button) {
   std::this_thread::sleep_until(lastButtonDown_ + doubleClickTime);
   movePointer(at);
+  const auto deadline = Clock::now() + answerTimeout;
+  while (queryPointer(connection_)->child == XCB_NONE) {
+    if (Clock::now() > deadline) throw HarnessError("there is no window to take hold of");
+    std::this_thread::sleep_for(pollTime);
+  }
   buttonDown(button);
   std::this_thread::sleep_for(firstMove);
 }
