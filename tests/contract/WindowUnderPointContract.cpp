@@ -62,13 +62,18 @@ TEST_P(ReportedFrameContract, AWindowThatKeepsToStepsIsDraggedFromWhereItReallyS
   const auto id = focused().id;
   const Rect asked = place(0.1, 0.1, 0.6, 0.6);
   ASSERT_TRUE(provider->setFrame(id, asked));
-  ASSERT_TRUE(world->settle([&] {
-    return focused().frame == asked && std::abs(world->standing(window)->x - asked.x) <= borderSlack;
+  Rect standing;
+  const auto isSeen = [&](const std::optional<Rect>& frame) {
+    return frame && frame->isClose(standing, borderSlack);
+  };
+  EXPECT_TRUE(world->settle([&] {
+    standing = *world->standing(window);
+    const auto pointedAt = provider->window(grip(standing));
+    return std::abs(standing.x - asked.x) <= borderSlack &&
+           std::abs(standing.width - asked.width) <= 37 + borderSlack && focused().frame == asked &&
+           isSeen(provider->frame(id)) && pointedAt && isSeen(pointedAt->frame);
   }));
-  const Rect standing = *world->standing(window);
-  ASSERT_FALSE(standing.isClose(asked, borderSlack));
-  EXPECT_TRUE(provider->frame(id)->isClose(standing, borderSlack));
-  EXPECT_TRUE(provider->window(grip(standing))->frame.isClose(standing, borderSlack));
+  EXPECT_FALSE(standing.isClose(asked, borderSlack)) << "the steps happen to fit this frame and show nothing";
 }
 
 TEST_P(WindowProviderContract, AClosedWindowHasNoFrameAndIsUnderNoPoint) {
