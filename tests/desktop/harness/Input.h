@@ -45,8 +45,9 @@ public:
   void click(PixelPoint at, int button = 1);
   /// Moves in a straight line like a hand: in so many steps, each taking so long.
   void glide(PixelPoint to, int steps = 20, Milliseconds step = Milliseconds{8});
-  /// Points there and presses, as soon as a window is there: kwin lays the strip by which a window without borders
-  /// is resized a moment after the window. Never so soon after another press that the two count as a double click.
+  /// Points there and presses, as soon as a window is there: kwin lays the strip by which a window without
+  /// borders is resized a moment after the window. Never so soon after another press that the two count as a
+  /// double click.
   void takeHold(PixelPoint at, int button = 1);
   /// Glides there and comes to rest as a hand does: the last moves are short ones, with time between them
   /// for a program that looks at the pointer only now and then.
