@@ -4,12 +4,12 @@
 #include <optional>
 #include <string>
 
-#include "app/DragRecording.h"
-#include "app/DragWatcher.h"
-#include "app/HotKeyCenter.h"
-#include "app/HotKeyFingerprint.h"
-#include "app/Published.h"
-#include "app/SettingsStore.h"
+#include "app/drag/DragRecording.h"
+#include "app/drag/DragWatcher.h"
+#include "app/keys/HotKeyCenter.h"
+#include "app/keys/HotKeyFingerprint.h"
+#include "app/settings/Published.h"
+#include "app/settings/SettingsStore.h"
 #include "core/snap/SnapController.h"
 #include "platform/ports/Platform.h"
 

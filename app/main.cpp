@@ -13,13 +13,13 @@
 #include "platform/qt/QtUserDefaults.h"
 #include "platform/qt/StopSignals.h"
 #include "platform/qt/XdgBundle.h"
-#include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Displays.h"
-#include "platform/x11/X11HotKeys.h"
-#include "platform/x11/X11Overlay.h"
-#include "platform/x11/X11Pointer.h"
-#include "platform/x11/X11Trust.h"
-#include "platform/x11/X11WindowProvider.h"
+#include "platform/x11/displays/X11Displays.h"
+#include "platform/x11/input/X11HotKeys.h"
+#include "platform/x11/input/X11Pointer.h"
+#include "platform/x11/overlay/X11Overlay.h"
+#include "platform/x11/windows/X11Trust.h"
+#include "platform/x11/windows/X11WindowProvider.h"
+#include "platform/x11/wire/X11Connection.h"
 
 namespace {
 
@@ -34,11 +34,11 @@ int runOnDesktop(tilwin::Bundle& bundle) {
   x11::X11HotKeys hotKeys(x, queue, log);
   qt::QtUserDefaults userDefaults(log);
   x11::X11Displays displays(x, queue);
-  x11::X11Pointer pointer(x, queue);
+  x11::HeldWindow held(x);
+  x11::X11Pointer pointer(x, held, queue);
   x11::X11Overlay overlay(x, accent);
   x11::X11Trust trust;
-  const auto windows = std::make_shared<x11::X11WindowProvider>(x, displays, queue);
-  pointer.beforeEachLook([&windows] { windows->prepareFrame(); });
+  const auto windows = std::make_shared<x11::X11WindowProvider>(x, displays, held, queue);
   Platform platform{queue, log, hotKeys, userDefaults, windows, pointer, overlay, trust, displays, bundle};
 
   queue.watch(x.fileDescriptor(), [&x] { x.dispatch(); });

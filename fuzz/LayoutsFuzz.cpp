@@ -11,8 +11,8 @@
 #include <variant>
 #include <vector>
 
+#include "core/layouts/LayoutCoding.h"
 #include "core/layouts/LayoutPlanner.h"
-#include "core/layouts/LayoutStoreCoding.h"
 #include "fuzz/Require.h"
 
 namespace tilwin {

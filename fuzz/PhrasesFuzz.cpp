@@ -8,35 +8,20 @@
 #include <vector>
 
 #include "core/layouts/PhraseParser.h"
+#include "core/layouts/PhraseTable.h"
 #include "core/support/UnicodeText.h"
-#include "core/support/Utf8.h"
-#include "core/support/WordBoundary.h"
 #include "fuzz/Require.h"
 
 namespace tilwin {
 namespace {
 
-bool isWordAt(std::string_view text, std::size_t at, std::string_view word) {
-  return text.substr(at).starts_with(word) && WordBoundary::isAt(text, at) &&
-         WordBoundary::isAt(text, at + word.size());
-}
-
-/// How many stretches between separators hold more than white space, counted in one walk.
+/// How many stretches between separators hold more than white space.
 std::size_t countPieces(std::string_view text) {
+  const std::string separated = UnicodeText::replacingMatches(text, PhraseTable::separators, ",") + ",";
   std::size_t pieces = 0;
-  bool isInPiece = false;
-  for (std::size_t at = 0; at < text.size();) {
-    std::size_t size = Utf8::next(text, at).size;
-    const bool isAnd = isWordAt(text, at, "and");
-    const bool isThen = isWordAt(text, at, "then");
-    if (isAnd || isThen || std::string_view(",;|").find(text[at]) != std::string_view::npos) {
-      isInPiece = false;
-      if (isAnd || isThen) size = isAnd ? 3 : 4;
-    } else if (!isInPiece && !UnicodeText::trimmed(text.substr(at, size)).empty()) {
-      isInPiece = true;
-      ++pieces;
-    }
-    at += size;
+  for (std::size_t start = 0; start < separated.size(); start = separated.find(',', start) + 1) {
+    const std::size_t length = separated.find(',', start) - start;
+    if (!UnicodeText::trimmed(std::string_view(separated).substr(start, length)).empty()) ++pieces;
   }
   return pieces;
 }

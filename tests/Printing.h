@@ -5,7 +5,7 @@
 #include "core/geometry/NormalizedRect.h"
 #include "core/geometry/Rect.h"
 #include "core/settings/HotKeySpec.h"
-#include "core/snap/SnapAction.h"
+#include "core/snap/actions/SnapAction.h"
 
 /// How a failed expectation shows values.
 

@@ -4,7 +4,7 @@
 #include "core/drag/DragTrace.h"
 #include "core/drag/NeighbourEdges.h"
 #include "core/geometry/Rect.h"
-#include "core/snap/SnapAction.h"
+#include "core/snap/actions/SnapAction.h"
 
 namespace tilwin {
 

@@ -9,6 +9,7 @@
 
 #include "core/drag/DragFeatures.h"
 #include "core/drag/DragFollowUp.h"
+#include "core/snap/DragZone.h"
 #include "core/support/JsonError.h"
 
 namespace tilwin {
@@ -20,7 +21,7 @@ namespace tilwin {
 struct DragIntentModel {
   /// Points from an edge beyond which the model never snaps: the measure of what counts as near one.
   static constexpr double reach = DragFeatures::nearEdge;
-  static constexpr double todaysEdge = 6;  ///< points from an edge within which the rule snaps
+  static constexpr double todaysEdge = DragZone::edgeDepth;  ///< points within which the rule snaps
   /// The weights to start with. With distances counted in units of the reach they put the probability at
   /// exactly one half where the rule's edge is, so that an untaught model agrees with the rule.
   static constexpr DragFeatures::Vector prior{3, -12, 0, 0, 0, 0, 0};

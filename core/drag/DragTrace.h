@@ -23,7 +23,10 @@ struct DragTrace {
 
   bool operator==(const DragTrace&) const = default;
 
-  void append(const Sample& sample);
+  void append(const Sample& sample) {
+    samples.push_back(sample);
+    if (samples.size() > longest) samples.erase(samples.begin(), samples.begin() + droppedAtOnce);
+  }
 };
 
 }  // namespace tilwin

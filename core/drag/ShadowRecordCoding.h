@@ -5,7 +5,6 @@
 #include <tuple>
 
 #include "core/drag/ShadowRecord.h"
-#include "core/support/DateCoding.h"
 #include "core/support/JsonCoding.h"
 
 namespace tilwin {

@@ -11,7 +11,7 @@
 #include "core/drag/DragFeatures.h"
 #include "core/drag/DragFollowUp.h"
 #include "core/drag/ShadowSink.h"
-#include "core/snap/SnapAction.h"
+#include "core/snap/actions/SnapAction.h"
 #include "core/support/Date.h"
 
 namespace tilwin {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 #include "core/geometry/Rect.h"
 
@@ -16,6 +17,13 @@ struct DisplayInfo {
   bool isPrimary = false;
 
   bool operator==(const DisplayInfo&) const = default;
+};
+
+/// The one ordering of displays wherever a display has an index: by the frame's x, then by its y.
+struct DisplayOrder {
+  [[nodiscard]] static bool precedes(const DisplayInfo& first, const DisplayInfo& second);
+  /// Displays at the same place keep the order they came in.
+  [[nodiscard]] static std::vector<DisplayInfo> sorted(std::vector<DisplayInfo> displays);
 };
 
 }  // namespace tilwin

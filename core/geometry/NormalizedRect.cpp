@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/geometry/Span.h"
+#include "core/geometry/Rect.h"
 
 namespace tilwin {
 namespace {

@@ -12,9 +12,9 @@ bool Rect::isClose(const Rect& to, double tolerance) const {
          std::abs(width - to.width) <= tolerance && std::abs(height - to.height) <= tolerance;
 }
 
-bool Rect::isWithin(double limit) const {
-  return std::abs(x) <= limit && std::abs(y) <= limit && std::abs(maxX()) <= limit &&
-         std::abs(maxY()) <= limit;
+bool Rect::isPlaceable() const {
+  const auto isNear = [](double edge) { return std::abs(edge) <= farthest; };
+  return isNear(x) && isNear(y) && isNear(maxX()) && isNear(maxY());
 }
 
 double Rect::overlapFraction(const Rect& with) const {
@@ -30,6 +30,10 @@ Rect Rect::moved(const Rect& into) const {
   const double newHeight = std::min(height, into.height);
   return {std::min(std::max(x, into.x), into.maxX() - newWidth),
           std::min(std::max(y, into.y), into.maxY() - newHeight), newWidth, newHeight};
+}
+
+Rect Rect::inset(double margin) const {
+  return {x + margin, y + margin, std::max(width - 2 * margin, 1.0), std::max(height - 2 * margin, 1.0)};
 }
 
 Rect Rect::rounded() const { return {std::round(x), std::round(y), std::round(width), std::round(height)}; }

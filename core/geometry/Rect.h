@@ -5,6 +5,31 @@
 
 namespace tilwin {
 
+/// A place in the global desktop space: points, origin at the top-left corner of the primary display, x to
+/// the right and y downward.
+struct Point {
+  double x = 0;
+  double y = 0;
+
+  bool operator==(const Point&) const = default;
+};
+
+/// How large something in the global desktop space is, in points.
+struct Size {
+  double width = 0;
+  double height = 0;
+
+  bool operator==(const Size&) const = default;
+};
+
+/// One axis of a rectangle.
+struct Span {
+  double start = 0;
+  double length = 0;
+
+  bool operator==(const Span&) const = default;
+};
+
 /// A rectangle in the global desktop space: points, origin at the top-left corner of the primary display,
 /// x to the right and y downward.
 struct Rect {
@@ -26,12 +51,16 @@ struct Rect {
   }
   /// Whether each of the four fields differs from the other's by at most `tolerance`.
   [[nodiscard]] bool isClose(const Rect& to, double tolerance) const;
-  /// Whether every edge lies at most `limit` from the origin; never where a field is not a number.
-  [[nodiscard]] bool isWithin(double limit) const;
+  /// Whether a window can be there: every edge lies at most `farthest` from the origin, and no field is NaN
+  /// or infinite. X11 counts places in 16 bits, and no desktop reaches farther.
+  [[nodiscard]] bool isPlaceable() const;
+  static constexpr double farthest = 32767;  ///< points
   /// The share of this rectangle's own area that the other covers, 0 to 1; 0 for an empty rectangle.
   [[nodiscard]] double overlapFraction(const Rect& with) const;
   /// This rectangle shrunk to fit the area if need be, then pushed inside it.
   [[nodiscard]] Rect moved(const Rect& into) const;
+  /// What is left inside a margin of this many points on each side; at least one point each way.
+  [[nodiscard]] Rect inset(double margin) const;
   /// Each field rounded to the nearest whole number, halves away from zero.
   [[nodiscard]] Rect rounded() const;
 };

@@ -24,12 +24,14 @@ public:
   [[nodiscard]] virtual std::optional<WindowInfo> focusedWindow() = 0;
   /// The windows that layouts may act on.
   [[nodiscard]] virtual std::vector<WindowInfo> allWindows() = 0;
-  /// No desktop reaches farther from its origin than this many points.
-  static constexpr double farthest = 32767;
   /// Moves and resizes a window that this provider issued the id of. True when the window was found and the
-  /// move was issued; where it then ends is the window's own affair. A frame that reaches beyond `farthest`,
-  /// or has fields that are not numbers, is refused, so that no window is lost by a slip in a file.
-  virtual bool setFrame(std::int64_t id, const Rect& frame) = 0;
+  /// move was issued; where it then ends is the window's own affair. A frame that is not placeable is
+  /// refused, so that no window is lost by a slip in a file.
+  bool setFrame(std::int64_t id, const Rect& frame) { return frame.isPlaceable() && applyFrame(id, frame); }
+
+protected:
+  /// What `setFrame` does for each desktop; the frame is placeable.
+  virtual bool applyFrame(std::int64_t id, const Rect& frame) = 0;
 };
 
 }  // namespace tilwin

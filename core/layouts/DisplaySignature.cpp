@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "core/geometry/DisplayOrder.h"
+#include "core/geometry/DisplayInfo.h"
 
 namespace tilwin {
 namespace {

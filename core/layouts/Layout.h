@@ -8,7 +8,7 @@
 
 #include "core/geometry/NormalizedRect.h"
 #include "core/layouts/DisplaySignature.h"
-#include "core/snap/GridRegion.h"
+#include "core/snap/actions/GridRegion.h"
 #include "core/support/Date.h"
 #include "core/support/Uuid.h"
 

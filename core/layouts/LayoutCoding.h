@@ -4,10 +4,9 @@
 
 #include "core/geometry/GeometryCoding.h"
 #include "core/layouts/Layout.h"
-#include "core/snap/SnapCoding.h"
-#include "core/support/DateCoding.h"
+#include "core/layouts/LayoutStore.h"
+#include "core/snap/actions/SnapCoding.h"
 #include "core/support/JsonCoding.h"
-#include "core/support/UuidCoding.h"
 
 namespace tilwin {
 
@@ -39,6 +38,12 @@ struct JsonFields<Layout> {
       std::make_tuple(JsonField{"id", &Layout::id}, JsonField{"isAutomatic", &Layout::isAutomatic},
                       JsonField{"name", &Layout::name}, JsonField{"signature", &Layout::signature},
                       JsonField{"slots", &Layout::slots}, JsonField{"updatedAt", &Layout::updatedAt});
+};
+
+/// The layouts file as a whole.
+template <>
+struct JsonFields<LayoutStore> {
+  static constexpr auto table = std::make_tuple(JsonField{"layouts", &LayoutStore::layouts});
 };
 
 }  // namespace tilwin

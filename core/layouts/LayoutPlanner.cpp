@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/geometry/DisplayOrder.h"
+#include "core/geometry/DisplayInfo.h"
 #include "core/layouts/WindowMatcher.h"
 
 namespace tilwin {

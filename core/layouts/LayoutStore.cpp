@@ -5,7 +5,7 @@
 #include <utility>
 #include <variant>
 
-#include "core/layouts/LayoutStoreCoding.h"
+#include "core/layouts/LayoutCoding.h"
 #include "core/support/AtomicFile.h"
 #include "core/support/LocalizedOrder.h"
 

@@ -1,48 +1,17 @@
 #include "core/layouts/PhraseParser.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
-#include <climits>
 #include <cstddef>
-#include <cstdint>
 
 #include "core/layouts/ApplicationNames.h"
 #include "core/layouts/PhraseTable.h"
 #include "core/support/UnicodeText.h"
-#include "core/support/WordBoundary.h"
 
 namespace tilwin {
 namespace {
 
 /// About as large as the default place of a centred window, for what names no cells of a grid.
 constexpr NormalizedRect fallbackTarget{0.175, 0.1, 0.65, 0.8};
-
-bool isSeparatorWordAt(std::string_view text, std::size_t at, std::string_view word) {
-  return text[at] == word.front() && text.substr(at).starts_with(word) && WordBoundary::isAt(text, at) &&
-         WordBoundary::isAt(text, at + word.size());
-}
-
-/// How many bytes a separator takes that begins here; 0 if none does.
-std::size_t separatorSize(std::string_view text, std::size_t at) {
-  const auto& characters = PhraseTable::separatorCharacters;
-  if (std::find(characters.begin(), characters.end(), text[at]) != characters.end()) return 1;
-  for (const std::string_view word : PhraseTable::separatorWords) {
-    if (isSeparatorWordAt(text, at, word)) return word.size();
-  }
-  return 0;
-}
-
-std::string separatorsAsCommas(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t size = separatorSize(text, at);
-    result += size > 0 ? ',' : text[at];
-    at += std::max<std::size_t>(size, 1);
-  }
-  return result;
-}
 
 /// The words of a single-spaced text, in place: without the spaces at its ends.
 std::string_view withoutOuterSpaces(std::string_view text) {
@@ -51,46 +20,21 @@ std::string_view withoutOuterSpaces(std::string_view text) {
   return text;
 }
 
-/// For each byte, the phrases that begin with it: bit n stands for row n of the table.
-using Rows = std::uint64_t;
-static_assert(PhraseTable::phrases.size() <= sizeof(Rows) * CHAR_BIT);
-
-constexpr std::array<Rows, 256> rowsByFirstByte = [] {
-  std::array<Rows, 256> rows{};
-  for (std::size_t row = 0; row < PhraseTable::phrases.size(); ++row) {
-    rows[static_cast<unsigned char>(PhraseTable::phrases[row].phrase.front())] |= Rows{1} << row;
+/// Whether the words stand somewhere in a single-spaced text, as whole words.
+bool hasWords(std::string_view text, std::string_view words) {
+  for (std::size_t at = text.find(words); at != std::string_view::npos; at = text.find(words, at + 1)) {
+    const std::size_t end = at + words.size();
+    if ((at == 0 || text[at - 1] == ' ') && (end == text.size() || text[end] == ' ')) return true;
   }
-  return rows;
-}();
-
-bool beginsWithWords(std::string_view text, std::string_view words) {
-  return text.starts_with(words) && (text.size() == words.size() || text[words.size()] == ' ');
+  return false;
 }
 
-/// The first of these rows whose phrase begins the text.
-std::optional<std::size_t> firstRowBeginning(std::string_view text, Rows rows) {
-  rows &= rowsByFirstByte[static_cast<unsigned char>(text.front())];
-  for (; rows != 0; rows &= rows - 1) {
-    const auto row = static_cast<std::size_t>(std::countr_zero(rows));
-    if (beginsWithWords(text, PhraseTable::phrases[row].phrase)) return row;
-  }
-  return std::nullopt;
-}
-
-/// The first row of the table whose phrase stands in the piece as whole words. One walk over the piece's
-/// words: each phrase found leaves only the rows above its own to look for.
+/// The first row of the table whose phrase stands in the piece; null when none does.
 const PhraseTable::Row* findPhrase(std::string_view piece) {
-  const PhraseTable::Row* best = nullptr;
-  Rows above = ~Rows{0};
-  for (std::string_view rest = piece;;) {
-    if (const auto row = firstRowBeginning(rest, above)) {
-      best = &PhraseTable::phrases[*row];
-      above = (Rows{1} << *row) - 1;
-    }
-    const std::size_t space = rest.find(' ');
-    if (space == std::string_view::npos) return best;
-    rest.remove_prefix(space + 1);
-  }
+  const auto& rows = PhraseTable::phrases;
+  const auto* const found = std::find_if(
+      rows.begin(), rows.end(), [&](const PhraseTable::Row& row) { return hasWords(piece, row.phrase); });
+  return found == rows.end() ? nullptr : found;
 }
 
 std::string withSpacesFor(std::string_view phrase, std::string_view piece) {
@@ -137,7 +81,9 @@ SlotTarget targetOf(SnapAction action) {
 }  // namespace
 
 PhraseParser::Result PhraseParser::parse(std::string_view text) {
-  const std::string sentence = UnicodeText::singleSpaced(separatorsAsCommas(UnicodeText::lowerCased(text)));
+  const std::string separated =
+      UnicodeText::replacingMatches(UnicodeText::lowerCased(text), PhraseTable::separators, ",");
+  const std::string sentence = UnicodeText::singleSpaced(separated);
   const std::string_view rest = sentence;
   Result result;
   for (std::size_t start = 0; start < rest.size();) {

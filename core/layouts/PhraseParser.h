@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/layouts/Layout.h"
-#include "core/snap/SnapAction.h"
+#include "core/snap/actions/SnapAction.h"
 
 namespace tilwin {
 

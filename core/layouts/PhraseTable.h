@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "core/snap/SnapAction.h"
+#include "core/snap/actions/SnapAction.h"
 
 namespace tilwin {
 
@@ -65,9 +65,8 @@ struct PhraseTable {
       {"middle", SnapAction::center},
   });
 
-  /// Words that part the clauses of a sentence, beside the comma and the characters below.
-  static constexpr std::array<std::string_view, 2> separatorWords{"and", "then"};
-  static constexpr std::string_view separatorCharacters = ";|";
+  /// What separates the clauses of a sentence beside the comma, as a regular expression.
+  static constexpr std::string_view separators = R"(\band\b|\bthen\b|;|\|)";
 
   /// Words that name neither an application nor a place.
   static constexpr std::array<std::string_view, 15> fillers{

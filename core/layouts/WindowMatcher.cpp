@@ -14,7 +14,10 @@ bool isGiven(const std::optional<std::string>& text) { return text && !text->emp
 WindowMatcher::WindowMatcher(const std::vector<WindowInfo>& windows, bool includeMinimized) {
   candidates_.reserve(windows.size());
   for (const WindowInfo& window : windows) {
-    if (includeMinimized || !window.isMinimized) candidates_.push_back({&window});
+    if (window.isMinimized && !includeMinimized) continue;
+    candidates_.push_back({.window = &window,
+                           .bundleKey = UnicodeText::caseKey(window.bundleID),
+                           .nameKey = UnicodeText::caseKey(window.appName)});
   }
   std::stable_sort(candidates_.begin(), candidates_.end(),
                    [](const Candidate& first, const Candidate& second) {
@@ -22,39 +25,20 @@ WindowMatcher::WindowMatcher(const std::vector<WindowInfo>& windows, bool includ
                    });
 }
 
-WindowMatcher::Groups WindowMatcher::grouped(std::vector<Candidate>& candidates,
-                                             std::string WindowInfo::*text) {
-  Groups groups;
-  for (Candidate& candidate : candidates)
-    groups[UnicodeText::caseKey(candidate.window->*text)].push_back(&candidate);
-  return groups;
-}
-
-const WindowMatcher::Group* WindowMatcher::group(const LayoutSlot& slot) {
-  const bool usesBundle = isGiven(slot.bundleID);
-  if (!usesBundle && !isGiven(slot.appName)) return nullptr;
-  auto& groups = usesBundle ? byBundle_ : byName_;
-  if (!groups) groups = grouped(candidates_, usesBundle ? &WindowInfo::bundleID : &WindowInfo::appName);
-  const auto found = groups->find(UnicodeText::caseKey(usesBundle ? *slot.bundleID : *slot.appName));
-  return found == groups->end() ? nullptr : &found->second;
-}
-
-bool WindowMatcher::fits(Candidate& candidate, const std::string& titleKey) const {
-  if (taken_.contains(candidate.window->id)) return false;
-  if (titleKey.empty()) return true;
+bool WindowMatcher::titleHas(Candidate& candidate, const std::string& key) {
   if (!candidate.titleKey) candidate.titleKey = UnicodeText::baseKey(candidate.window->title);
-  return candidate.titleKey->find(titleKey) != std::string::npos;
+  return candidate.titleKey->find(key) != std::string::npos;
 }
 
 const WindowInfo* WindowMatcher::take(const LayoutSlot& slot) {
-  const Group* windows = group(slot);
-  if (windows == nullptr) return nullptr;
+  const bool usesBundle = isGiven(slot.bundleID);
+  if (!usesBundle && !isGiven(slot.appName)) return nullptr;
+  const std::string key = UnicodeText::caseKey(usesBundle ? *slot.bundleID : *slot.appName);
+  const auto keyOf = usesBundle ? &Candidate::bundleKey : &Candidate::nameKey;
   const std::string titleKey = isGiven(slot.titleContains) ? UnicodeText::baseKey(*slot.titleContains) : "";
-  // What did not fit before, or was taken, never fits this query again.
-  std::size_t& next = next_[{windows, titleKey}];
-  while (next < windows->size()) {
-    Candidate& candidate = *(*windows)[next++];
-    if (!fits(candidate, titleKey)) continue;
+  for (Candidate& candidate : candidates_) {
+    if (candidate.*keyOf != key || taken_.contains(candidate.window->id)) continue;
+    if (!titleKey.empty() && !titleHas(candidate, titleKey)) continue;
     taken_.insert(candidate.window->id);
     return candidate.window;
   }

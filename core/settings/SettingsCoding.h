@@ -7,7 +7,6 @@
 #include "core/settings/HotKeySpec.h"
 #include "core/settings/TilwinSettings.h"
 #include "core/support/JsonCoding.h"
-#include "core/support/UuidCoding.h"
 
 namespace tilwin {
 

@@ -8,11 +8,16 @@
 #include <variant>
 
 #include "core/settings/HotKeySpec.h"
-#include "core/settings/ShortcutOwner.h"
+#include "core/snap/actions/SnapAction.h"
+#include "core/support/Uuid.h"
 
 namespace tilwin {
 
 struct TilwinSettings;
+
+/// What a hot key triggers: an action, or the custom area with this id. Usable as a set element and a key of
+/// hashed maps, as `std::hash` covers variants.
+using ShortcutOwner = std::variant<SnapAction, Uuid>;
 
 /// Which shortcuts may be given to whom, and how to say why not.
 struct ShortcutRules {

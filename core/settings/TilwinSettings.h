@@ -10,9 +10,8 @@
 
 #include "core/settings/CustomArea.h"
 #include "core/settings/HotKeySpec.h"
-#include "core/settings/ShortcutOwner.h"
 #include "core/settings/ShortcutRules.h"
-#include "core/snap/SnapAction.h"
+#include "core/snap/actions/SnapAction.h"
 
 namespace tilwin {
 

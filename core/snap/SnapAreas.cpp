@@ -1,25 +1,16 @@
 // Custom areas: a window into one, and one from where a window stands.
 
-#include <algorithm>
 #include <utility>
 
 #include "core/snap/SnapController.h"
 
 namespace tilwin {
-namespace {
-
-/// What areas are fractions of: the visible frame less the margin. The gap between tiles plays no part.
-Rect innerArea(const Rect& visible, double outer) {
-  return {visible.x + outer, visible.y + outer, std::max(visible.width - 2 * outer, 1.0),
-          std::max(visible.height - 2 * outer, 1.0)};
-}
-
-}  // namespace
-
 struct SnapController::FocusedPlace {
   std::shared_ptr<WindowProvider> provider;
   WindowInfo window;
-  Rect inner;  ///< of the display that the window belongs to
+  /// What areas are fractions of: the display's visible frame less the margin. The gap between tiles plays no
+  /// part.
+  Rect inner;
 };
 
 std::optional<SnapController::FocusedPlace> SnapController::focusedPlace() const {
@@ -30,7 +21,7 @@ std::optional<SnapController::FocusedPlace> SnapController::focusedPlace() const
   const auto displays = provider->displays();
   const DisplayInfo* home = display(window->frame, displays);
   if (home == nullptr) return std::nullopt;
-  return FocusedPlace{std::move(provider), *std::move(window), innerArea(home->visibleFrame, outer)};
+  return FocusedPlace{std::move(provider), *std::move(window), home->visibleFrame.inset(outer)};
 }
 
 bool SnapController::snap(const CustomArea& to) {

@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "core/geometry/DisplayOrder.h"
+#include "core/geometry/DisplayInfo.h"
 #include "core/geometry/NormalizedRect.h"
 
 namespace tilwin {

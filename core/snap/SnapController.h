@@ -13,7 +13,7 @@
 #include "core/layouts/Layout.h"
 #include "core/layouts/LayoutPlanner.h"
 #include "core/settings/CustomArea.h"
-#include "core/snap/SnapAction.h"
+#include "core/snap/actions/SnapAction.h"
 
 namespace tilwin {
 

@@ -13,8 +13,6 @@
 #include <system_error>
 #include <utility>
 
-#include "core/support/Permissions.h"
-
 namespace tilwin {
 namespace {
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -8,6 +10,9 @@
 #include <string_view>
 
 namespace tilwin {
+
+/// The permissions of a file that nobody but its owner may read.
+inline constexpr mode_t ownerOnly = 0600;
 
 /// Files that are read and replaced as a whole.
 struct AtomicFile {

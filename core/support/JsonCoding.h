@@ -12,9 +12,11 @@
 #include <variant>
 #include <vector>
 
+#include "core/support/Date.h"
 #include "core/support/JsonError.h"
 #include "core/support/JsonReader.h"
 #include "core/support/JsonValue.h"
+#include "core/support/Uuid.h"
 
 /// How values become JSON and come back. A record says which keys it has by specialising `JsonFields`; a type
 /// with a form of its own specialises `JsonCoding`.
@@ -103,6 +105,34 @@ template <>
 struct JsonCoding<std::string> {
   static std::string decode(const JsonReader& reader) { return reader.text(); }
   static JsonValue encode(const std::string& value) { return JsonValue::of(std::string_view(value)); }
+};
+
+/// A moment is ISO 8601 text; any other text is an error.
+template <>
+struct JsonCoding<Date> {
+  static Date decode(const JsonReader& reader) {
+    const std::string_view text = reader.textView();
+    const auto date = Iso8601::parse(text);
+    if (!date)
+      reader.fail(JsonError::Kind::badValue, "\"" + std::string(text) + "\" is not an ISO 8601 date");
+    return *date;
+  }
+  static JsonValue encode(Date date) {
+    const auto text = Iso8601::text(date);
+    if (!text) throw JsonError(JsonError::Kind::badValue, "", "a date outside the years 0 to 9999");
+    return JsonValue::of(*text);
+  }
+};
+
+/// An identifier is its upper-case hyphenated text; lower case is read too, any other text is an error.
+template <>
+struct JsonCoding<Uuid> {
+  static Uuid decode(const JsonReader& reader) {
+    const auto uuid = Uuid::parse(reader.text());
+    if (!uuid) reader.fail(JsonError::Kind::badValue, "an identifier expected");
+    return *uuid;
+  }
+  static JsonValue encode(const Uuid& uuid) { return JsonValue::of(std::string_view(uuid.text())); }
 };
 
 template <typename Element>

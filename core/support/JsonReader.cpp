@@ -5,7 +5,6 @@
 #include <limits>
 #include <utility>
 
-#include "core/support/JsonSource.h"
 #include "core/support/JsonTree.h"
 
 namespace tilwin {
@@ -31,9 +30,7 @@ JsonReader::JsonReader(std::shared_ptr<const JsonTree> tree, const JsonTree::Nod
 JsonReader JsonReader::inner(const JsonTree::Node& node) const { return {tree_, node}; }
 
 JsonReader JsonReader::parse(std::string_view text) {
-  // On one line there is little to gain by leaving blanks out first.
-  const bool isOneLine = text.find('\n') == std::string_view::npos;
-  auto tree = std::make_shared<const JsonTree>(isOneLine ? text : JsonSource::withSingleBlanks(text));
+  auto tree = std::make_shared<const JsonTree>(text);
   const JsonTree::Node& root = tree->root();
   return {std::move(tree), root};
 }

@@ -1,18 +1,59 @@
 #include "core/support/JsonTree.h"
 
 #include <algorithm>
+#include <clocale>
+#include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <utility>
 
 #include "core/support/JsonError.h"
-#include "core/support/JsonSource.h"
 
 namespace tilwin {
 namespace {
 
 /// What the library calls a number that no double can hold.
 constexpr int numberOverflow = 406;
+
+/// The library reads floats with `strtod` too, so both agree on what overflows; `strtod` wants the point of
+/// the locale that the process has set.
+bool overflows(std::string number) {
+  std::replace(number.begin(), number.end(), '.', *std::localeconv()->decimal_point);
+  char* end = nullptr;
+  const double value = std::strtod(number.c_str(), &end);
+  return std::isinf(value) && *end == '\0';
+}
+
+/// Just behind the text literal that starts at `start`, or the end.
+std::size_t endOfText(std::string_view json, std::size_t start) {
+  for (std::size_t at = start + 1; at < json.size(); ++at) {
+    if (json[at] == '\\') {
+      ++at;
+    } else if (json[at] == '"') {
+      return at + 1;
+    }
+  }
+  return json.size();
+}
+
+/// The text with each number that no double can hold replaced by null. Text that is not JSON stays so.
+std::string withoutOverflows(std::string_view json) {
+  constexpr std::string_view starts = "\"-0123456789";
+  constexpr std::string_view ofNumbers = "+-.0123456789Ee";
+  std::string result;
+  std::size_t at = 0;
+  while (at < json.size()) {
+    const std::size_t start = std::min(json.find_first_of(starts, at), json.size());
+    result += json.substr(at, start - at);
+    if (start == json.size()) break;
+    const bool isText = json[start] == '"';
+    at = isText ? endOfText(json, start) : std::min(json.find_first_not_of(ofNumbers, start), json.size());
+    const std::string token(json.substr(start, at - start));
+    result += !isText && overflows(token) ? "null" : token;
+  }
+  return result;
+}
 
 }  // namespace
 
@@ -135,7 +176,7 @@ JsonTree::JsonTree(std::string_view json) {
   // One number too large must not cost the whole text, only its own field.
   *this = JsonTree();
   Builder second(*this);
-  if (!second.read(JsonSource::withoutOverflows(json))) second.fail();
+  if (!second.read(withoutOverflows(json))) second.fail();
 }
 
 std::string JsonTree::pathTo(const Node& node) const {

@@ -27,30 +27,6 @@ bool isWrittenWhole(double number) {
 
 using Members = nlohmann::ordered_json::object_t;
 
-bool precedes(const Members::value_type& first, const Members::value_type& second) {
-  return first.first < second.first;
-}
-
-/// At every level. As deep as the records are that were written, which is not deep.
-void sortKeys(nlohmann::ordered_json& json) {
-  // What is neither object nor array holds itself as its one element.
-  if (!json.is_structured()) return;
-  for (auto& element : json) sortKeys(element);
-  if (!json.is_object()) return;
-  auto& members = json.get_ref<Members&>();
-  if (std::is_sorted(members.begin(), members.end(), precedes)) return;
-  // The map's pairs have constant keys, which cannot change places.
-  std::vector<Members::value_type*> order;
-  order.reserve(members.size());
-  for (auto& member : members) order.push_back(&member);
-  std::sort(order.begin(), order.end(),
-            [](const auto* first, const auto* second) { return precedes(*first, *second); });
-  Members sorted;
-  sorted.reserve(members.size());
-  for (auto* member : order) sorted.emplace_back(member->first, std::move(member->second));
-  members.swap(sorted);
-}
-
 }  // namespace
 
 JsonValue::JsonValue(Node&& node) : node_(std::make_unique<Node>(std::move(node))) {}
@@ -91,9 +67,9 @@ std::string JsonValue::text() const {
   return node_->json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
 
-std::string JsonValue::prettyText() && {
-  sortKeys(node_->json);
-  return node_->json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+std::string JsonValue::prettyText() const {
+  const nlohmann::json sorted(node_->json);
+  return sorted.dump(2, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 }  // namespace tilwin

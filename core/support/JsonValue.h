@@ -33,7 +33,7 @@ public:
   /// is written as U+FFFD.
   [[nodiscard]] std::string text() const;
   /// The same for people: a line per value, indented by two spaces, the keys of every object sorted.
-  [[nodiscard]] std::string prettyText() &&;
+  [[nodiscard]] std::string prettyText() const;
 
 private:
   struct Node;

@@ -13,7 +13,7 @@
 #include <thread>
 #include <utility>
 
-#include "core/support/Permissions.h"
+#include "core/support/AtomicFile.h"
 
 namespace tilwin {
 namespace {

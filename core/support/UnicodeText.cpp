@@ -2,13 +2,16 @@
 
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
+#include <unicode/regex.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
+#include "core/support/Fatal.h"
 #include "core/support/IcuText.h"
 #include "core/support/Utf8.h"
 
@@ -136,6 +139,17 @@ std::string UnicodeText::singleSpaced(std::string_view text) {
     at += next.size;
   }
   return result;
+}
+
+std::string UnicodeText::replacingMatches(std::string_view text, std::string_view expression,
+                                          std::string_view with) {
+  UErrorCode error = U_ZERO_ERROR;
+  const std::unique_ptr<icu::RegexPattern> pattern(icu::RegexPattern::compile(utf16(expression), 0, error));
+  if (U_FAILURE(error) != 0) fatal("a regular expression cannot be compiled");
+  const icu::UnicodeString subject = utf16(text);
+  const std::unique_ptr<icu::RegexMatcher> matcher(pattern->matcher(subject, error));
+  const icu::UnicodeString replaced = matcher->replaceAll(utf16(with), error);
+  return U_FAILURE(error) != 0 ? std::string(text) : utf8(replaced);
 }
 
 std::vector<std::string_view> UnicodeText::words(std::string_view text) {

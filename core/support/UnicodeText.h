@@ -26,6 +26,10 @@ struct UnicodeText {
   [[nodiscard]] static std::string trimmed(std::string_view text);
   /// With a single plain space for every run of white space, at the ends too.
   [[nodiscard]] static std::string singleSpaced(std::string_view text);
+  /// Every match of a regular expression (ICU's syntax) replaced by `with`. An expression that cannot be
+  /// compiled is a programming error and ends the program.
+  [[nodiscard]] static std::string replacingMatches(std::string_view text, std::string_view expression,
+                                                    std::string_view with);
   /// The pieces between plain spaces, without empty ones. They are views into `text`.
   [[nodiscard]] static std::vector<std::string_view> words(std::string_view text);
 };

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "core/geometry/Point.h"
+#include "core/geometry/Rect.h"
 #include "core/geometry/WindowProvider.h"
 
 namespace tilwin {

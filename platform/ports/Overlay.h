@@ -21,9 +21,16 @@ public:
   Overlay& operator=(const Overlay&) = delete;
   virtual ~Overlay() = default;
 
-  /// Puts it there at once, in front of everything; made on first use.
-  virtual void show(const Rect& frame) = 0;
+  /// Puts it there at once, in front of everything; made on first use. A frame that is not placeable changes
+  /// nothing.
+  void show(const Rect& frame) {
+    if (frame.isPlaceable()) showAt(frame);
+  }
   virtual void hide() = 0;
+
+protected:
+  /// What `show` does for each desktop; the frame is placeable.
+  virtual void showAt(const Rect& frame) = 0;
 };
 
 }  // namespace tilwin

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
 
-#include "core/geometry/Point.h"
+#include "core/geometry/Rect.h"
 
 namespace tilwin {
 
@@ -20,6 +21,10 @@ enum class PointerEvent : std::uint8_t {
 class PointerMonitor {
 public:
   using Handler = std::function<void(PointerEvent event)>;
+
+  /// How often a drag is looked at: moves that come sooner after the last look are ignored by the watcher,
+  /// and an adapter need not report them.
+  static constexpr std::chrono::milliseconds betweenLooks{30};
 
   /// Events are told for as long as this lives; it may go while one is told.
   class Token {

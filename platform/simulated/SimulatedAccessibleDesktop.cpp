@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <variant>
 
-#include "platform/ports/AccessibilityNames.h"
+#include "platform/ports/Accessibility.h"
 
 namespace tilwin {
 

@@ -16,7 +16,7 @@ public:
   [[nodiscard]] int showCount() const { return showCount_; }
 
 private:
-  void show(const Rect& frame) override {
+  void showAt(const Rect& frame) override {
     visible_ = frame;
     ++showCount_;
   }

@@ -49,8 +49,8 @@ std::vector<SimulatedWindows::Handle> SimulatedWindowProvider::listed() const {
   return handles;
 }
 
-bool SimulatedWindowProvider::setFrame(std::int64_t id, const Rect& frame) {
-  if (!handedOut_.contains(id) || !frame.isWithin(farthest)) return false;
+bool SimulatedWindowProvider::applyFrame(std::int64_t id, const Rect& frame) {
+  if (!handedOut_.contains(id)) return false;
   windows_.unmaximize(id);
   if (!windows_.request(id, frame)) return false;
   const SimulatedWindow& window = *windows_.find(id);

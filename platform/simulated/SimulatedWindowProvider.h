@@ -17,11 +17,11 @@ public:
   std::vector<DisplayInfo> displays() override;
   std::optional<WindowInfo> focusedWindow() override;
   std::vector<WindowInfo> allWindows() override;
-  bool setFrame(std::int64_t id, const Rect& frame) override;
   std::optional<Rect> frame(std::int64_t of) override;
   std::optional<WindowInfo> window(Point at) override;
 
 private:
+  bool applyFrame(std::int64_t id, const Rect& frame) override;
   struct Answer {
     Rect asked;
     Rect standing;

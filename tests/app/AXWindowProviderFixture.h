@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/AXWindowProvider.h"
+#include "app/windows/AXWindowProvider.h"
 #include "platform/simulated/SimulatedAccessibleDesktop.h"
 #include "tests/Printing.h"
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "app/AXWindowProvider.h"
 #include "app/AppDelegate.h"
+#include "app/windows/AXWindowProvider.h"
 #include "platform/simulated/SimulatedAccessibleDesktop.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "tests/Printing.h"

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <optional>
 
-#include "app/DragWatcher.h"
+#include "app/drag/DragWatcher.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "tests/Printing.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "app/HotKeyCenter.h"
+#include "app/keys/HotKeyCenter.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "tests/Printing.h"
 

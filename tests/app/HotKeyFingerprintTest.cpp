@@ -1,4 +1,4 @@
-#include "app/HotKeyFingerprint.h"
+#include "app/keys/HotKeyFingerprint.h"
 
 #include <gtest/gtest.h>
 

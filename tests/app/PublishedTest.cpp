@@ -1,4 +1,4 @@
-#include "app/Published.h"
+#include "app/settings/Published.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <chrono>
 
-#include "app/SettingsStore.h"
+#include "app/settings/SettingsStore.h"
 #include "core/settings/SettingsCoding.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "tests/core/ArbitrarySettings.h"

@@ -1,7 +1,7 @@
 #include <map>
 #include <set>
 
-#include "app/AXWindowProvider.h"
+#include "app/windows/AXWindowProvider.h"
 #include "platform/simulated/SimulatedAccessibleDesktop.h"
 #include "tests/contract/SimulatedInputWorld.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/x11/X11Overlay.h"
+#include "platform/x11/overlay/X11Overlay.h"
 #include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/x11/WindowReader.h"
+#include "platform/x11/windows/WindowReader.h"
 #include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 

@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "platform/qt/QtMainQueue.h"
-#include "platform/x11/X11Pointer.h"
+#include "platform/x11/input/X11Pointer.h"
 #include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 
@@ -23,7 +23,8 @@ protected:
   X11PointerPace() {
     setenv("DISPLAY", session_.server().display().c_str(), 1);
     x_.emplace(log_);
-    pointer_.emplace(*x_, queue_);
+    held_.emplace(*x_);
+    pointer_.emplace(*x_, *held_, queue_);
     queue_.watch(x_->fileDescriptor(), [this] { x_->dispatch(); });
     queue_.beforeEachSleep([this] { x_->dispatchQueued(); });
   }
@@ -45,6 +46,7 @@ protected:
   FailingLog log_;
   qt::QtMainQueue queue_;
   std::optional<X11Connection> x_;
+  std::optional<HeldWindow> held_;
   std::optional<X11Pointer> pointer_;
 };
 

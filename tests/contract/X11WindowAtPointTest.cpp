@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/x11/WindowAtPoint.h"
+#include "platform/x11/windows/WindowAtPoint.h"
 #include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 

@@ -8,10 +8,10 @@
 #include <map>
 
 #include "platform/qt/QtMainQueue.h"
-#include "platform/x11/KeyPositions.h"
-#include "platform/x11/X11HotKeys.h"
-#include "platform/x11/X11Pointer.h"
-#include "platform/x11/X11WindowProvider.h"
+#include "platform/x11/input/KeyPositions.h"
+#include "platform/x11/input/X11HotKeys.h"
+#include "platform/x11/input/X11Pointer.h"
+#include "platform/x11/windows/X11WindowProvider.h"
 #include "tests/contract/TestLogs.h"
 #include "tests/contract/World.h"
 #include "tests/desktop/harness/GrabbedKey.h"
@@ -159,9 +159,10 @@ private:
   x11::X11Connection x_{log_};
   x11::X11HotKeys hotKeys_{x_, queue_, log_};
   x11::X11Displays displays_{x_, queue_};
+  x11::HeldWindow held_{x_};
   std::shared_ptr<x11::X11WindowProvider> provider_ =
-      std::make_shared<x11::X11WindowProvider>(x_, displays_, queue_);
-  x11::X11Pointer pointer_{x_, queue_};
+      std::make_shared<x11::X11WindowProvider>(x_, displays_, held_, queue_);
+  x11::X11Pointer pointer_{x_, held_, queue_};
   std::optional<desktop::TestWindow> panel_;
   std::map<desktop::WindowId, std::unique_ptr<desktop::TestWindow>> windows_;
   std::map<std::string, std::unique_ptr<desktop::GrabbedKey>> heldElsewhere_;

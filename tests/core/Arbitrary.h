@@ -10,7 +10,7 @@
 #include "core/geometry/DisplayInfo.h"
 #include "core/geometry/NormalizedRect.h"
 #include "core/geometry/Rect.h"
-#include "core/snap/SnapAction.h"
+#include "core/snap/actions/SnapAction.h"
 #include "tests/Printing.h"
 
 /// Values for properties that must hold whatever the values are.

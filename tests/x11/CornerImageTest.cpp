@@ -1,4 +1,4 @@
-#include "platform/x11/CornerImage.h"
+#include "platform/x11/overlay/CornerImage.h"
 
 #include <gtest/gtest.h>
 

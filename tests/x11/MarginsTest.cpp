@@ -1,4 +1,4 @@
-#include "platform/x11/Margins.h"
+#include "platform/x11/windows/Margins.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/x11/MoveLedger.h"
+#include "platform/x11/windows/MoveLedger.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/x11/RoundedFrame.h"
+#include "platform/x11/overlay/RoundedFrame.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>

@@ -1,4 +1,4 @@
-#include "platform/x11/ServerNeeds.h"
+#include "platform/x11/wire/ServerNeeds.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/x11/Strut.h"
+#include "platform/x11/displays/Strut.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/x11/WindowIds.h"
+#include "platform/x11/windows/WindowIds.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 """The walls between the folders: what each may include, and where an operating system may be named."""
 
+import graphlib
 import re
 
 from source_tree import Finding
@@ -37,20 +38,32 @@ VALUES = ["core/geometry", "core/snap", "core/layouts", "core/settings", "core/d
 PORTS = "platform/ports"
 TEST_TOOLS = ["std", "posix", "gtest", "rapidcheck"]
 
-# folder: (project folders it may include beside itself, groups from outside). The longest folder counts.
+# folder: (project folders it may include beside itself, groups from outside). The longest folder counts. What is above
+# may include what is below and never the other way round: the folders form floors.
 MAY_INCLUDE = {
-    "core/geometry": (["core/support"], ["std"]),
     "core/support": ([], ["std", "posix", "icu", "json"]),
-    "core/snap": (["core/geometry", "core/layouts", "core/settings", "core/support"], ["std"]),
-    "core/layouts": (["core/geometry", "core/snap", "core/support"], ["std"]),
-    "core/settings": (["core/geometry", "core/snap", "core/support"], ["std"]),
+    "core/geometry": (["core/support"], ["std"]),
+    "core/snap/actions": (["core/geometry", "core/support"], ["std"]),
+    "core/settings": (["core/geometry", "core/snap/actions", "core/support"], ["std"]),
+    "core/layouts": (["core/geometry", "core/snap/actions", "core/support"], ["std"]),
+    "core/snap": (["core/geometry", "core/layouts", "core/settings", "core/snap/actions", "core/support"], ["std"]),
     "core/drag": (["core/geometry", "core/snap", "core/support"], ["std"]),
     "platform/ports": (VALUES, ["std"]),
-    "platform/x11": ([PORTS, *VALUES], ["std", "posix", "xcb", "glib"]),
+    "platform/x11": ([PORTS, *VALUES], ["std", "posix", "xcb"]),
+    "platform/x11/wire": ([PORTS, *VALUES], ["std", "xcb"]),
+    "platform/x11/displays": ([PORTS, *VALUES, "platform/x11/wire"], ["std", "xcb"]),
+    "platform/x11/windows": ([PORTS, *VALUES, "platform/x11/wire", "platform/x11/displays"],
+                             ["std", "posix", "xcb", "glib"]),
+    "platform/x11/input": ([PORTS, *VALUES, "platform/x11/wire", "platform/x11/windows"], ["std", "xcb"]),
+    "platform/x11/overlay": ([PORTS, *VALUES, "platform/x11/wire"], ["std", "xcb"]),
     "platform/qt": ([PORTS, *VALUES], ["std", "posix", "qt", "glib"]),
     "platform/macos": ([PORTS, *VALUES], ["std", "posix", "apple"]),
     "platform/simulated": ([PORTS, *VALUES], ["std"]),
-    "app": ([CORE, PORTS], ["std"]),
+    "app/settings": ([CORE, PORTS], ["std"]),
+    "app/keys": ([CORE, PORTS], ["std"]),
+    "app/drag": ([CORE, PORTS], ["std"]),
+    "app/windows": ([CORE, PORTS], ["std"]),
+    "app": ([CORE, PORTS, "app/settings", "app/keys", "app/drag", "app/windows"], ["std"]),
     "tests": ([CORE], TEST_TOOLS),
     # The kernel can be asked to refuse a process its calls, as a full or broken disk would.
     "tests/core": ([CORE, PORTS, "platform/simulated", "tests"], [*TEST_TOOLS, "linux", "icu", "json"]),
@@ -73,6 +86,28 @@ CPP_ROOTS = ("core", "app", "platform", "tests", "fuzz", "bench")
 
 # The one file that knows which desktop it is built for.
 COMPOSITION_ROOT = "app/main.cpp"
+
+
+
+def circle(table):
+    """Folders of the program that may include each other in a ring; none where they form floors."""
+    product = [row for row in table if row.startswith(("core", "platform", "app"))]
+    below = {row: {under for folder in table[row][0] for under in product if _lies_in(under, folder)} - {row}
+             for row in product}
+    try:
+        graphlib.TopologicalSorter(below).prepare()
+    except graphlib.CycleError as error:
+        return error.args[1]
+    return []
+
+
+def floors(_):
+    """The table itself has no circle."""
+    ring = circle(MAY_INCLUDE)
+    if ring:
+        yield Finding("scripts/lib/check/walls.py", 1, "floors",
+                      f"folders may include each other in a ring: {' > '.join(ring)}; put one above the other")
+
 
 _OS_MACRO = re.compile(
     r"\b(__APPLE__|__MACH__|TARGET_OS_\w+|__linux__|__linux|linux|__gnu_linux__|__ANDROID__|__unix__|__unix|unix"
@@ -189,4 +224,4 @@ def global_platform(tree):
                                   "a way to the platform from anywhere; hand the ports to the constructor instead")
 
 
-RULES = [includes, operating_systems, inner_types, global_platform]
+RULES = [floors, includes, operating_systems, inner_types, global_platform]

@@ -1,4 +1,4 @@
-#include "core/geometry/DisplayOrder.h"
+#include "core/geometry/DisplayInfo.h"
 
 #include <unordered_set>
 

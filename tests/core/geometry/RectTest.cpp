@@ -126,12 +126,28 @@ TEST(RectProperties, RoundingTwiceChangesNothingMore) {
   }));
 }
 
-TEST(Rect, LiesWithinALimitWhenAllItsEdgesDo) {
-  EXPECT_TRUE((Rect{-100, 50, 200, 50}.isWithin(100)));
-  EXPECT_FALSE((Rect{-101, 0, 10, 10}.isWithin(100)));
-  EXPECT_FALSE((Rect{0, 95, 10, 10}.isWithin(100)));
-  EXPECT_FALSE((Rect{0, 0, std::numeric_limits<double>::quiet_NaN(), 1}.isWithin(100)));
-  EXPECT_FALSE((Rect{0, 0, 1, std::numeric_limits<double>::infinity()}.isWithin(100)));
+TEST(Rect, IsPlaceableUpTo32767PointsFromTheOriginOnEachSide) {
+  EXPECT_TRUE((Rect{-32767, -32767, 65534, 65534}.isPlaceable()));
+  EXPECT_FALSE((Rect{-32768, 0, 10, 10}.isPlaceable()));
+  EXPECT_FALSE((Rect{0, -32768, 10, 10}.isPlaceable()));
+  EXPECT_FALSE((Rect{32758, 0, 10, 10}.isPlaceable()));
+  EXPECT_FALSE((Rect{0, 32758, 10, 10}.isPlaceable()));
+}
+
+TEST(Rect, IsNotPlaceableWhereAFieldIsNoFiniteNumber) {
+  for (const double odd :
+       {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+    EXPECT_FALSE((Rect{odd, 0, 1, 1}.isPlaceable()));
+    EXPECT_FALSE((Rect{0, odd, 1, 1}.isPlaceable()));
+    EXPECT_FALSE((Rect{0, 0, odd, 1}.isPlaceable()));
+    EXPECT_FALSE((Rect{0, 0, 1, odd}.isPlaceable()));
+  }
+}
+
+TEST(Rect, InsetKeepsTheMarginFreeOnEachSideAndNeverVanishes) {
+  EXPECT_EQ((Rect{10, 20, 100, 50}.inset(8)), (Rect{18, 28, 84, 34}));
+  EXPECT_EQ((Rect{10, 20, 100, 50}.inset(0)), (Rect{10, 20, 100, 50}));
+  EXPECT_EQ((Rect{10, 20, 100, 50}.inset(25)), (Rect{35, 45, 50, 1}));
 }
 
 }  // namespace

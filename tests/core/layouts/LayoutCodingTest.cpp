@@ -1,6 +1,5 @@
 #include "core/layouts/LayoutCoding.h"
 
-#include "core/layouts/LayoutStoreCoding.h"
 #include "tests/core/layouts/Layouts.h"
 
 #include <gtest/gtest.h>

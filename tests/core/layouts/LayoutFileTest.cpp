@@ -3,7 +3,7 @@
 
 #include <csignal>
 
-#include "core/layouts/LayoutStoreCoding.h"
+#include "core/layouts/LayoutCoding.h"
 #include "core/layouts/LayoutsFile.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/layouts/Layouts.h"

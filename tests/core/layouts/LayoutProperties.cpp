@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <set>
 
-#include "core/geometry/DisplayOrder.h"
+#include "core/geometry/DisplayInfo.h"
+#include "core/layouts/LayoutCoding.h"
 #include "core/layouts/LayoutStore.h"
-#include "core/layouts/LayoutStoreCoding.h"
 #include "tests/core/Arbitrary.h"
 #include "tests/core/layouts/Layouts.h"
 

@@ -6,7 +6,7 @@
 #include <unordered_set>
 
 #include "core/settings/KeyNames.h"
-#include "core/settings/ShortcutOwner.h"
+#include "core/settings/ShortcutRules.h"
 #include "tests/Printing.h"
 
 namespace tilwin {

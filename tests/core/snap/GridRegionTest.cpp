@@ -1,4 +1,4 @@
-#include "core/snap/GridRegion.h"
+#include "core/snap/actions/GridRegion.h"
 
 #include <limits>
 #include <unordered_set>

@@ -1,4 +1,4 @@
-#include "core/snap/SnapAction.h"
+#include "core/snap/actions/SnapAction.h"
 
 #include <set>
 #include <string>

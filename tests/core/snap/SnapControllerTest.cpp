@@ -20,7 +20,9 @@ public:
   std::vector<DisplayInfo> displays() override { return ++displayQueries, inner_->displays(); }
   std::optional<WindowInfo> focusedWindow() override { return ++focusQueries, inner_->focusedWindow(); }
   std::vector<WindowInfo> allWindows() override { return ++listings, inner_->allWindows(); }
-  bool setFrame(std::int64_t id, const Rect& frame) override { return ++moves, inner_->setFrame(id, frame); }
+  bool applyFrame(std::int64_t id, const Rect& frame) override {
+    return ++moves, inner_->setFrame(id, frame);
+  }
 
   int displayQueries = 0;
   int focusQueries = 0;

@@ -1,6 +1,6 @@
 #include "core/support/Date.h"
 
-#include "core/support/DateCoding.h"
+#include "core/support/JsonCoding.h"
 #include "tests/core/Arbitrary.h"
 
 namespace tilwin {

@@ -1,7 +1,7 @@
 #include <limits>
 
 #include "core/geometry/GeometryCoding.h"
-#include "core/snap/SnapCoding.h"
+#include "core/snap/actions/SnapCoding.h"
 #include "tests/core/Arbitrary.h"
 #include "tests/core/JsonText.h"
 

@@ -1,7 +1,7 @@
 #include <ctime>
 
 #include "core/geometry/GeometryCoding.h"
-#include "core/support/UuidCoding.h"
+#include "core/support/JsonCoding.h"
 #include "tests/core/Arbitrary.h"
 #include "tests/core/JsonText.h"
 

@@ -1,5 +1,8 @@
 #include "core/support/UnicodeText.h"
 
+#include <unicode/unistr.h>
+
+#include "tests/core/support/RegularExpression.h"
 #include "tests/core/support/Texts.h"
 
 namespace tilwin {
@@ -11,6 +14,19 @@ const std::string decomposedE = "e\u0301";
 
 bool contains(std::string_view text, std::string_view part) {
   return UnicodeText::containsIgnoringCaseAndDiacritics(text, part);
+}
+
+/// Each character of the planes in use, surrogates apart, between the two texts.
+std::string everyCharacter(const std::string& before, const std::string& after) {
+  std::string text;
+  for (UChar32 character = 0; character < 0xE1000; ++character) {
+    if (character == 0x40000) character = 0xE0000;
+    if (character == 0xD800) character = 0xE000;
+    text += before;
+    icu::UnicodeString(character).toUTF8String(text);
+    text += after;
+  }
+  return text;
 }
 
 TEST(UnicodeTextIgnoringCase, ComposedAndDecomposedAreEqual) {
@@ -180,6 +196,29 @@ TEST(UnicodeTextProperties, NoBytesBreakAnything) {
     for (const std::string_view word : UnicodeText::words(text)) size += word.size();
     RC_ASSERT(size == text.size());
   }));
+}
+
+TEST(ReplacingMatches, ReplacesEveryMatchOfTheExpression) {
+  EXPECT_EQ(UnicodeText::replacingMatches("a and b, band; android|c", R"(\band\b|;|\|)", ","),
+            "a , b, band, android,c");
+  EXPECT_EQ(UnicodeText::replacingMatches("日本1日", "[0-9]+", ""), "日本日");
+  EXPECT_EQ(UnicodeText::replacingMatches("", "a*b", "c"), "");
+}
+
+TEST(ReplacingMatchesDeathTest, EndsTheProgramForAnExpressionThatIsNone) {
+  EXPECT_DEATH((void)UnicodeText::replacingMatches("text", "(", ""), "regular expression");
+}
+
+TEST(SingleSpaced, LeavesOneSpaceForEachRunOfWhiteSpace) {
+  EXPECT_EQ(UnicodeText::singleSpaced("  a \t\n b\u00A0\u3000c\u2028"), " a b c ");
+  EXPECT_EQ(UnicodeText::singleSpaced("a b"), "a b");
+  EXPECT_EQ(UnicodeText::singleSpaced(""), "");
+  EXPECT_EQ(UnicodeText::singleSpaced("a\u200Bb"), "a\u200Bb");
+}
+
+TEST(SingleSpaced, KnowsTheWhiteSpaceOfRegularExpressions) {
+  const std::string text = everyCharacter("a", "");
+  EXPECT_TRUE(UnicodeText::singleSpaced(text) == RegularExpression("\\s+").replaceAll(text, " "));
 }
 
 }  // namespace

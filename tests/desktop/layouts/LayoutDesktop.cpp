@@ -10,7 +10,7 @@
 #include <stdexcept>
 
 #include "platform/qt/QtMainQueue.h"
-#include "platform/x11/X11WindowProvider.h"
+#include "platform/x11/windows/X11WindowProvider.h"
 #include "tests/Printing.h"
 #include "tests/contract/TestLogs.h"
 
@@ -44,8 +44,9 @@ struct LayoutDesktop::Tilwin {
   qt::QtMainQueue queue;
   x11::X11Connection x{log};
   x11::X11Displays displays{x, queue};
+  x11::HeldWindow held{x};
   std::shared_ptr<x11::X11WindowProvider> provider =
-      std::make_shared<x11::X11WindowProvider>(x, displays, queue);
+      std::make_shared<x11::X11WindowProvider>(x, displays, held, queue);
   SnapController controller{provider};
 };
 

@@ -1,0 +1,46 @@
+#include "app/drag/DragRecording.h"
+
+#include <chrono>
+
+namespace tilwin {
+namespace {
+
+constexpr MainQueue::Seconds tickInterval(1);
+constexpr MainQueue::Seconds tickTolerance(0.5);
+
+}  // namespace
+
+DragRecording::DragRecording(MainQueue& mainQueue, Bundle& bundle, SnapController& controller)
+    : mainQueue_(mainQueue), bundle_(bundle), controller_(controller) {}
+
+void DragRecording::apply(bool on) {
+  if (on) open();
+  if (on && recorder_) {
+    controller_.onEvent = [recorder = recorder_](std::int64_t windowID, SnapAction action) {
+      recorder->actionPerformed(windowID, action);
+    };
+    if (!timer_)
+      timer_ = mainQueue_.repeat(tickInterval, tickTolerance, [recorder = recorder_] { recorder->tick(); });
+    return;
+  }
+  controller_.onEvent = nullptr;
+  timer_.reset();
+  if (recorder_) recorder_->discard();
+}
+
+void DragRecording::open() {
+  if (recorder_) return;
+  const auto place = ShadowLogFile::defaultURL(bundle_.applicationSupport());
+  if (!place) return;
+  log_ = std::make_shared<ShadowLogFile>(*place);
+  recorder_ = std::make_shared<ShadowRecorder>(
+      log_, [&queue = mainQueue_] { return std::chrono::floor<Date::duration>(queue.now()); });
+}
+
+void DragRecording::finish() {
+  if (!recorder_) return;
+  recorder_->flush();
+  log_->drain();
+}
+
+}  // namespace tilwin

@@ -1,0 +1,51 @@
+#include "app/settings/SettingsStore.h"
+
+#include <string>
+#include <utility>
+#include <variant>
+
+#include "core/settings/SettingsCoding.h"
+
+namespace tilwin {
+
+struct SettingsStore::Stored {
+  TilwinSettings settings{};
+  bool isUnreadable = false;
+
+  static Stored in(UserDefaults& defaults) {
+    const auto blob = defaults.data(key);
+    if (!blob) return {};
+    if (blob->size() > largestBlob) return {.isUnreadable = true};
+    auto decoded = decodeJson<TilwinSettings>(*blob);
+    auto* settings = std::get_if<TilwinSettings>(&decoded);
+    if (settings == nullptr) return {.isUnreadable = true};
+    settings->clamp();
+    return {.settings = std::move(*settings)};
+  }
+};
+
+SettingsStore::SettingsStore(UserDefaults& defaults) : SettingsStore(defaults, Stored::in(defaults)) {}
+
+SettingsStore::SettingsStore(UserDefaults& defaults, Stored stored)
+    : settings(std::move(stored.settings), [this](const TilwinSettings& changed) { save(changed); }),
+      defaults_(defaults),
+      isUnreadable_(stored.isUnreadable) {}
+
+void SettingsStore::save(TilwinSettings changed) {
+  changed.clamp();
+  const auto encoded = encodeJson(changed);
+  const auto* blob = std::get_if<std::string>(&encoded);
+  if (blob == nullptr || blob->size() > largestBlob || !keepUnreadable()) return;
+  defaults_.setData(key, *blob);
+}
+
+/// False when what is stored would be lost by a write.
+bool SettingsStore::keepUnreadable() {
+  if (!isUnreadable_) return true;
+  const auto blob = defaults_.data(key);
+  if (blob) defaults_.setData(unreadableKey, *blob);
+  isUnreadable_ = blob && defaults_.data(unreadableKey) != blob;
+  return !isUnreadable_;
+}
+
+}  // namespace tilwin

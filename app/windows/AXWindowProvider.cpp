@@ -1,0 +1,215 @@
+#include "app/windows/AXWindowProvider.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+#include "core/support/Fatal.h"
+#include "core/support/LocalizedOrder.h"
+#include "platform/ports/Accessibility.h"
+
+namespace tilwin {
+namespace {
+
+using Element = AccessibilityElementRef;
+
+/// How far up from the element under a point its window is looked for.
+constexpr int mostAncestors = 8;
+
+/// An attribute of another kind counts as missing.
+template <typename Value>
+std::optional<Value> attribute(Accessibility& from, const Element& of, std::string_view name) {
+  AccessibilityValue value = from.copyAttribute(of, name);
+  auto* held = std::get_if<Value>(&value);
+  return held == nullptr ? std::nullopt : std::optional<Value>(std::move(*held));
+}
+
+/// Null when missing.
+Element elementAttribute(Accessibility& from, const Element& of, std::string_view name) {
+  return attribute<Element>(from, of, name).value_or(nullptr);
+}
+
+std::optional<Rect> frameOfElement(Accessibility& from, const Element& window) {
+  const auto position = attribute<Point>(from, window, accessibility::position);
+  const auto size = attribute<Size>(from, window, accessibility::size);
+  if (!position || !size) return std::nullopt;
+  return Rect{position->x, position->y, size->width, size->height};
+}
+
+std::int64_t windowID(std::uint64_t hash) {
+  if (hash > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) {
+    fatal("The hash of a window's element is negative.");
+  }
+  return static_cast<std::int64_t>(hash);
+}
+
+Rect fromTopLeft(const ScreenRect& rect, double firstScreenHeight) {
+  return {rect.x, firstScreenHeight - (rect.y + rect.height), rect.width, rect.height};
+}
+
+/// Programs that show more of themselves to assistive software may animate or put off a move; for the move's
+/// duration such a program shows what it shows everybody.
+class PlainUserInterface {
+public:
+  PlainUserInterface(Accessibility& accessibility, std::optional<std::int32_t> processID)
+      : accessibility_(accessibility) {
+    if (!processID) return;
+    Element application = accessibility.application(*processID);
+    if (!attribute<bool>(accessibility, application, accessibility::enhancedUserInterface).value_or(false)) {
+      return;
+    }
+    switchedOff_ = std::move(application);
+    accessibility_.setAttribute(switchedOff_, accessibility::enhancedUserInterface, false);
+  }
+  PlainUserInterface(const PlainUserInterface&) = delete;
+  PlainUserInterface& operator=(const PlainUserInterface&) = delete;
+  ~PlainUserInterface() {
+    if (switchedOff_) {
+      accessibility_.setAttribute(switchedOff_, accessibility::enhancedUserInterface, true);
+    }
+  }
+
+private:
+  Accessibility& accessibility_;
+  Element switchedOff_;
+};
+
+}  // namespace
+
+AXWindowProvider::AXWindowProvider(Accessibility& accessibility, Workspace& workspace, Screens& screens)
+    : accessibility_(accessibility), workspace_(workspace), screens_(screens) {}
+
+std::vector<DisplayInfo> AXWindowProvider::displays() {
+  const std::vector<Screen> screens = screens_.screens();
+  const double firstHeight = screens.empty() ? 0 : screens.front().frame.height;
+  std::vector<DisplayInfo> displays;
+  for (const Screen& screen : screens) {
+    const std::size_t place = displays.size();
+    displays.push_back({.id = screen.number.value_or(static_cast<std::uint32_t>(place)),
+                        .frame = fromTopLeft(screen.frame, firstHeight),
+                        .visibleFrame = fromTopLeft(screen.visibleFrame, firstHeight),
+                        .isPrimary = place == 0});
+  }
+  return displays;
+}
+
+std::optional<WindowInfo> AXWindowProvider::focusedWindow() {
+  const auto front = workspace_.frontmostApplication();
+  if (!front || isThisProgram(*front)) return std::nullopt;
+  const Element application = accessibility_.application(front->processID);
+  Element window = elementAttribute(accessibility_, application, accessibility::focusedWindow);
+  if (!window) window = elementAttribute(accessibility_, application, accessibility::mainWindow);
+  if (!window) return std::nullopt;
+  return described(window, *front, 0);
+}
+
+std::vector<WindowInfo> AXWindowProvider::allWindows() {
+  elements_.clear();
+  std::vector<WindowInfo> windows;
+  for (const RunningApplication& application : listedApplications()) appendWindows(application, windows);
+  return windows;
+}
+
+bool AXWindowProvider::applyFrame(std::int64_t id, const Rect& frame) {
+  const auto found = elements_.find(id);
+  if (found == elements_.end()) return false;
+  const Element& window = found->second;
+  const PlainUserInterface plain(accessibility_, accessibility_.owningProcess(window));
+  const Point position{frame.x, frame.y};
+  const Size size{frame.width, frame.height};
+  const bool moved = accessibility_.setAttribute(window, accessibility::position, position);
+  const bool resized = accessibility_.setAttribute(window, accessibility::size, size);
+  // A window is kept on its screen while it grows, which can push it away from where it was put.
+  const bool movedAgain = accessibility_.setAttribute(window, accessibility::position, position);
+  return moved && resized && movedAgain;
+}
+
+std::optional<Rect> AXWindowProvider::frame(std::int64_t of) {
+  const auto found = elements_.find(of);
+  return found == elements_.end() ? std::nullopt : frameOfElement(accessibility_, found->second);
+}
+
+std::optional<WindowInfo> AXWindowProvider::window(Point at) {
+  const Element window = windowAround(accessibility_.element(at));
+  if (!window) return std::nullopt;
+  const auto processID = accessibility_.owningProcess(window);
+  if (!processID) return std::nullopt;
+  const auto running = workspace_.runningApplications();
+  const auto owner = std::find_if(running.begin(), running.end(), [&](const RunningApplication& candidate) {
+    return candidate.processID == *processID;
+  });
+  if (owner == running.end() || isThisProgram(*owner)) return std::nullopt;
+  return described(window, *owner, 0);
+}
+
+/// Programs without a bundle cannot be told apart, so one without it takes all of them for itself.
+bool AXWindowProvider::isThisProgram(const RunningApplication& application) {
+  return application.bundleIdentifier == workspace_.ownBundleIdentifier();
+}
+
+std::vector<RunningApplication> AXWindowProvider::listedApplications() {
+  std::vector<RunningApplication> applications = workspace_.runningApplications();
+  std::erase_if(applications, [this](const RunningApplication& application) {
+    return !application.isRegular || isThisProgram(application);
+  });
+  const auto front = workspace_.frontmostApplication();
+  const auto isInFront = [&](const RunningApplication& application) {
+    return front && application.processID == front->processID;
+  };
+  const LocalizedOrder names;
+  std::stable_sort(applications.begin(), applications.end(), [&](const auto& first, const auto& second) {
+    if (isInFront(first) != isInFront(second)) return isInFront(first);
+    return names.precedes(first.localizedName.value_or(""), second.localizedName.value_or(""));
+  });
+  return applications;
+}
+
+/// The windows that can be described are counted on from those already there.
+void AXWindowProvider::appendWindows(const RunningApplication& of, std::vector<WindowInfo>& to) {
+  const auto windows = attribute<std::vector<Element>>(
+      accessibility_, accessibility_.application(of.processID), accessibility::windows);
+  if (!windows) return;
+  for (const Element& window : *windows) {
+    const auto subrole = attribute<std::string>(accessibility_, window, accessibility::subrole);
+    if (subrole.value_or(std::string(accessibility::standardWindowSubrole)) !=
+        accessibility::standardWindowSubrole) {
+      continue;
+    }
+    if (auto info = described(window, of, static_cast<std::int64_t>(to.size()))) {
+      to.push_back(*std::move(info));
+    }
+  }
+}
+
+/// Nothing for a window whose frame cannot be read; any other has an id from now on.
+std::optional<WindowInfo> AXWindowProvider::described(const Element& window, const RunningApplication& owner,
+                                                      std::int64_t zOrder) {
+  const auto standing = frameOfElement(accessibility_, window);
+  if (!standing) return std::nullopt;
+  const std::int64_t id = windowID(accessibility_.hash(window));
+  elements_.insert_or_assign(id, window);
+  return WindowInfo{
+      .id = id,
+      .bundleID = owner.bundleIdentifier.value_or(""),
+      .appName = owner.localizedName.value_or(""),
+      .title = attribute<std::string>(accessibility_, window, accessibility::title).value_or(""),
+      .frame = *standing,
+      .isMinimized = attribute<bool>(accessibility_, window, accessibility::minimized).value_or(false),
+      .zOrder = zOrder};
+}
+
+/// The nearest window upward from an element, itself included; the farthest ancestor that is looked at counts
+/// as one without being asked. Null when the way up ends before.
+Element AXWindowProvider::windowAround(Element element) {
+  for (int step = 0; element && step < mostAncestors; ++step) {
+    const auto role = attribute<std::string>(accessibility_, element, accessibility::role);
+    if (role == accessibility::windowRole) break;
+    element = elementAttribute(accessibility_, element, accessibility::parent);
+  }
+  return element;
+}
+
+}  // namespace tilwin

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/ports/Accessibility.h"
+#include "platform/ports/DesktopWindows.h"
+#include "platform/ports/Screens.h"
+#include "platform/ports/Workspace.h"
+
+namespace tilwin {
+
+/// Displays and windows by way of accessibility, for desktops that have it. This program's own windows are
+/// never told of. For the main thread.
+///
+/// A window's id is the hash of its element. Listing all windows forgets the ids handed out before, so that
+/// those of windows that are gone mean nothing any longer; the other queries only add ids.
+class AXWindowProvider final : public DesktopWindows {
+public:
+  /// The ports must outlive the provider.
+  AXWindowProvider(Accessibility& accessibility, Workspace& workspace, Screens& screens);
+
+  [[nodiscard]] std::vector<DisplayInfo> displays() override;
+  /// The frontmost program's focused window, else its main window.
+  [[nodiscard]] std::optional<WindowInfo> focusedWindow() override;
+  /// The standard windows of all regular programs, minimised ones too: the frontmost program's first, the
+  /// others' by name.
+  [[nodiscard]] std::vector<WindowInfo> allWindows() override;
+  [[nodiscard]] std::optional<Rect> frame(std::int64_t of) override;
+  [[nodiscard]] std::optional<WindowInfo> window(Point at) override;
+
+private:
+  bool applyFrame(std::int64_t id, const Rect& frame) override;
+  [[nodiscard]] bool isThisProgram(const RunningApplication& application);
+  [[nodiscard]] std::vector<RunningApplication> listedApplications();
+  void appendWindows(const RunningApplication& of, std::vector<WindowInfo>& to);
+  std::optional<WindowInfo> described(const AccessibilityElementRef& window, const RunningApplication& owner,
+                                      std::int64_t zOrder);
+  [[nodiscard]] AccessibilityElementRef windowAround(AccessibilityElementRef element);
+
+  Accessibility& accessibility_;
+  Workspace& workspace_;
+  Screens& screens_;
+  std::unordered_map<std::int64_t, AccessibilityElementRef> elements_;
+};
+
+}  // namespace tilwin

@@ -1,0 +1,101 @@
+#include "platform/x11/displays/Strut.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tilwin::x11 {
+
+namespace {
+
+constexpr std::size_t partialCount = 12;
+constexpr std::size_t wholeCount = 4;
+
+/// What one edge of the desktop means: where room of some depth along it lies, and what that leaves visible.
+struct EdgeRule {
+  Strut::Edge edge;
+  bool isUpright;
+  Rect (*room)(double depth, const Span& along, const Rect& desktop);
+  Rect (*without)(const Rect& visible, const Rect& room);
+};
+
+Rect fromEdges(double left, double top, double right, double bottom) {
+  return {left, top, right - left, bottom - top};
+}
+
+/// In the order of both properties: the depths stand at 0 to 3, and in the partial one the first and last
+/// coordinate of each along its edge from 4 on.
+constexpr std::array<EdgeRule, 4> rules{{
+    {Strut::Edge::left, true,
+     [](double depth, const Span& along, const Rect&) {
+       return Rect{0, along.start, depth, along.length};
+     },
+     [](const Rect& visible, const Rect& room) {
+       return fromEdges(std::max(visible.x, room.maxX()), visible.y, visible.maxX(), visible.maxY());
+     }},
+    {Strut::Edge::right, true,
+     [](double depth, const Span& along, const Rect& desktop) {
+       return Rect{desktop.width - depth, along.start, depth, along.length};
+     },
+     [](const Rect& visible, const Rect& room) {
+       return fromEdges(visible.x, visible.y, std::min(visible.maxX(), room.x), visible.maxY());
+     }},
+    {Strut::Edge::top, false,
+     [](double depth, const Span& along, const Rect&) {
+       return Rect{along.start, 0, along.length, depth};
+     },
+     [](const Rect& visible, const Rect& room) {
+       return fromEdges(visible.x, std::max(visible.y, room.maxY()), visible.maxX(), visible.maxY());
+     }},
+    {Strut::Edge::bottom, false,
+     [](double depth, const Span& along, const Rect& desktop) {
+       return Rect{along.start, desktop.height - depth, along.length, depth};
+     },
+     [](const Rect& visible, const Rect& room) {
+       return fromEdges(visible.x, visible.y, visible.maxX(), std::min(visible.maxY(), room.y));
+     }},
+}};
+
+const EdgeRule& ruleFor(Strut::Edge edge) {
+  return *std::find_if(rules.begin(), rules.end(), [&](const EdgeRule& rule) { return rule.edge == edge; });
+}
+
+Span spanIn(const std::vector<std::uint32_t>& partial, std::size_t index) {
+  const double first = partial[wholeCount + 2 * index];
+  const double last = partial[wholeCount + 2 * index + 1];
+  return {first, last - first + 1};
+}
+
+bool touches(const Rect& room, const Rect& monitor) {
+  return room.x < monitor.maxX() && monitor.x < room.maxX() && room.y < monitor.maxY() &&
+         monitor.y < room.maxY();
+}
+
+}  // namespace
+
+std::vector<Strut> strutsOf(const std::vector<std::uint32_t>& partial,
+                            const std::vector<std::uint32_t>& whole, const Rect& desktop) {
+  const bool isPartial = partial.size() >= partialCount;
+  if (!isPartial && whole.size() < wholeCount) return {};
+  std::vector<Strut> result;
+  for (std::size_t index = 0; index < rules.size(); ++index) {
+    const auto& rule = rules[index];
+    const double depth = isPartial ? partial[index] : whole[index];
+    if (depth <= 0) continue;
+    const Span wholeEdge{0, rule.isUpright ? desktop.height : desktop.width};
+    const Span along = isPartial ? spanIn(partial, index) : wholeEdge;
+    result.push_back({rule.edge, rule.room(depth, along, desktop)});
+  }
+  return result;
+}
+
+Rect visibleFrame(const Rect& monitor, std::span<const Strut> struts) {
+  Rect visible = monitor;
+  for (const auto& strut : struts) {
+    if (!touches(strut.room, monitor)) continue;
+    const Rect less = ruleFor(strut.edge).without(visible, strut.room);
+    if (less.width > 0 && less.height > 0) visible = less;
+  }
+  return visible;
+}
+
+}  // namespace tilwin::x11

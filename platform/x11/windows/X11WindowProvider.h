@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "platform/ports/DesktopWindows.h"
+#include "platform/ports/MainQueue.h"
+#include "platform/x11/displays/X11Displays.h"
+#include "platform/x11/windows/DesktopEntries.h"
+#include "platform/x11/windows/HeldWindow.h"
+#include "platform/x11/windows/MoveLedger.h"
+#include "platform/x11/windows/WindowIds.h"
+#include "platform/x11/windows/WindowReader.h"
+#include "platform/x11/wire/X11Connection.h"
+
+namespace tilwin::x11 {
+
+/// The windows of an X11 desktop, read and moved through its window manager. Frames are outer frames as they
+/// look on the screen: decorations included, invisible client-side shadows left out. A key press costs one
+/// round trip to learn of the focused window and one request to move it.
+///
+/// Sources: EWMH (_NET_ACTIVE_WINDOW, _NET_CLIENT_LIST, _NET_MOVERESIZE_WINDOW, _NET_WM_STATE,
+/// _NET_FRAME_EXTENTS), ICCCM (WM_CLASS, WM_TRANSIENT_FOR).
+class X11WindowProvider : public DesktopWindows {
+public:
+  /// All must outlive this. The held window is the one that `X11Pointer` asks ahead for.
+  X11WindowProvider(X11Connection& x, X11Displays& displays, HeldWindow& held, MainQueue& queue);
+
+  [[nodiscard]] std::vector<DisplayInfo> displays() override;
+  [[nodiscard]] std::optional<WindowInfo> focusedWindow() override;
+  [[nodiscard]] std::vector<WindowInfo> allWindows() override;
+  [[nodiscard]] std::optional<Rect> frame(std::int64_t of) override;
+  [[nodiscard]] std::optional<WindowInfo> window(Point at) override;
+
+private:
+  bool applyFrame(std::int64_t id, const Rect& frame) override;
+  /// A snapshot is as good as fresh until an event has come in after it.
+  struct Seen {
+    WindowSnapshot snapshot;
+    std::uint64_t generation = 0;
+  };
+
+  void listenToEvents();
+  void propertyChanged(const xcb_property_notify_event_t& event);
+  void shapeMayHaveChanged(const xcb_property_notify_event_t& event);
+  void windowConfigured(xcb_window_t window);
+  void insist(xcb_window_t window);
+  void correctShape(xcb_window_t window);
+  void forgetClosedWindows();
+  [[nodiscard]] WindowInfo infoFor(const WindowSnapshot& snapshot, std::int64_t zOrder);
+  [[nodiscard]] std::optional<WindowSnapshot> freshSnapshot(xcb_window_t window) const;
+  void move(const WindowSnapshot& snapshot, const Rect& frame);
+  void watch(xcb_window_t window, std::uint32_t eventMask);
+
+  X11Connection& x_;
+  MainQueue& queue_;
+  X11Displays& displays_;
+  HeldWindow& held_;
+  DesktopEntries desktopEntries_;
+  WindowIds ids_;
+  MoveLedger ledger_;
+  std::set<xcb_window_t> watched_;  ///< windows we moved, and hear of
+  xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
+  std::optional<Seen> lastSeen_;
+  DeferredWork closing_;
+};
+
+}  // namespace tilwin::x11
