@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/drag/ShadowSink.h"
+#include "core/drag/ShadowRecord.h"
 #include "core/support/AtomicFile.h"
 #include "core/support/SerialQueue.h"
 

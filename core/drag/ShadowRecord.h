@@ -29,4 +29,16 @@ struct ShadowRecord {
   [[nodiscard]] DragFeatures features() const { return {distance, speed, dwell, settled, neighbour}; }
 };
 
+/// Where finished records of drags go.
+class ShadowSink {
+public:
+  ShadowSink() = default;
+  ShadowSink(const ShadowSink&) = delete;
+  ShadowSink& operator=(const ShadowSink&) = delete;
+  virtual ~ShadowSink() = default;
+
+  /// Returns at once and never fails: a record that cannot be kept is lost.
+  virtual void append(const ShadowRecord& record) = 0;
+};
+
 }  // namespace tilwin

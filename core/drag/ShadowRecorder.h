@@ -10,7 +10,7 @@
 
 #include "core/drag/DragFeatures.h"
 #include "core/drag/DragFollowUp.h"
-#include "core/drag/ShadowSink.h"
+#include "core/drag/ShadowRecord.h"
 #include "core/snap/actions/SnapAction.h"
 #include "core/support/Date.h"
 

@@ -38,6 +38,14 @@ struct SnapController::Scene {
   const DisplayInfo& display;  ///< the one the window belongs to
 };
 
+struct SnapController::FocusedPlace {
+  std::shared_ptr<WindowProvider> provider;
+  WindowInfo window;
+  /// What areas are fractions of: the display's visible frame less the margin. The gap between tiles plays no
+  /// part.
+  Rect inner;
+};
+
 SnapController::SnapController(std::weak_ptr<WindowProvider> provider) : provider_(std::move(provider)) {}
 
 bool SnapController::perform(SnapAction action) {
@@ -113,6 +121,48 @@ bool SnapController::snap(std::int64_t windowID, SnapAction to, const DisplayInf
   if (!provider->setFrame(windowID, *target)) return false;
   if (onEvent) onEvent(windowID, to);
   return true;
+}
+
+std::optional<SnapController::FocusedPlace> SnapController::focusedPlace() const {
+  auto provider = provider_.lock();
+  if (!provider) return std::nullopt;
+  auto window = provider->focusedWindow();
+  if (!window) return std::nullopt;
+  const auto displays = provider->displays();
+  const DisplayInfo* home = display(window->frame, displays);
+  if (home == nullptr) return std::nullopt;
+  return FocusedPlace{std::move(provider), *std::move(window), home->visibleFrame.inset(outer)};
+}
+
+bool SnapController::snap(const CustomArea& to) {
+  const auto place = focusedPlace();
+  if (!place || ignoredBundleIDs.contains(place->window.bundleID)) return false;
+  return moveUnlessThere(*place->provider, place->window, CustomArea::clamped(to.rect).rect(place->inner));
+}
+
+std::optional<CustomArea> SnapController::captureFocusedWindow(std::string named) const {
+  const auto place = focusedPlace();
+  if (!place) return std::nullopt;
+  CustomArea area = CustomArea::starter(std::move(named));
+  area.rect = CustomArea::clamped(NormalizedRect::of(place->window.frame, place->inner));
+  return area;
+}
+
+LayoutPlan SnapController::apply(const Layout& layout) {
+  const auto provider = provider_.lock();
+  if (!provider) return {{}, layout.slots};
+  auto windows = provider->allWindows();
+  std::erase_if(windows,
+                [&](const WindowInfo& window) { return ignoredBundleIDs.contains(window.bundleID); });
+  auto plan = LayoutPlanner::plan(layout, windows, provider->displays(), outer, gap, false);
+  for (const Placement& placement : plan.placements) {
+    const auto window = std::find_if(windows.begin(), windows.end(), [&](const WindowInfo& candidate) {
+      return candidate.id == placement.windowID;
+    });
+    if (window != windows.end()) remember(*window);
+    provider->setFrame(placement.windowID, placement.frame);
+  }
+  return plan;
 }
 
 void SnapController::remember(const WindowInfo& window) { previous_.try_emplace(window.id, window.frame); }

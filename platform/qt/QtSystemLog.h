@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QDebug>
+#include <QString>
+
 #include "platform/ports/SystemLog.h"
 
 namespace tilwin::qt {
@@ -7,7 +10,9 @@ namespace tilwin::qt {
 /// Writes through Qt's message handler: to standard error, or to the journal where the session runs under it.
 class QtSystemLog : public SystemLog {
 public:
-  void write(std::string_view line) override;
+  void write(std::string_view line) override {
+    qInfo().noquote() << QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
+  }
 };
 
 }  // namespace tilwin::qt

@@ -1,10 +1,30 @@
 #pragma once
 
+#include "platform/ports/Screens.h"
+#include "platform/ports/Workspace.h"
 #include "platform/simulated/SimulatedAccessibility.h"
-#include "platform/simulated/SimulatedScreens.h"
-#include "platform/simulated/SimulatedWorkspace.h"
 
 namespace tilwin {
+
+/// Screens as whoever plays the user connects them.
+class SimulatedScreens final : public Screens {
+public:
+  std::vector<Screen> connected{};
+
+  std::vector<Screen> screens() override { return connected; }
+};
+
+/// Running programs as whoever plays the user lists them.
+class SimulatedWorkspace final : public Workspace {
+public:
+  std::optional<RunningApplication> frontmost{};
+  std::vector<RunningApplication> running{};
+  std::optional<std::string> own = "org.example.Tilwin";
+
+  std::optional<RunningApplication> frontmostApplication() override { return frontmost; }
+  std::vector<RunningApplication> runningApplications() override { return running; }
+  std::optional<std::string> ownBundleIdentifier() override { return own; }
+};
 
 /// A window as an ordinary program shows it to accessibility.
 struct AccessibleWindow {

@@ -6,15 +6,10 @@
 #include <string_view>
 
 #include "platform/ports/Platform.h"
-#include "platform/simulated/SimulatedBundle.h"
 #include "platform/simulated/SimulatedHotKeys.h"
-#include "platform/simulated/SimulatedLog.h"
 #include "platform/simulated/SimulatedMainQueue.h"
-#include "platform/simulated/SimulatedOverlay.h"
 #include "platform/simulated/SimulatedPointer.h"
-#include "platform/simulated/SimulatedScreenChanges.h"
-#include "platform/simulated/SimulatedTrust.h"
-#include "platform/simulated/SimulatedUserDefaults.h"
+#include "platform/simulated/SimulatedSystem.h"
 #include "platform/simulated/SimulatedWindows.h"
 
 namespace tilwin {

@@ -7,7 +7,7 @@
 
 #include "core/drag/ShadowLogFile.h"
 #include "core/drag/ShadowReport.h"
-#include "platform/simulated/SimulatedBundle.h"
+#include "platform/simulated/SimulatedSystem.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/drag/Records.h"
 

@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "core/settings/SettingsCoding.h"
-#include "platform/simulated/SimulatedUserDefaults.h"
+#include "platform/simulated/SimulatedSystem.h"
 #include "tests/core/ArbitrarySettings.h"
 #include "tests/core/JsonText.h"
 

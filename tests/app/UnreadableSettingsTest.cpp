@@ -2,7 +2,7 @@
 
 #include "app/settings/SettingsStore.h"
 #include "core/settings/SettingsCoding.h"
-#include "platform/simulated/SimulatedUserDefaults.h"
+#include "platform/simulated/SimulatedSystem.h"
 #include "tests/core/ArbitrarySettings.h"
 #include "tests/core/JsonText.h"
 

@@ -1,4 +1,4 @@
-#include "platform/simulated/SimulatedBundle.h"
+#include "platform/simulated/SimulatedSystem.h"
 
 #include "tests/TemporaryFolder.h"
 #include "tests/contract/BundleContract.h"

@@ -1,4 +1,4 @@
-#include "platform/simulated/SimulatedUserDefaults.h"
+#include "platform/simulated/SimulatedSystem.h"
 
 #include "tests/contract/UserDefaultsContract.h"
 
