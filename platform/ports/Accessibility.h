@@ -12,9 +12,9 @@
 
 namespace tilwin {
 
-/// A thing on the screen that another program shows: a window, a button, the program itself. Opaque: only the
-/// adapter that made it knows what is inside. It may outlive what it stands for, and then nothing can be read
-/// from it. Two of them may stand for the same thing; their hashes tell.
+/// A user interface element of another program: a window, a button, or the program itself. Opaque: only the
+/// adapter that created it knows its content. It may outlive the thing it refers to; every read then fails.
+/// Two objects may refer to the same thing; compare their hashes to find out.
 class AccessibilityElement {
 public:
   AccessibilityElement(const AccessibilityElement&) = delete;
@@ -27,13 +27,14 @@ protected:
 
 using AccessibilityElementRef = std::shared_ptr<const AccessibilityElement>;
 
-/// What an attribute holds; `monostate` when it is missing, cannot be read or is of no kind named here. No
-/// element in it is null. Points and sizes are in the global desktop space.
+/// The value of an attribute; `monostate` if it is missing, cannot be read, or has a type not listed here.
+/// Elements in it are never null. Points and sizes are in points, in global desktop coordinates.
 using AccessibilityValue = std::variant<std::monostate, AccessibilityElementRef,
                                         std::vector<AccessibilityElementRef>, std::string, bool, Point, Size>;
 
-/// Reads and changes what other programs show, by the attributes of macOS accessibility (AXUIElement.h). For
-/// the main thread. Without the user's permission every read finds nothing and every write fails.
+/// Reads and changes the user interface of other programs through accessibility attributes. Call it from the
+/// main thread only. Without the user's permission every read returns nothing and every write fails.
+/// Source: the accessibility API of macOS (AXUIElement.h).
 class Accessibility {
 public:
   Accessibility() = default;
@@ -41,24 +42,26 @@ public:
   Accessibility& operator=(const Accessibility&) = delete;
   virtual ~Accessibility() = default;
 
-  /// The element that stands for a whole program. Never null; where there is no such program it is one that
-  /// nothing can be read from.
+  /// The element of a whole program. Never null; if no such process exists, every read from the element
+  /// fails.
   [[nodiscard]] virtual AccessibilityElementRef application(std::int32_t processID) = 0;
-  /// The innermost element under a point, whatever program shows it. Null when there is none.
+  /// The innermost element under a point, of any program; null if there is none.
   [[nodiscard]] virtual AccessibilityElementRef element(Point at) = 0;
   [[nodiscard]] virtual AccessibilityValue copyAttribute(const AccessibilityElementRef& of,
                                                          std::string_view name) = 0;
-  /// True when the program took the value.
+  /// Returns whether the program accepted the value.
   virtual bool setAttribute(const AccessibilityElementRef& of, std::string_view name,
                             const AccessibilityValue& value) = 0;
+  /// The id of the process that the element belongs to; nothing if it is unknown.
   [[nodiscard]] virtual std::optional<std::int32_t> owningProcess(const AccessibilityElementRef& of) = 0;
-  /// The same for all elements that stand for the same thing, for as long as it is there (CFHash).
+  /// The same value for all elements that refer to the same thing, as long as that thing exists (CFHash).
   [[nodiscard]] virtual std::uint64_t hash(const AccessibilityElementRef& of) = 0;
 };
 
 }  // namespace tilwin
 
-/// The names of macOS accessibility that the program speaks (AXAttributeConstants.h, AXRoleConstants.h).
+/// The accessibility attributes and roles that the program uses, by their macOS names. Source:
+/// AXAttributeConstants.h, AXRoleConstants.h.
 
 namespace tilwin::accessibility {
 

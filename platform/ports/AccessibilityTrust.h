@@ -2,7 +2,7 @@
 
 namespace tilwin {
 
-/// Whether the user lets this program see and move other programs' windows.
+/// Whether the user allows this program to see and move other programs' windows.
 class AccessibilityTrust {
 public:
   AccessibilityTrust() = default;
@@ -11,7 +11,7 @@ public:
   virtual ~AccessibilityTrust() = default;
 
   [[nodiscard]] virtual bool isTrusted() = 0;
-  /// Has the desktop ask the user, who may answer much later.
+  /// Makes the desktop ask the user for permission. Returns at once; the answer may come much later.
   virtual void ask() = 0;
 };
 

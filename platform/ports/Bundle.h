@@ -5,7 +5,7 @@
 
 namespace tilwin {
 
-/// The places that a desktop has for what belongs to this program.
+/// The places where this desktop keeps the files of programs.
 class Bundle {
 public:
   Bundle() = default;
@@ -13,8 +13,8 @@ public:
   Bundle& operator=(const Bundle&) = delete;
   virtual ~Bundle() = default;
 
-  /// The folder in which the user's programs keep their files, each in one of its own; made if it is missing.
-  /// Nothing when there is no such place or it cannot be made.
+  /// The folder in which each of the user's programs has a subfolder for its files. Created if it is missing.
+  /// Returns nothing if the desktop has no such folder or it cannot be created.
   [[nodiscard]] virtual std::optional<std::filesystem::path> applicationSupport() = 0;
 };
 

@@ -8,14 +8,17 @@
 
 namespace tilwin {
 
-/// The windows of a desktop with what is needed to watch one being dragged.
+/// A `WindowProvider` that can also follow a window while the user drags it. Frames and points are in points,
+/// in global desktop coordinates.
 class DesktopWindows : public WindowProvider {
 public:
   using WindowProvider::WindowProvider;
 
-  /// Where the window really stands at this moment; nothing when it is not known or has gone.
+  /// The actual frame of the window at this moment, which may differ from the one it was asked to take.
+  /// Nothing if this provider did not issue the id or the window is closed.
   [[nodiscard]] virtual std::optional<Rect> frame(std::int64_t of) = 0;
-  /// The window of another program under a point, its frame as it really stands.
+  /// The topmost window at a point, with its actual frame. Nothing if there is none, it belongs to this
+  /// program, or it is one that is never moved, such as a panel.
   [[nodiscard]] virtual std::optional<WindowInfo> window(Point at) = 0;
 };
 

@@ -7,8 +7,9 @@
 
 namespace tilwin {
 
-/// Handlers that are told of something, each for as long as its token lives. For adapters: `Token` is the
-/// type that a port hands out. Handlers may add others and end themselves and others while they are told.
+/// A list of callbacks, for use in adapters. Each callback stays registered as long as its token lives; the
+/// caller owns the token. `Token` is the base class that the port declares. A callback may add others and
+/// destroy its own and other tokens while it runs.
 template <typename Token, typename... Arguments>
 class Listeners {
 public:
@@ -22,7 +23,7 @@ public:
   }
 
   void tell(Arguments... arguments) const {
-    // A copy, as handlers may come and go meanwhile.
+    // A copy, because a handler may change the list.
     const auto handlers = handlers_;
     for (const auto& each : handlers) {
       if (const auto handler = each.lock()) (*handler)(arguments...);

@@ -6,15 +6,16 @@
 
 namespace tilwin {
 
-/// The program's one thread of work: everything the program does runs as a task of this queue or in answer
-/// to a desktop event that the same loop delivers. Times are seconds; wall-clock times are UTC.
+/// The event loop of the main thread. Everything the program does runs as a task of this queue or as a
+/// handler of a desktop event that the same loop delivers. Call it from the main thread only. Times are
+/// seconds; wall-clock times are UTC.
 class MainQueue {
 public:
   using Task = std::function<void()>;
   using Seconds = std::chrono::duration<double>;
   using WallTime = std::chrono::system_clock::time_point;
 
-  /// A repetition that lasts as long as this object does.
+  /// A repeating task; destroying this object ends the repetition.
   class Repetition {
   public:
     Repetition() = default;
@@ -28,21 +29,23 @@ public:
   MainQueue& operator=(const MainQueue&) = delete;
   virtual ~MainQueue() = default;
 
-  /// Runs the task after what runs now has returned, never inside this call; tasks run in the order posted.
+  /// Runs the task after the current task or event handler has returned, never inside this call. Tasks run in
+  /// the order in which they were posted.
   virtual void post(Task task) = 0;
   /// Runs the task once, no earlier than `delay` from now.
   virtual void postAfter(Seconds delay, Task task) = 0;
-  /// Runs the task every `interval`, each time up to `tolerance` late so that wake-ups can be shared.
+  /// Runs the task every `interval`. Each run may be up to `tolerance` late, so that the system can combine
+  /// wake-ups.
   [[nodiscard]] virtual std::unique_ptr<Repetition> repeat(Seconds interval, Seconds tolerance,
                                                            Task task) = 0;
 
   [[nodiscard]] virtual WallTime now() const = 0;
-  /// Seconds on a clock that never goes back; only differences mean anything.
+  /// Time on a monotonic clock with an unspecified start; use only differences.
   [[nodiscard]] virtual Seconds uptime() const = 0;
 
-  /// Runs tasks and desktop events until `stop`; the result is the exit status given to `stop`.
+  /// Runs tasks and delivers desktop events until `stop` is called. Returns the exit status given to `stop`.
   virtual int run() = 0;
-  /// Ends `run` after the current task; tasks given to `onAboutToStop` then run in their order before it
+  /// Ends `run` after the current task. The tasks given to `onAboutToStop` run, in that order, before `run`
   /// returns.
   virtual void stop(int exitStatus) = 0;
   virtual void onAboutToStop(Task task) = 0;

@@ -4,7 +4,7 @@
 
 namespace tilwin {
 
-/// How the overlay looks on every desktop: filled and bordered in the accent colour. Lengths in points.
+/// The look of the overlay on every desktop; fill and border have the accent colour. Lengths are in points.
 struct OverlayStyle {
   static constexpr double fillOpacity = 0.22;
   static constexpr double borderOpacity = 0.7;
@@ -13,7 +13,7 @@ struct OverlayStyle {
 };
 
 /// A translucent sheet above all windows that shows where a dragged window would go. It never takes the focus
-/// or a click and is in no list of windows.
+/// or a click and is not part of any list of windows. Frames are in points.
 class Overlay {
 public:
   Overlay() = default;
@@ -21,15 +21,14 @@ public:
   Overlay& operator=(const Overlay&) = delete;
   virtual ~Overlay() = default;
 
-  /// Puts it there at once, in front of everything; made on first use. A frame that is not placeable changes
-  /// nothing.
+  /// Shows the overlay at this frame, above everything, at once. Ignores a frame that is not placeable.
   void show(const Rect& frame) {
     if (frame.isPlaceable()) showAt(frame);
   }
   virtual void hide() = 0;
 
 protected:
-  /// What `show` does for each desktop; the frame is placeable.
+  /// Implements `show`; the frame is placeable.
   virtual void showAt(const Rect& frame) = 0;
 };
 

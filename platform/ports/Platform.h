@@ -15,8 +15,8 @@
 
 namespace tilwin {
 
-/// Everything the program needs from one desktop. The composition root makes the adapters, owns them, and
-/// keeps them for as long as anything uses this.
+/// Everything the program needs from one desktop. The composition root creates and owns the adapters; they
+/// must outlive every user of this.
 struct Platform {
   MainQueue& mainQueue;
   SystemLog& log;

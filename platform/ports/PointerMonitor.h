@@ -9,24 +9,24 @@
 
 namespace tilwin {
 
-/// What the left mouse button does. The values are the bits by which macOS selects events.
+/// An event of the left mouse button. The values are the event mask bits of macOS (NSEvent.h).
 enum class PointerEvent : std::uint8_t {
   leftMouseDown = 2,
   leftMouseUp = 4,
   leftMouseDragged = 64,  ///< the pointer moved while the button was down
 };
 
-/// Watches the mouse whatever program it works on, and keeps no event from anybody. Nothing is told inside a
-/// call of these.
+/// Watches the mouse over all programs without consuming an event. No handler is called from inside one of
+/// these functions.
 class PointerMonitor {
 public:
   using Handler = std::function<void(PointerEvent event)>;
 
-  /// How often a drag is looked at: moves that come sooner after the last look are ignored by the watcher,
-  /// and an adapter need not report them.
+  /// How often a drag is examined. The drag watcher ignores a move that comes sooner after the last one it
+  /// examined, so an adapter need not report it.
   static constexpr std::chrono::milliseconds betweenLooks{30};
 
-  /// Events are told for as long as this lives; it may go while one is told.
+  /// The handler is called as long as this object lives. It may be destroyed inside the handler.
   class Token {
   public:
     Token() = default;
@@ -40,15 +40,17 @@ public:
   PointerMonitor& operator=(const PointerMonitor&) = delete;
   virtual ~PointerMonitor() = default;
 
-  /// Told of such events that go to other programs. Null when the desktop does not allow it.
+  /// Calls the handler for each of these events that goes to another program. Null if the desktop does not
+  /// allow it.
   [[nodiscard]] virtual std::unique_ptr<Token> addGlobal(PointerEvent events, Handler handler) = 0;
-  /// Told of such events that go to this program's own windows. Null where the global monitors are told of
-  /// those too.
+  /// Calls the handler for each of these events that goes to this program's own windows. Null if the global
+  /// monitors report those too.
   [[nodiscard]] virtual std::unique_ptr<Token> addLocal(PointerEvent events, Handler handler) = 0;
-  /// Told when the user has called off a drag whose button is still down, so that the desktop has put the
-  /// window back. Null on a desktop where that cannot be done.
+  /// Calls the handler when the user cancels a drag while the button is still down; the desktop then puts the
+  /// window back. Null on a desktop where drags cannot be cancelled.
   [[nodiscard]] virtual std::unique_ptr<Token> addCancelled(std::function<void()> handler) = 0;
 
+  /// Where the pointer is, in points, in global desktop coordinates.
   [[nodiscard]] virtual Point position() = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace tilwin {
 
-/// Tells when displays come, go or change, or panels take other room from them.
+/// Reports that displays were connected, removed or changed, or that the space taken by panels changed.
 class ScreenChanges {
 public:
   ScreenChanges() = default;
@@ -12,8 +12,8 @@ public:
   ScreenChanges& operator=(const ScreenChanges&) = delete;
   virtual ~ScreenChanges() = default;
 
-  /// The one receiver; replaces an earlier one. Told from the main queue's thread once what is listed has
-  /// changed.
+  /// Sets the only handler; it replaces an earlier one. It is called on the main thread, after the list of
+  /// displays has changed.
   virtual void onChange(std::function<void()> handler) = 0;
 };
 

@@ -6,8 +6,8 @@
 
 namespace tilwin {
 
-/// A rectangle as macOS places screens: points, origin at the bottom-left corner of the first screen, x to
-/// the right and y upward, so that `y` is the bottom edge.
+/// A rectangle in the screen coordinates of macOS: points, with the origin at the bottom-left corner of the
+/// first screen, x to the right and y upwards. `y` is therefore the bottom edge.
 struct ScreenRect {
   double x = 0;
   double y = 0;
@@ -20,12 +20,12 @@ struct ScreenRect {
 struct Screen {
   ScreenRect frame{};
   ScreenRect visibleFrame{};              ///< without the menu bar and the dock
-  std::optional<std::uint32_t> number{};  ///< "NSScreenNumber"; nothing when missing or not a number
+  std::optional<std::uint32_t> number{};  ///< "NSScreenNumber"; nothing if it is missing or not a number
 
   bool operator==(const Screen&) const = default;
 };
 
-/// Knows which screens are connected.
+/// Lists the connected screens. Source: NSScreen of macOS.
 class Screens {
 public:
   Screens() = default;
@@ -33,7 +33,7 @@ public:
   Screens& operator=(const Screens&) = delete;
   virtual ~Screens() = default;
 
-  /// The first one is the primary.
+  /// The primary screen first.
   [[nodiscard]] virtual std::vector<Screen> screens() = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace tilwin {
 
-/// Where failures go that the user need not see.
+/// The log for failures that are not shown to the user.
 class SystemLog {
 public:
   SystemLog() = default;
@@ -12,7 +12,7 @@ public:
   SystemLog& operator=(const SystemLog&) = delete;
   virtual ~SystemLog() = default;
 
-  /// Writes one line, without a newline of its own.
+  /// Writes one line; `line` does not end in a newline.
   virtual void write(std::string_view line) = 0;
 };
 

@@ -6,7 +6,7 @@
 
 namespace tilwin {
 
-/// The user's own settings of this program, as blobs of any bytes by key. They outlive the process.
+/// Persistent storage for the user's settings of this program: arbitrary bytes by key.
 class UserDefaults {
 public:
   UserDefaults() = default;
@@ -14,10 +14,9 @@ public:
   UserDefaults& operator=(const UserDefaults&) = delete;
   virtual ~UserDefaults() = default;
 
-  /// What is stored under the key; nothing when nothing is, or when it cannot be read.
+  /// The bytes stored under the key; nothing if there are none or they cannot be read.
   [[nodiscard]] virtual std::optional<std::string> data(std::string_view key) = 0;
-  /// Stored when the call returns. A failure is quiet but for a line in the log, and leaves what was stored
-  /// before.
+  /// Stores the bytes before it returns. On failure the old value stays; only the log reports it.
   virtual void setData(std::string_view key, std::string_view blob) = 0;
 };
 

@@ -7,17 +7,17 @@
 
 namespace tilwin {
 
-/// A program of the user's that is running.
+/// A running program of the user.
 struct RunningApplication {
   std::int32_t processID = 0;
   std::optional<std::string> bundleIdentifier{};
   std::optional<std::string> localizedName{};
-  bool isRegular = true;  ///< an ordinary program with windows, not an agent or a menu-bar item
+  bool isRegular = true;  ///< an ordinary program with windows, not a background agent or menu-bar item
 
   bool operator==(const RunningApplication&) const = default;
 };
 
-/// Knows which programs are running.
+/// Lists the running programs. Source: NSWorkspace of macOS.
 class Workspace {
 public:
   Workspace() = default;
@@ -25,11 +25,11 @@ public:
   Workspace& operator=(const Workspace&) = delete;
   virtual ~Workspace() = default;
 
-  /// The program that receives the keys.
+  /// The program that has the keyboard focus; nothing if it is unknown.
   [[nodiscard]] virtual std::optional<RunningApplication> frontmostApplication() = 0;
-  /// In no order that means anything.
+  /// In no particular order.
   [[nodiscard]] virtual std::vector<RunningApplication> runningApplications() = 0;
-  /// Nothing when this program was not started from a bundle.
+  /// Nothing if this program was not started from a bundle.
   [[nodiscard]] virtual std::optional<std::string> ownBundleIdentifier() = 0;
 };
 
