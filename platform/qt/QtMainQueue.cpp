@@ -11,7 +11,8 @@ namespace tilwin::qt {
 
 namespace {
 
-/// Below this share of the interval Qt may not delay a timer of the precise kind at all.
+/// A coarse timer of Qt may be late by this share of its interval, so it is used only if the tolerance is at
+/// least that large.
 constexpr double coarseShare = 0.05;
 
 std::chrono::milliseconds rounded(MainQueue::Seconds time) {

@@ -8,7 +8,7 @@
 
 namespace tilwin::qt {
 
-/// The main queue on Qt's event loop. A QCoreApplication must exist for as long as this does.
+/// The main queue on Qt's event loop. A QCoreApplication must exist as long as this does.
 class QtMainQueue : public MainQueue {
 public:
   QtMainQueue() = default;
@@ -24,8 +24,8 @@ public:
 
   /// Calls the task when the descriptor becomes readable.
   void watch(int fileDescriptor, const Task& task);
-  /// Calls the task before each sleep, for a library that reads its descriptor ahead, as xcb does: it may
-  /// hold events that the descriptor no longer shows.
+  /// Calls the task each time before the loop sleeps. Needed for libraries that read ahead, such as xcb: they
+  /// may have events in memory while their descriptor is not readable.
   void beforeEachSleep(const Task& task);
 
 private:

@@ -7,7 +7,7 @@
 
 namespace tilwin::qt {
 
-/// Writes through Qt's message handler: to standard error, or to the journal where the session runs under it.
+/// Writes through Qt's message handler: to standard error or to the systemd journal, as Qt decides.
 class QtSystemLog : public SystemLog {
 public:
   void write(std::string_view line) override {

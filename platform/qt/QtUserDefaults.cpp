@@ -13,15 +13,14 @@ namespace tilwin::qt {
 
 namespace {
 
-/// Bytes. Qt takes seconds for files that are many times larger, and Tilwin writes none that is nearly as
-/// large.
+/// In bytes. Qt takes seconds to read files many times larger; the files that Tilwin writes are far smaller.
 constexpr qint64 largestFile = qint64{4} << 20;
 
 QString text(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-/// Text where it can be, so that a person can read and write it.
+/// The blob as text if possible, so that a user can read and edit it.
 QVariant valueOf(std::string_view blob) {
   const QByteArray bytes(blob.data(), static_cast<qsizetype>(blob.size()));
   const QString asText = text(blob);
@@ -29,14 +28,15 @@ QVariant valueOf(std::string_view blob) {
   return isPlain ? QVariant(asText) : QVariant(bytes);
 }
 
-/// A value that was written without quotes has lost some at its commas; it is handed on to be judged.
+/// Qt splits a value written without quotes at its commas. Joined again it may differ from the original text;
+/// the caller decides whether it is valid.
 std::string blobOf(const QVariant& value) {
   if (value.typeId() == QMetaType::QStringList) return value.toStringList().join(',').toStdString();
   return value.toByteArray().toStdString();
 }
 
 bool wasWritten(const QSettings& settings) {
-  // A fault found in reading hides one in writing.
+  // A format error found while reading hides any error while writing.
   if (settings.status() == QSettings::FormatError) return settings.isWritable();
   return settings.status() == QSettings::NoError;
 }
@@ -52,7 +52,7 @@ std::optional<std::string> QtUserDefaults::data(std::string_view key) {
   if (isTooLarge()) return std::nullopt;
   const QSettings settings(path_, QSettings::IniFormat);
   const QVariant value = settings.value(text(key));
-  // Qt says so once; the next who asks gets what it has kept in memory.
+  // Qt reports the error only once; later reads use its cache.
   isUnreadable_ = isUnreadable_ || settings.status() == QSettings::FormatError;
   if (!value.isValid()) return std::nullopt;
   return blobOf(value);
@@ -64,7 +64,8 @@ void QtUserDefaults::setData(std::string_view key, std::string_view blob) {
 
 bool QtUserDefaults::isTooLarge() const { return QFileInfo(path_).size() > largestFile; }
 
-/// Qt drops the lines it cannot read when it writes. False when they would be lost.
+/// Keeps the old file under a second name if some of it cannot be read, because Qt drops such lines when it
+/// writes. Returns false if that fails, so that a write would lose them.
 bool QtUserDefaults::keepUnreadable() {
   const bool isTooLarge = this->isTooLarge();
   if (!isTooLarge) {
@@ -91,7 +92,7 @@ bool QtUserDefaults::write(const QString& name, std::string_view blob) {
   settings.setValue(name, valueOf(blob));
   settings.sync();
   const bool written = wasWritten(settings);
-  // Qt would hand out the value and try again later.
+  // Otherwise Qt keeps the new value in its cache and tries to write it later.
   if (!written && before.isValid()) settings.setValue(name, before);
   if (!written && !before.isValid()) settings.remove(name);
   return written;

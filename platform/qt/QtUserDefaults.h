@@ -7,10 +7,11 @@
 
 namespace tilwin::qt {
 
-/// Keeps blobs as values of the INI file "Tilwin/Tilwin.conf" in $XDG_CONFIG_HOME (XDG Base Directory
-/// Specification), section [General]. A blob of UTF-8 text stands there as a quoted string, as a person may
-/// also write it; any other as Qt's @ByteArray(...). The file is replaced as a whole, never half written.
-/// What of it cannot be read is kept beside it, as "Tilwin.conf.unreadable", before the first write over it.
+/// Stores the user's settings in the INI file "Tilwin/Tilwin.conf" in $XDG_CONFIG_HOME, section [General].
+/// UTF-8 text is written as a quoted string, which a user can also write by hand; any other bytes as Qt's
+/// @ByteArray(...). The file is replaced as a whole, never half written. A file that cannot be read
+/// completely is kept as "Tilwin.conf.unreadable" before the first write. Source: XDG Base Directory
+/// Specification.
 class QtUserDefaults : public UserDefaults {
 public:
   /// The log must outlive this.
@@ -27,8 +28,8 @@ private:
 
   SystemLog& log_;
   QString path_;
-  bool isUnreadable_ = false;  ///< some of the file, as far as it has been read
-  bool failing_ = false;
+  bool isUnreadable_ = false;  ///< some line of the file could not be read
+  bool failing_ = false;       ///< the last write failed
 };
 
 }  // namespace tilwin::qt

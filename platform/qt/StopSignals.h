@@ -5,8 +5,9 @@
 
 namespace tilwin::qt {
 
-/// Ends the main queue in good order when the session or a person at a terminal asks for it: SIGTERM, SIGINT
-/// and SIGHUP. Blocks those signals for the process while it lives. The queue must outlive this.
+/// Stops the main queue with exit status 0 on SIGTERM, SIGINT or SIGHUP. Blocks these signals for the calling
+/// thread and for threads created later, so create it before any other thread; they stay blocked after it is
+/// destroyed. The queue must outlive this and must not run after it. Source: signalfd(2).
 class StopSignals {
 public:
   explicit StopSignals(QtMainQueue& queue);

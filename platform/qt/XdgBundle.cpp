@@ -8,7 +8,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The absolute path that the variable holds; the standard has others ignored.
+/// The path in an environment variable. The XDG standard says to ignore one that is not absolute.
 std::optional<fs::path> pathIn(const char* variable) {
   const char* const value = std::getenv(variable);
   if (value == nullptr || !fs::path(value).is_absolute()) return std::nullopt;
@@ -27,7 +27,7 @@ std::optional<fs::path> XdgBundle::applicationSupport() {
   const auto folder = dataHome();
   if (!folder) return std::nullopt;
   std::error_code refusal;
-  // A folder that a program makes there is to be the user's alone.
+  // The XDG standard says that a new folder is accessible to the user only.
   if (fs::create_directories(*folder, refusal)) fs::permissions(*folder, fs::perms::owner_all, refusal);
   return fs::is_directory(*folder, refusal) ? folder : std::nullopt;
 }

@@ -4,8 +4,8 @@
 
 namespace tilwin::qt {
 
-/// Application Support is $XDG_DATA_HOME, or ~/.local/share where that is not set to an absolute path (XDG
-/// Base Directory Specification).
+/// The application support folder is $XDG_DATA_HOME, or ~/.local/share if that variable is not an absolute
+/// path. Source: XDG Base Directory Specification.
 class XdgBundle final : public Bundle {
 public:
   [[nodiscard]] std::optional<std::filesystem::path> applicationSupport() override;
