@@ -8,9 +8,8 @@
 
 namespace tilwin::x11 {
 
-/// The atoms this program speaks: EWMH, ICCCM, the two conventions by which toolkits name a window's
-/// desktop entry and its invisible shadow, and the one by which compositors are asked to spare a window
-/// theirs.
+/// The atoms that this program uses. Sources: EWMH; GTK and KDE for a window's desktop entry and for the size
+/// of its invisible shadow; the compositors compton and picom for turning off a window's shadow.
 enum class Atom : std::size_t {
   netActiveWindow,
   netClientList,
@@ -71,7 +70,8 @@ inline constexpr std::array<std::string_view, 27> atomNames{
     "UTF8_STRING",
 };
 
-/// The server's numbers for `Atom`, learned in one round trip.
+/// The server's numbers for `Atom`, read in one round trip. The number is XCB_ATOM_NONE if the request
+/// failed.
 class Atoms {
 public:
   explicit Atoms(xcb_connection_t* connection);

@@ -14,8 +14,8 @@ std::vector<xcb_window_t> managedWindowsFromTheTop(const X11Connection& x) {
   PropertyRequest managed(x.get(), x.root(), x.atom(Atom::netClientList));
   PropertyRequest stacked(x.get(), x.root(), x.atom(Atom::netClientListStacking));
   auto bottomFirst = stacked.numbers();
-  // xfwm4 adds a screen's first window to the client list at once, and to the stacking list only when the
-  // order next changes: a window missing from the latter is new, and on top.
+  // xfwm4 adds the first window of a screen to the client list at once, but to the stacking list only when
+  // the stacking order next changes. A window that is only in the client list is therefore new and on top.
   for (const auto window : managed.numbers()) {
     if (std::ranges::find(bottomFirst, window) == bottomFirst.end()) bottomFirst.push_back(window);
   }

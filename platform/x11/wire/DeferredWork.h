@@ -7,10 +7,11 @@
 
 namespace tilwin::x11 {
 
-/// Something read from the server that an event made stale. It is read again soon after, once for a whole
-/// burst of events and off the path of a key press; whoever needs it sooner has it read at that moment.
+/// Work that waits for a short delay, so that it is done once for a whole burst of events. Used to read state
+/// from the server again after an event made the cached state stale: a key press then seldom waits for it. A
+/// caller that needs the result sooner calls `doNow`.
 ///
-/// Must live as long as its queue runs.
+/// Must live as long as the queue runs.
 class DeferredWork {
 public:
   DeferredWork(MainQueue& queue, MainQueue::Seconds delay, std::function<void()> work)
@@ -19,15 +20,16 @@ public:
   DeferredWork& operator=(const DeferredWork&) = delete;
   ~DeferredWork() = default;
 
+  /// Schedules the work, unless it is scheduled already.
   void need() {
     if (std::exchange(needed_, true)) return;
     queue_.postAfter(delay_, [this] { doNow(); });
   }
 
-  /// Whether it waits to be done.
+  /// Whether the work is scheduled and not yet done.
   [[nodiscard]] bool isNeeded() const { return needed_; }
 
-  /// Does the work if it is still to be done.
+  /// Does the work now if it is scheduled.
   void doNow() {
     if (std::exchange(needed_, false)) work_();
   }

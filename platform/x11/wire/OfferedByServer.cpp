@@ -53,7 +53,8 @@ ServerNeeds::Version shapeVersion(xcb_connection_t* connection) {
   return reply ? ServerNeeds::Version{reply->major_version, reply->minor_version} : ServerNeeds::Version{};
 }
 
-/// EWMH has the manager's window name itself, so that a manager that died without tidying is not believed.
+/// EWMH requires that the window named by the root also names itself. A property left behind by a window
+/// manager that crashed fails this test.
 bool windowManagerRuns(const X11Connection& x) {
   const auto check = x.atom(Atom::netSupportingWmCheck);
   const auto window = PropertyRequest(x.get(), x.root(), check).number();

@@ -5,7 +5,8 @@
 
 namespace tilwin::x11 {
 
-/// What this server and its window manager offer now, asked of them.
+/// Asks the server and its window manager what they offer. An extension that is missing has version 0.0.
+/// Sources: the query requests of the extensions; EWMH, _NET_SUPPORTING_WM_CHECK and _NET_SUPPORTED.
 [[nodiscard]] ServerNeeds offeredBy(const X11Connection& connection);
 
 }  // namespace tilwin::x11

@@ -6,7 +6,7 @@ namespace tilwin::x11 {
 
 namespace {
 
-/// In 32-bit units: enough for a client list of some ten thousand windows, small enough for one reply.
+/// In 32-bit units: enough for a client list of more than ten thousand windows.
 constexpr std::uint32_t longestProperty = 16384;
 
 template <typename Item>

@@ -11,9 +11,9 @@
 
 namespace tilwin::x11 {
 
-/// One property of one window, asked for when made and read when needed, so that many requests share a round
-/// trip. A window that is gone, and a property that is missing or of another format, read as empty; so does
-/// one that has been read before.
+/// A request for one property of one window. The constructor sends it and the first read waits for the reply,
+/// so that many requests can share one round trip. The result is empty if the window is gone, if the property
+/// is missing or has another format, and on a second read.
 class PropertyRequest {
 public:
   PropertyRequest(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property);

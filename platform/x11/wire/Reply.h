@@ -13,15 +13,16 @@ struct FreeDeleter {
   void operator()(void* memory) const { std::free(memory); }
 };
 
-/// A reply, event or error of xcb, which hands out memory of malloc. Empty when the request failed.
+/// Owns a reply, event or error of xcb, which must be freed with `free`. Null if the request failed.
 template <typename T>
 using Reply = std::unique_ptr<T, FreeDeleter>;
 
 template <auto Collect>
 class Pending;
 
-/// A request on its way, made so that many can share one round trip. `Collect` is xcb's function for its
-/// reply, as in `Pending<xcb_get_geometry_reply>`. A reply that nobody collects is discarded.
+/// A request that was sent and whose reply is collected later, so that many requests can share one round
+/// trip. `Collect` is xcb's reply function, as in `Pending<xcb_get_geometry_reply>`. A reply that is not
+/// collected is discarded. The connection must outlive this.
 template <typename T, typename Cookie, T* (*Collect)(xcb_connection_t*, Cookie, xcb_generic_error_t**)>
 class Pending<Collect> {
 public:
@@ -35,7 +36,7 @@ public:
     if (cookie_) xcb_discard_reply(connection_, cookie_->sequence);
   }
 
-  /// Waits for the reply. Empty when the request failed or was collected before.
+  /// Waits for the reply. Null if the request failed or its reply was collected before.
   [[nodiscard]] Reply<T> collect() {
     const auto cookie = std::exchange(cookie_, std::nullopt);
     return cookie ? Reply<T>(Collect(connection_, *cookie, nullptr)) : nullptr;

@@ -5,7 +5,8 @@
 
 namespace tilwin::x11 {
 
-/// What an X server and its window manager offer of the things this program cannot do without.
+/// What an X server and its window manager offer of the features that this program requires. Sources: RandR,
+/// X Input, X Keyboard and Shape extensions; EWMH.
 struct ServerNeeds {
   struct Version {
     unsigned major = 0;
@@ -18,16 +19,16 @@ struct ServerNeeds {
   };
 
   Version randr;               ///< RandR; monitors need 1.5
-  Version xinput;              ///< X Input; raw events reach us under another client's grab since 2.1
-  Version xkb;                 ///< X Keyboard; 1.0
+  Version xinput;              ///< X Input; since 2.1 raw events arrive while another client holds a grab
+  Version xkb;                 ///< X Keyboard; key names need 1.0
   Version shape;               ///< Shape; windows that let clicks through need 1.1
   bool windowManager = false;  ///< an EWMH window manager runs: _NET_SUPPORTING_WM_CHECK names a live window
-  bool moveResize = false;     ///< it takes _NET_MOVERESIZE_WINDOW
+  bool moveResize = false;     ///< the window manager supports _NET_MOVERESIZE_WINDOW
 
   bool operator==(const ServerNeeds&) const = default;
 };
 
-/// One line that names the first thing missing and what to do about it; nothing when all is there.
+/// One line that names the first missing feature and what to do about it; nothing if none is missing.
 [[nodiscard]] std::optional<std::string> missing(const ServerNeeds& offered);
 
 }  // namespace tilwin::x11

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint8_t eventTypeMask = 0x7f;  // the top bit marks events sent by a client
 
-/// What a request on a window that has just gone is answered with.
+/// The errors of requests on a window that no longer exists.
 constexpr std::array<std::uint8_t, 3> ordinaryErrors{XCB_WINDOW, XCB_MATCH, XCB_DRAWABLE};
 
 [[noreturn]] void complainOfNoServer() {

@@ -15,23 +15,24 @@
 
 namespace tilwin::x11 {
 
-/// Why this desktop cannot be used; `what()` is one line for the person who started the program.
+/// Thrown if this desktop cannot be used; `what()` is one line for the person who started the program.
 class X11Unavailable : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;
 };
 
-/// The one connection to the X server, its atoms, and the events that come in. Nothing here polls: the main
+/// The program's connection to the X server, with its atoms and incoming events. Nothing here polls: the main
 /// loop watches `fileDescriptor`, calls `dispatch` when it is readable and `dispatchQueued` before it sleeps.
+/// For the main thread.
 ///
-/// Errors of requests on windows that have vanished are ordinary and dropped; any other asynchronous error
-/// is logged once for its kind.
+/// Errors of requests on windows that no longer exist are expected and ignored. Any other asynchronous error
+/// is logged once for each kind of error and request.
 class X11Connection {
 public:
   using EventHandler = std::function<void(const xcb_generic_event_t&)>;
 
-  /// Connects to the server named by DISPLAY. Throws X11Unavailable when there is none, or when the server or
-  /// its window manager lacks what this program needs. The log must outlive the connection.
+  /// Connects to the server named by DISPLAY. Throws X11Unavailable if that fails, or if the server or its
+  /// window manager lacks a required feature. The log must outlive the connection.
   explicit X11Connection(SystemLog& log);
   X11Connection(const X11Connection&) = delete;
   X11Connection& operator=(const X11Connection&) = delete;
@@ -41,21 +42,22 @@ public:
   [[nodiscard]] xcb_window_t root() const { return root_; }
   [[nodiscard]] xcb_atom_t atom(Atom name) const { return atoms_[name]; }
   [[nodiscard]] int fileDescriptor() const { return xcb_get_file_descriptor(get()); }
-  /// The number of the first event of an extension that the server has.
+  /// The number of the first event of an extension; the server must have the extension.
   [[nodiscard]] std::uint8_t firstEvent(xcb_extension_t& extension) const;
 
-  /// Has the handler told of every event with this response type, for the life of the connection.
+  /// Calls the handler for every event with this response type. A handler is never removed, so what it uses
+  /// must live until the last `dispatch`.
   void onEvent(std::uint8_t responseType, EventHandler handler);
-  /// Told once, from `dispatch`, when the server has gone.
+  /// Called once, from `dispatch` or `dispatchQueued`, when the connection to the server is lost.
   void onLost(std::function<void()> handler) { lost_ = std::move(handler); }
 
-  /// Reads what has arrived and delivers it. What a busy server sends beyond one reading keeps the descriptor
+  /// Reads what has arrived and delivers all of it. If the server sends more meanwhile, the descriptor stays
   /// readable.
   void dispatch();
-  /// Delivers what came along with replies, without asking the system for more.
+  /// Delivers the events that xcb read while it waited for a reply. Does not read from the descriptor.
   void dispatchQueued();
   void flush() const { xcb_flush(get()); }
-  /// Grows with everything that is delivered: what was read under another number may be stale.
+  /// Grows with every event and error that arrives. State read at another generation may be stale.
   [[nodiscard]] std::uint64_t generation() const { return generation_; }
 
 private:

@@ -2,7 +2,7 @@
 
 #include <xcb/xcb.h>
 
-// This header of xcb has a field named with a word that C++ keeps for itself.
+// Includes xcb/xkb.h (X Keyboard Extension), which has a field named `explicit`, a keyword of C++.
 #define explicit explicitParts
 #include <xcb/xkb.h>
 #undef explicit
