@@ -10,7 +10,8 @@ namespace {
 constexpr std::size_t partialCount = 12;
 constexpr std::size_t wholeCount = 4;
 
-/// What one edge of the desktop means: where room of some depth along it lies, and what that leaves visible.
+/// For one edge of the desktop: `room` is the rectangle of a strut of some depth at that edge, `without` is
+/// what such a strut leaves of a visible frame.
 struct EdgeRule {
   Strut::Edge edge;
   bool isUpright;
@@ -22,8 +23,8 @@ Rect fromEdges(double left, double top, double right, double bottom) {
   return {left, top, right - left, bottom - top};
 }
 
-/// In the order of both properties: the depths stand at 0 to 3, and in the partial one the first and last
-/// coordinate of each along its edge from 4 on.
+/// In the order of both properties: the depths are at index 0 to 3. In the partial property, the first and
+/// last coordinate of each strut along its edge follow from index 4 on.
 constexpr std::array<EdgeRule, 4> rules{{
     {Strut::Edge::left, true,
      [](double depth, const Span& along, const Rect&) {

@@ -9,7 +9,7 @@
 
 namespace tilwin::x11 {
 
-/// Room that a panel keeps for itself along one edge of the whole desktop, as a rectangle in points.
+/// Space that a panel reserves along one edge of the whole desktop, as a rectangle in points.
 /// Source: EWMH, _NET_WM_STRUT_PARTIAL and _NET_WM_STRUT.
 struct Strut {
   enum class Edge { left, right, top, bottom };
@@ -20,13 +20,14 @@ struct Strut {
   bool operator==(const Strut&) const = default;
 };
 
-/// The struts of one window: `partial` is its twelve numbers and wins; `whole` is the older property's four.
-/// `desktop` is the whole X screen. A property with too few numbers counts as missing.
+/// The struts of one window. `partial` has the twelve numbers of _NET_WM_STRUT_PARTIAL and takes precedence;
+/// `whole` has the four of the older _NET_WM_STRUT. `desktop` is the whole X screen. A property with too few
+/// numbers counts as missing.
 [[nodiscard]] std::vector<Strut> strutsOf(const std::vector<std::uint32_t>& partial,
                                           const std::vector<std::uint32_t>& whole, const Rect& desktop);
 
-/// The monitor less the struts that touch it. A strut whose room would leave nothing of the monitor belongs
-/// to a panel on another one beyond it, and is passed over.
+/// The part of the monitor outside all struts. A strut that would leave nothing of the monitor belongs to a
+/// panel on another monitor and is ignored.
 [[nodiscard]] Rect visibleFrame(const Rect& monitor, std::span<const Strut> struts);
 
 }  // namespace tilwin::x11

@@ -54,7 +54,7 @@ X11Displays::X11Displays(X11Connection& x, MainQueue& queue)
   const std::uint8_t randr = x_.firstEvent(xcb_randr_id);
   x_.onEvent(static_cast<std::uint8_t>(randr + XCB_RANDR_SCREEN_CHANGE_NOTIFY), stale);
   x_.onEvent(static_cast<std::uint8_t>(randr + XCB_RANDR_NOTIFY), stale);
-  // Monitors made and unmade by hand are told of by this event alone.
+  // The only event for monitors that a user adds or removes with RandR requests (xrandr --setmonitor).
   x_.onEvent(XCB_CONFIGURE_NOTIFY, [this](const xcb_generic_event_t& event) {
     if (reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == x_.root()) reading_.need();
   });
