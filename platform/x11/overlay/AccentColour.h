@@ -5,8 +5,8 @@
 
 namespace tilwin::x11 {
 
-/// The colour in which the desktop marks what matters now, channels from 0 to 255. X11 desktops share no
-/// place to ask for it, so whoever puts the program together chooses one.
+/// The colour with which the desktop highlights things, channels from 0 to 255. X11 desktops have no common
+/// setting for it, so the composition root chooses one.
 struct AccentColour {
   std::uint8_t red = 0;
   std::uint8_t green = 0;
@@ -15,8 +15,8 @@ struct AccentColour {
   bool operator==(const AccentColour&) const = default;
 };
 
-/// This colour at an opacity from 0 to 1, as compositors want a pixel of a 32-bit window: alpha in the top
-/// byte, then red, green and blue, each already multiplied by alpha.
+/// A pixel of a 32-bit window with this colour and an opacity from 0 to 1, in the format of compositors:
+/// alpha in the top byte, then red, green and blue, each multiplied by alpha.
 [[nodiscard]] inline std::uint32_t premultiplied(AccentColour colour, double opacity) {
   const auto channel = [opacity](double full) {
     return static_cast<std::uint32_t>(std::lround(full * opacity));

@@ -11,7 +11,7 @@
 
 namespace tilwin::x11 {
 
-/// The border is drawn over the fill.
+/// The opacity of the border, which is drawn over the fill.
 inline constexpr double borderOverFill =
     OverlayStyle::borderOpacity + (1 - OverlayStyle::borderOpacity) * OverlayStyle::fillOpacity;
 
@@ -23,8 +23,8 @@ struct Corner {
   bool operator==(const Corner&) const = default;
 };
 
-/// The translucent picture of one corner of the overlay, smooth along its curves: a square of the frame's
-/// corner side, in rows of 32-bit premultiplied pixels, their bytes in the order the server wants of images.
+/// The antialiased image of one corner of the overlay: a square with sides of `cornerSide` pixels, as rows of
+/// 32-bit premultiplied pixels in the server's byte order for images.
 [[nodiscard]] std::vector<std::uint8_t> cornerImage(const RoundedFrame& frame, AccentColour accent,
                                                     Corner corner, xcb_image_order_t order);
 

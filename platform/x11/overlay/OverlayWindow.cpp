@@ -23,7 +23,8 @@ const xcb_screen_t& screenOf(const X11Connection& x) {
   return *screens.data;
 }
 
-/// The visual whose pixels are alpha, red, green and blue in bytes from the top; none where there is none.
+/// The visual whose pixels have alpha, red, green and blue from the highest byte to the lowest; XCB_NONE if
+/// the screen has none.
 xcb_visualid_t translucentVisual(const xcb_screen_t& screen) {
   for (auto depths = xcb_screen_allowed_depths_iterator(&screen); depths.rem > 0; xcb_depth_next(&depths)) {
     if (depths.data->depth != sheetDepth) continue;
@@ -39,7 +40,7 @@ xcb_visualid_t translucentVisual(const xcb_screen_t& screen) {
   return XCB_NONE;
 }
 
-/// Whatever the screen's pixels are made of, at the price of a round trip.
+/// The pixel value of the colour on a screen with any kind of visual. Costs a round trip.
 std::uint32_t opaquePixel(const X11Connection& x, const xcb_screen_t& screen, AccentColour colour) {
   const auto wide = [](std::uint8_t channel) { return static_cast<std::uint16_t>(channel * 0x101); };
   const auto reply = Pending<xcb_alloc_color_reply>(
@@ -80,7 +81,7 @@ OverlayWindow::~OverlayWindow() {
   if (colormap_ != XCB_NONE) xcb_free_colormap(x_.get(), colormap_);
 }
 
-/// A window of another depth than its parent needs a border colour and a colour map of its own.
+/// X11 requires that a window with another depth than its parent sets a border colour and a colour map.
 void OverlayWindow::create(const xcb_screen_t& screen) {
   const bool isSheet = sheetVisual_ != XCB_NONE;
   xcb_create_window_value_list_t values{};
@@ -105,8 +106,8 @@ void OverlayWindow::create(const xcb_screen_t& screen) {
   xcb_create_gc(x_.get(), brush_, window_, XCB_GC_FOREGROUND, &border);
 }
 
-/// The image of something dragged is what compositors and their settings commonly spare shadow and animation;
-/// picom draws a shadow even so where it is told to draw them for all, unless the window itself asks not to.
+/// Compositors usually draw no shadow or animation for the window type "dnd", the image of something dragged.
+/// picom may be configured to draw shadows for all windows; the shadow property turns that off.
 void OverlayWindow::describe() const {
   const auto text = [this](xcb_atom_t property, xcb_atom_t type, std::string_view value) {
     xcb_change_property(x_.get(), XCB_PROP_MODE_REPLACE, window_, property, type, 8,
@@ -140,8 +141,8 @@ void OverlayWindow::show(const PixelRect& at) {
                                   XCB_CONFIG_WINDOW_HEIGHT | XCB_CONFIG_WINDOW_STACK_MODE;
   xcb_configure_window_aux(x_.get(), window_, given, &values);
   xcb_map_window(x_.get(), window_);
-  // The server keeps the picture of a window that only moves. For one newly in view it also asks, but the
-  // answer would be a frame late.
+  // The server keeps the content of a window that only moves. For a newly mapped window it sends Expose, but
+  // drawing only then would show the first frame without a border.
   if (isNewSize || !isMapped_) draw();
   isMapped_ = true;
 }

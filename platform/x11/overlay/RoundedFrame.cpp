@@ -6,7 +6,7 @@ namespace tilwin::x11 {
 
 namespace {
 
-/// Each pixel is tried at this many places across and down: 256 in all, as many as there are opacities.
+/// Samples per pixel in each direction for antialiasing: 256 in all, about one for each opacity of a byte.
 constexpr int tries = 16;
 
 }  // namespace
@@ -50,7 +50,6 @@ std::array<PixelRect, 4> RoundedFrame::sides() const {
            {width_ - border_, corner_, border_, down}}};
 }
 
-/// A pixel counts with its centre.
 int RoundedFrame::firstWithin(int row, int inset) const {
   int column = 0;
   while (column < corner_ && !isWithin(column + 0.5, row + 0.5, inset)) ++column;

@@ -19,7 +19,7 @@ xcb_intern_atom_cookie_t askForCompositor(const X11Connection& x) {
   return xcb_intern_atom(x.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
 }
 
-/// The edges, not the sizes, go to the nearest pixel, so that neighbours still meet.
+/// Rounds the edges, not the sizes, to the nearest pixel, so that adjacent frames still touch.
 PixelRect toPixels(const Rect& frame) {
   const auto nearest = [](double value) { return static_cast<int>(std::lround(value)); };
   const int left = nearest(frame.x);

@@ -10,11 +10,12 @@
 
 namespace tilwin::x11 {
 
-/// The overlay as a window of this program's own. Each show asks, in its one round trip, whether a compositor
-/// runs (it owns the selection _NET_WM_CM_Sn; EWMH), and takes another window when that has changed.
+/// The overlay as an X window of this program, created when first shown. Each `show` normally costs one round
+/// trip, which asks whether a compositor runs; if that changed, it creates another window in the look that
+/// fits. Source: EWMH, the selection _NET_WM_CM_Sn, which a compositor owns.
 class X11Overlay : public Overlay {
 public:
-  /// Makes no window yet. The connection must outlive this, and may tell of no event after it.
+  /// Creates no window yet. The connection must outlive this, but must not deliver events afterwards.
   X11Overlay(X11Connection& x, AccentColour accent);
   X11Overlay(const X11Overlay&) = delete;
   X11Overlay& operator=(const X11Overlay&) = delete;
@@ -23,7 +24,7 @@ public:
   void hide() override;
 
 private:
-  /// In whole pixels.
+  /// Rounds the frame's edges to whole pixels. Hides the overlay if nothing is left of it.
   void showAt(const Rect& frame) override;
   [[nodiscard]] bool isComposited();
 
