@@ -18,7 +18,7 @@ struct GFreeDeleter {
 };
 
 std::optional<std::string> nameInEntry(const std::string& id) {
-  // A window says of itself what it likes; only a plain file name may become part of a path.
+  // The id comes from another program; only a plain file name may become part of a path.
   if (id.empty() || id.find('/') != std::string::npos) return std::nullopt;
   const std::unique_ptr<GKeyFile, KeyFileDeleter> file(g_key_file_new());
   const std::string path = "applications/" + id + ".desktop";
@@ -40,7 +40,7 @@ std::string lowerCased(const std::string& text) {
 const std::string& DesktopEntries::nameOf(const std::string& id, const std::string& otherwise) {
   const auto known = names_.find(id);
   if (known != names_.end()) return known->second;
-  // Classes are often the id with a capital: "Firefox" of firefox.desktop.
+  // A window class is often the id with a capital letter: "Firefox" for firefox.desktop.
   auto name = nameInEntry(id);
   if (!name) name = nameInEntry(lowerCased(id));
   return names_.emplace(id, name.value_or(otherwise)).first->second;

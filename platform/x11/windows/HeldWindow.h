@@ -8,26 +8,27 @@
 
 namespace tilwin::x11 {
 
-/// The window that the user may be dragging: the one whose place was read last since the button went down.
-/// The pointer and the place of this window are needed together, many times a second; `askAhead` puts the
-/// question about the place into the round trip that reads the pointer.
+/// The window that the user may be dragging: the one whose frame was read last since the button went down. A
+/// drag needs the pointer and this window's frame together, many times a second. `askAhead` sends the request
+/// for the frame early, so that it shares the round trip that reads the pointer. Frames are in points.
 class HeldWindow {
 public:
   /// The connection must outlive this.
   explicit HeldWindow(const X11Connection& x) : x_(x) {}
 
-  /// Asks where the held window stands, if one is held. The answer serves the next `frame`, unless an event
-  /// comes in before.
+  /// Requests the frame of the held window, if there is one. The next call of `frame` uses the reply, unless
+  /// an event arrives in between.
   void askAhead();
-  /// Where the window stands now, in at most one round trip; nothing when it is gone. It is held from now on.
+  /// The current frame of the window, in at most one round trip; nothing if it is gone. The window is held
+  /// from now on.
   [[nodiscard]] std::optional<Rect> frame(xcb_window_t window);
-  /// Nothing is held any longer. Returns what was; `XCB_WINDOW_NONE` for nothing.
+  /// Forgets the held window and returns it; `XCB_WINDOW_NONE` if there was none.
   xcb_window_t letGo();
 
 private:
   struct Question {
     xcb_window_t window;
-    std::uint64_t generation;  ///< of the connection when it was asked
+    std::uint64_t generation;  ///< of the connection when the request was sent
     PlaceQuestions place;
   };
 

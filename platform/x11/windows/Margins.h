@@ -16,13 +16,14 @@ struct Margins {
 
   bool operator==(const Margins&) const = default;
 
-  /// From the CARDINAL[4] left, right, top, bottom of _NET_FRAME_EXTENTS and _GTK_FRAME_EXTENTS; none when
-  /// the property is missing or short.
+  /// From the numbers left, right, top, bottom of _NET_FRAME_EXTENTS (EWMH) or _GTK_FRAME_EXTENTS (GTK). All
+  /// zero if there are fewer than four.
   [[nodiscard]] static Margins fromProperty(const std::vector<std::uint32_t>& numbers);
 };
 
-/// How a window's visible frame and its client area relate: the window manager's decoration lies outside the
-/// client area, the shadow that a client draws for itself lies inside it and is not part of the frame.
+/// Converts between a window's client area and its frame, the part that the user sees. The window manager's
+/// decoration is outside the client area and belongs to the frame. A shadow drawn by the client is inside the
+/// client area and does not.
 struct FrameShape {
   Margins decoration;
   Margins shadow;
@@ -30,8 +31,8 @@ struct FrameShape {
   bool operator==(const FrameShape&) const = default;
 
   [[nodiscard]] Rect frameOfClient(const Rect& client) const;
-  /// What to ask the window manager for with north-west gravity, where the position is that of the outer
-  /// corner of its decoration and the size is the client's: at least one point each way.
+  /// The rectangle to request from the window manager with north-west gravity: the position of the outer
+  /// corner of its decoration and the size of the client area, at least one point in each direction.
   [[nodiscard]] Rect requestForFrame(const Rect& frame) const;
 };
 

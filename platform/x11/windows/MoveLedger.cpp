@@ -4,11 +4,11 @@ namespace tilwin::x11 {
 
 namespace {
 
-/// In points, and more than the cells of any terminal.
+/// In points; larger than the cells of any terminal.
 constexpr double largestStep = 64;
 
-/// Whether a window that stands there is where it was asked to be but for whole cells. A manager need not
-/// answer a request that, so rounded, changes nothing.
+/// Whether the window has the requested frame, apart from rounding its size to whole cells. A window manager
+/// may send no event for a request that changes nothing after rounding.
 bool isRounded(const Rect& asked, const Rect& actual) {
   const double width = asked.width - actual.width;
   const double height = asked.height - actual.height;

@@ -11,42 +11,42 @@
 
 namespace tilwin::x11 {
 
-/// What was asked for each window, and where its manager put it in answer. Terminals round their size to
-/// cells and some windows refuse to shrink, so the two differ; while the window still stands where it was
-/// put, the frame asked for is the one that counts.
+/// Remembers, for each window, the requested frame and the frame it got from the window manager. The two may
+/// differ: terminals round their size to cells, and some windows have a minimum size. As long as the window
+/// stays where the window manager put it, the requested frame is the one to report.
 ///
-/// The answer is known without waiting: what a window first does within `answerTime` of the request, and the
-/// rest of that burst, is the manager's answer. Whatever it does later is somebody else's doing and ends the
-/// entry.
+/// Nothing waits for the window manager. The first change of a window within `answerTime` of the request, and
+/// further changes within `burstTime` of that one, count as the answer. Any later change comes from somebody
+/// else and removes the entry. Frames are in points; times are those of `MainQueue::uptime`.
 class MoveLedger {
 public:
   using Seconds = std::chrono::duration<double>;
   static constexpr Seconds answerTime{0.5};
   static constexpr Seconds burstTime{0.1};
-  /// How long a change of the window's shape (a toolkit drawing its shadow again after leaving full screen)
-  /// may still call for a corrected request.
+  /// How long after a request a change of the window's shape may lead to a corrected request, such as when a
+  /// toolkit draws its shadow again after leaving full screen.
   static constexpr Seconds reshapeTime{1.0};
 
   struct Request {
     Rect frame;
-    FrameShape shape;  ///< the shape that the request was worked out with
-    int repeats = 0;   ///< how often it may be made again against somebody who moves the window elsewhere
+    FrameShape shape;  ///< the shape that the request was computed with
+    int repeats = 0;   ///< how often it may be sent again if somebody else moves the window away
   };
 
   void asked(xcb_window_t window, const Request& request, Seconds at);
-  /// The window was moved or resized, or its manager said that it stays. False when that ended the entry, or
-  /// when there is none.
+  /// Notes that the window was moved or resized, or that its window manager confirmed that it stays. Returns
+  /// false if that removed the entry or there was none.
   bool configured(xcb_window_t window, Seconds at);
   void forget(xcb_window_t window) { entries_.erase(window); }
 
-  /// The last request, while a change of shape may still call for another.
+  /// The last request, if a change of shape may still lead to a corrected one; otherwise nothing.
   [[nodiscard]] std::optional<Request> correctable(xcb_window_t window, Seconds at) const;
-  /// The request to make once more, when it may be and the window, before the answer was over, turns out to
-  /// stand at another place. Each time uses up one of its repeats.
+  /// The request to send again, if it has repeats left and the window is at another position while the answer
+  /// still lasts; otherwise nothing. Uses up one repeat.
   [[nodiscard]] std::optional<Request> contested(xcb_window_t window, const Rect& actual, Seconds at);
-  /// Whether the last request may be made again.
+  /// Whether the last request has repeats left.
   [[nodiscard]] bool mayRepeat(xcb_window_t window) const;
-  /// What to report for a window that now stands at `actual`.
+  /// The frame to report for a window whose actual frame is `actual`.
   [[nodiscard]] Rect reported(xcb_window_t window, const Rect& actual, Seconds at);
 
 private:
@@ -56,6 +56,7 @@ private:
     std::optional<Seconds> answeredAt;
     std::optional<Rect> answer;
 
+    /// Whether a change at this time still counts as the window manager's answer.
     [[nodiscard]] bool isOpen(Seconds now) const;
   };
 

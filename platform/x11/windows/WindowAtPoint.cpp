@@ -15,7 +15,8 @@ namespace {
 
 using Windows = std::vector<xcb_window_t>;
 
-/// Managers put a window into a frame, and some put another window between the two.
+/// How many levels of the window tree to search. A window manager puts a window into a frame window, and some
+/// put one more window between the two.
 constexpr int deepest = 3;
 
 Windows childrenOf(const X11Connection& x, const Windows& parents) {
@@ -42,7 +43,7 @@ std::optional<xcb_window_t> managedWindowIn(const X11Connection& x, xcb_window_t
   return std::nullopt;
 }
 
-/// The children of the root that show at the point, the uppermost first.
+/// The visible children of the root whose area contains the point, topmost first.
 Windows stackAt(const X11Connection& x, Point at) {
   struct Questions {
     xcb_window_t window;

@@ -9,17 +9,18 @@
 
 namespace tilwin::x11 {
 
-/// Handles for windows that are never used twice. The server gives the number of a closed window to the next
-/// client readily, so that number alone would pass one window's remembered frame on to a stranger.
+/// Window ids that are never used twice. The X server soon gives the number of a closed window to another
+/// client, so with that number as id one window's remembered frame could be applied to another window.
 class WindowIds {
 public:
-  /// The handle of the window, the same each time while it stays open. A window number that turns up with
-  /// another process has been given to a new window.
+  /// The id of the window, the same for as long as it is open. If the window number now belongs to another
+  /// process, it is a new window and gets a new id.
   [[nodiscard]] std::int64_t idOf(xcb_window_t window, std::uint32_t process);
+  /// The window with this id; nothing if it has been forgotten or the id was never issued.
   [[nodiscard]] std::optional<xcb_window_t> windowOf(std::int64_t id) const;
-  /// The window has been closed.
+  /// Forgets a window that was closed.
   void forget(xcb_window_t window);
-  /// Lets go of every window that is not open any more.
+  /// Forgets every window that is not in `open`.
   void keepOnly(std::span<const xcb_window_t> open);
 
 private:

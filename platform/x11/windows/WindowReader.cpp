@@ -20,7 +20,8 @@ std::string classOf(const std::string& property) {
   return instanceEnd == std::string::npos ? std::string() : untilZero(property.substr(instanceEnd + 1));
 }
 
-/// Everything asked about one window; the replies are collected only after all windows have been asked about.
+/// All requests about one window. The replies are collected only after the requests for all windows were
+/// sent.
 class Questions {
 public:
   Questions(const X11Connection& x, xcb_window_t window)

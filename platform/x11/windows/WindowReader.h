@@ -13,36 +13,39 @@
 
 namespace tilwin::x11 {
 
-/// One window as the server and its manager describe it at one moment.
+/// The state of one window at one moment, as the server and the window manager describe it. Sources: EWMH,
+/// ICCCM.
 struct WindowSnapshot {
   xcb_window_t window = XCB_WINDOW_NONE;
-  std::uint32_t process = 0;  ///< _NET_WM_PID; 0 when the client does not say
-  std::string application;    ///< desktop-file id, else the class of WM_CLASS
+  std::uint32_t process = 0;  ///< _NET_WM_PID; 0 if the client did not set it
+  std::string application;    ///< id of the desktop entry, or else the class of WM_CLASS
   std::string windowClass;    ///< the class of WM_CLASS
   std::string title;
-  Rect client;  ///< in root coordinates, decoration excluded
+  Rect client;  ///< the client area without decoration, in points, in root coordinates
   FrameShape shape;
   bool maximized = false;  ///< in either direction
   bool fullScreen = false;
   bool hidden = false;     ///< minimised
-  bool standard = true;    ///< _NET_WM_WINDOW_TYPE_NORMAL, or no type and not transient
-  bool furniture = false;  ///< a dock or the desktop itself: never moved
+  bool standard = true;    ///< has the type _NET_WM_WINDOW_TYPE_NORMAL, or no type and is not transient
+  bool furniture = false;  ///< a panel or the desktop itself; never moved
 
   [[nodiscard]] Rect frame() const { return shape.frameOfClient(client); }
 };
 
-/// Reads all these windows in one round trip; a window that is gone is left out, the others keep their order.
+/// Reads these windows in one round trip. Leaves out a window that is gone; the others keep their order.
 [[nodiscard]] std::vector<WindowSnapshot> readWindows(const X11Connection& x,
                                                       std::span<const xcb_window_t> windows);
 
-/// Where a window stands and what is drawn around it: asked for when made, read when needed.
+/// Requests for the client area of a window, its decoration and its shadow. The constructor sends them; the
+/// first read waits for the replies.
 class PlaceQuestions {
 public:
   PlaceQuestions(const X11Connection& x, xcb_window_t window);
 
-  /// The client area and the shape; false when the window is gone, or when they have been read before.
+  /// Reads the client area and the shape. Returns false if the window is gone or the replies were read
+  /// before.
   [[nodiscard]] bool answer(Rect& client, FrameShape& shape);
-  /// What these two make; nothing in the same cases.
+  /// The frame that follows from these two; nothing in the same cases.
   [[nodiscard]] std::optional<Rect> frame();
 
 private:
@@ -52,8 +55,8 @@ private:
   PropertyRequest shadow_;
 };
 
-/// The focused window, in one round trip when it is still `expected` and two when it is not. Nothing when no
-/// window has the focus. Source: EWMH, _NET_ACTIVE_WINDOW.
+/// The focused window. Takes one round trip if it is `expected`, otherwise two. Nothing if no window has the
+/// focus or the window is gone. Source: EWMH, _NET_ACTIVE_WINDOW.
 [[nodiscard]] std::optional<WindowSnapshot> readActiveWindow(const X11Connection& x, xcb_window_t expected);
 
 }  // namespace tilwin::x11

@@ -7,7 +7,7 @@ namespace tilwin::x11 {
 
 namespace {
 
-constexpr std::uint32_t sourcePager = 2;  // a direct action of the user, as opposed to an application's own
+constexpr std::uint32_t sourcePager = 2;  // EWMH source indication: a direct action of the user
 constexpr std::uint32_t stateRemove = 0;
 
 void tellManager(const X11Connection& x, xcb_window_t window, Atom message,
@@ -23,7 +23,7 @@ void tellManager(const X11Connection& x, xcb_window_t window, Atom message,
                  reinterpret_cast<const char*>(&event));
 }
 
-/// Positions left of or above the origin travel as the two's complement of a 32-bit number.
+/// Negative positions are sent as 32-bit two's complement.
 std::uint32_t onWire(double value) {
   return static_cast<std::uint32_t>(static_cast<std::int32_t>(std::lround(value)));
 }

@@ -4,7 +4,7 @@
 
 namespace tilwin::x11 {
 
-/// An X server lets each of its clients see and move all windows.
+/// Always trusted, because an X server lets every client see and move all windows.
 class X11Trust : public AccessibilityTrust {
 public:
   [[nodiscard]] bool isTrusted() override { return true; }

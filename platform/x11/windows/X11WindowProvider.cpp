@@ -17,7 +17,7 @@ namespace tilwin::x11 {
 namespace {
 
 constexpr MainQueue::Seconds atOnce{0};
-/// More than one manager, and a program that moves its own window, have to say about a window just let go.
+/// A window that was just dropped may be moved again by its window manager and by its own program.
 constexpr int repeatsForDropped = 3;
 constexpr std::uint32_t moves = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 constexpr std::array shapeProperties{Atom::netFrameExtents, Atom::gtkFrameExtents, Atom::netWmState};
@@ -67,7 +67,7 @@ std::optional<WindowInfo> X11WindowProvider::focusedWindow() {
 
 std::vector<WindowInfo> X11WindowProvider::allWindows() {
   const auto snapshots = readWindows(x_, managedWindowsFromTheTop(x_));
-  // The manager may still list a window that has just gone.
+  // The window manager may still list a window that was just closed.
   std::vector<xcb_window_t> open;
   std::ranges::transform(snapshots, std::back_inserter(open), &WindowSnapshot::window);
   ids_.keepOnly(open);
@@ -136,7 +136,7 @@ void X11WindowProvider::propertyChanged(const xcb_property_notify_event_t& event
 }
 
 void X11WindowProvider::shapeMayHaveChanged(const xcb_property_notify_event_t& event) {
-  // Toolkits change some property with every key typed; past its time, that is not worth waking for.
+  // Toolkits change properties with every key typed. Once no correction is due, do not wake up for that.
   if (!ledger_.correctable(event.window, queue_.uptime())) return watch(event.window, moves);
   const bool tells =
       std::ranges::any_of(shapeProperties, [&](Atom property) { return x_.atom(property) == event.atom; });
@@ -149,8 +149,8 @@ void X11WindowProvider::windowConfigured(xcb_window_t window) {
   if (ledger_.mayRepeat(window)) insist(window);
 }
 
-/// Whoever moved a window while it was dragged, its manager or its own program, may have one more move under
-/// way when it is let go. The place it was dropped for has the last word.
+/// Sends the request again if the window is at another position. While a window is dragged, its window
+/// manager or its own program moves it, and their last move may arrive after our request.
 void X11WindowProvider::insist(xcb_window_t window) {
   const auto read = readWindows(x_, std::span(&window, 1));
   if (read.empty()) return;
@@ -160,8 +160,9 @@ void X11WindowProvider::insist(xcb_window_t window) {
   x_.flush();
 }
 
-/// The request was worked out with the decoration and shadow that the window had; leaving the maximised or
-/// full-screen state changes them, which shows only when the manager and the client have done it.
+/// Sends the request again with the window's new shape. The first one was computed with the old decoration
+/// and shadow; they change when the window leaves the maximised or full-screen state, which takes the window
+/// manager and the client some time.
 void X11WindowProvider::correctShape(xcb_window_t window) {
   const auto request = ledger_.correctable(window, queue_.uptime());
   if (!request) return;

@@ -17,15 +17,17 @@
 
 namespace tilwin::x11 {
 
-/// The windows of an X11 desktop, read and moved through its window manager. Frames are outer frames as they
-/// look on the screen: decorations included, invisible client-side shadows left out. A key press costs one
-/// round trip to learn of the focused window and one request to move it.
+/// The windows of an X11 desktop, read and moved through its window manager. Frames are in points and are
+/// what the user sees: with decorations, without invisible client-side shadows. A key press costs one round
+/// trip to read the focused window and one request to move it. A window that closes meanwhile is left out or
+/// not moved; nothing throws.
 ///
 /// Sources: EWMH (_NET_ACTIVE_WINDOW, _NET_CLIENT_LIST, _NET_MOVERESIZE_WINDOW, _NET_WM_STATE,
 /// _NET_FRAME_EXTENTS), ICCCM (WM_CLASS, WM_TRANSIENT_FOR).
 class X11WindowProvider : public DesktopWindows {
 public:
-  /// All must outlive this. The held window is the one that `X11Pointer` asks ahead for.
+  /// All arguments must outlive this. `held` is shared with `X11Pointer`, which requests its frame in
+  /// advance.
   X11WindowProvider(X11Connection& x, X11Displays& displays, HeldWindow& held, MainQueue& queue);
 
   [[nodiscard]] std::vector<DisplayInfo> displays() override;
@@ -36,7 +38,7 @@ public:
 
 private:
   bool applyFrame(std::int64_t id, const Rect& frame) override;
-  /// A snapshot is as good as fresh until an event has come in after it.
+  /// A snapshot is up to date until the next event arrives.
   struct Seen {
     WindowSnapshot snapshot;
     std::uint64_t generation = 0;
@@ -61,7 +63,7 @@ private:
   DesktopEntries desktopEntries_;
   WindowIds ids_;
   MoveLedger ledger_;
-  std::set<xcb_window_t> watched_;  ///< windows we moved, and hear of
+  std::set<xcb_window_t> watched_;  ///< windows that we moved and whose events we receive
   xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
   std::optional<Seen> lastSeen_;
   DeferredWork closing_;
