@@ -6,8 +6,8 @@
 
 namespace tilwin::x11 {
 
-/// One key of an ANSI keyboard: its stored key code, and the name that X Keyboard gives to the key at that
-/// place whatever letter is printed on it. Source: the XKB "evdev" and "xfree86" keycode descriptions.
+/// One key of an ANSI keyboard: its key code in the settings, and the XKB name of the key at that position,
+/// which does not depend on the keyboard layout. Source: the XKB keycode descriptions "evdev" and "xfree86".
 struct KeyPosition {
   std::uint32_t keyCode = 0;
   std::string_view name;

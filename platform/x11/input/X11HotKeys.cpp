@@ -12,11 +12,11 @@ namespace tilwin::x11 {
 
 namespace {
 
-/// A switch of layout comes as a burst of events.
+/// A change of the keyboard layout causes a burst of events.
 constexpr MainQueue::Seconds afterBurst{0.05};
 
-/// In milliseconds, and longer than any delay before a held key repeats: silence of this length means that a
-/// release was lost, as when the console is switched away.
+/// In milliseconds, longer than any delay before a held key repeats. After a longer silence a press is no
+/// repetition: the release was lost, for instance when the user switched to another console.
 constexpr xcb_timestamp_t longestSilence = 5000;
 
 }  // namespace
@@ -66,8 +66,7 @@ void X11HotKeys::remove(Reference reference) {
   registrations_.erase(found);
 }
 
-/// The server lets one client grab the same chord twice; two owners of one chord would both be told, so the
-/// second is refused here.
+/// Refuses a chord that this program has already grabbed, because the server would allow it.
 std::optional<KeyChord> X11HotKeys::grabFor(const HotKeySpec& spec) const {
   const auto chord = keyboard_.chordFor(spec);
   const bool ours =
@@ -105,14 +104,15 @@ void X11HotKeys::keyPressed(const xcb_key_press_event_t& event) {
   if (found != registrations_.end() && handler_) handler_(found->second.identity.id);
 }
 
-/// With detectable auto-repeat a held key sends presses without releases between.
+/// With detectable auto-repeat, a held key sends presses without releases in between.
 bool X11HotKeys::isRepeat(const xcb_key_press_event_t& event) {
   const auto [entry, isNew] = down_.try_emplace(event.detail, event.time);
   const xcb_timestamp_t silence = event.time - std::exchange(entry->second, event.time);
   return !isNew && silence < longestSilence;
 }
 
-/// The keyboard is ours until the key that grabbed it goes up; of keys released after that we hear nothing.
+/// The grab lasts until the key that activated it is released. Releases of other keys after that do not reach
+/// this program, so it forgets them all.
 void X11HotKeys::keyReleased(const xcb_key_release_event_t& event) {
   down_.erase(event.detail);
   if (event.detail != grabbingKey_) return;

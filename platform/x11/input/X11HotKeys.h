@@ -12,12 +12,12 @@
 
 namespace tilwin::x11 {
 
-/// Hot keys as passive grabs by physical key, with and without every lock key. When the keyboard changes
-/// under them they are grabbed anew; one that is then refused stays registered and is tried again at the
-/// next change. Sources: X11 core protocol, GrabKey; X Keyboard Extension, detectable auto-repeat.
+/// Hot keys as passive grabs of physical keys, one grab for each combination of the lock keys. If the
+/// keyboard changes, all keys are grabbed again; one that is then refused stays registered and is tried again
+/// at the next change. Sources: X11 core protocol, GrabKey; X Keyboard Extension, detectable auto-repeat.
 class X11HotKeys : public HotKeys {
 public:
-  /// Connection, queue and log must outlive this.
+  /// The connection, the queue and the log must outlive this. The destructor releases all grabs.
   X11HotKeys(X11Connection& x, MainQueue& queue, SystemLog& log);
   X11HotKeys(const X11HotKeys&) = delete;
   X11HotKeys& operator=(const X11HotKeys&) = delete;
@@ -31,7 +31,7 @@ private:
   struct Registration {
     HotKeySpec spec;
     HotKeyIdentity identity;
-    std::optional<KeyChord> chord;  ///< what is grabbed now
+    std::optional<KeyChord> chord;  ///< the combination grabbed now, if any
   };
 
   void listenToEvents();
@@ -49,8 +49,8 @@ private:
   std::map<Reference, Registration> registrations_;
   Reference nextReference_ = 1;
   PressHandler handler_;
-  xcb_keycode_t grabbingKey_ = 0;                  ///< the key that holds the keyboard for us now
-  std::map<xcb_keycode_t, xcb_timestamp_t> down_;  ///< keys held, and when each was last heard of
+  xcb_keycode_t grabbingKey_ = 0;                  ///< the key whose passive grab is active now; 0 for none
+  std::map<xcb_keycode_t, xcb_timestamp_t> down_;  ///< keys held down, with the time of their last event
   DeferredWork keyboardReading_;
 };
 

@@ -23,7 +23,7 @@ struct ModifierKey {
   Keysym keysym;
 };
 
-/// Keysyms as X11's keysymdef.h numbers them.
+/// Source of the keysyms: X11/keysymdef.h.
 constexpr std::array<ModifierKey, 8> modifierKeys{{
     {HotKeySpec::option, 0xFFE9},  // Alt_L
     {HotKeySpec::option, 0xFFEA},  // Alt_R
@@ -59,7 +59,7 @@ std::map<std::uint32_t, xcb_keycode_t> keycodesIn(const xcb_xkb_get_names_reply_
   return result;
 }
 
-/// The keysyms of a key, in all its groups and levels.
+/// The keysyms of a key, in all its groups and levels; empty if the key is not in the map.
 std::span<const Keysym> keysymsOf(const xcb_get_keyboard_mapping_reply_t& map, xcb_keycode_t first,
                                   xcb_keycode_t keycode) {
   const std::span all(xcb_get_keyboard_mapping_keysyms(&map),
@@ -70,7 +70,7 @@ std::span<const Keysym> keysymsOf(const xcb_get_keyboard_mapping_reply_t& map, x
                                                        : all.subspan(start, width);
 }
 
-/// The modifier bits whose keys carry the keysym.
+/// The modifier bits of the keys that have this keysym.
 std::uint16_t bitsOf(Keysym wanted, const xcb_get_modifier_mapping_reply_t& modifiers,
                      const xcb_get_keyboard_mapping_reply_t& map, xcb_keycode_t first) {
   const auto* keycodes = xcb_get_modifier_mapping_keycodes(&modifiers);
@@ -127,7 +127,7 @@ std::optional<KeyChord> X11Keyboard::chordFor(const HotKeySpec& spec) const {
 
 std::vector<std::uint16_t> X11Keyboard::lockCombinations() const {
   std::vector<std::uint16_t> result;
-  // Counts through all subsets of the lock bits, the empty one last.
+  // Enumerates all subsets of the lock bits, the empty one last.
   std::uint16_t subset = locks_;
   while (true) {
     result.push_back(subset);

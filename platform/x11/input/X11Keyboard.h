@@ -12,7 +12,7 @@
 
 namespace tilwin::x11 {
 
-/// A key combination as this server's keyboard has it.
+/// A key combination in terms of this server's keyboard.
 struct KeyChord {
   xcb_keycode_t keycode = 0;
   std::uint16_t modifiers = 0;
@@ -20,26 +20,28 @@ struct KeyChord {
   auto operator<=>(const KeyChord&) const = default;
 };
 
-/// Where this server's keyboard has the keys and modifiers that hot keys are made of, at the time of reading.
-/// Sources: X Keyboard Extension, key names; X11 core protocol, modifier mapping.
+/// Translates hot keys to the keycodes and modifier bits of this server's keyboard. A value; it does not
+/// follow later changes of the keyboard. Sources: X Keyboard Extension, key names; X11 core protocol,
+/// modifier mapping.
 class X11Keyboard {
 public:
   X11Keyboard() = default;
+  /// Reads the keyboard in one round trip. What the server does not answer is missing in the result.
   [[nodiscard]] static X11Keyboard read(const X11Connection& x);
 
   bool operator==(const X11Keyboard&) const = default;
 
-  /// Nothing when this keyboard lacks the key or one of the modifiers.
+  /// The combination for a hot key; nothing if this keyboard lacks the key or one of the modifiers.
   [[nodiscard]] std::optional<KeyChord> chordFor(const HotKeySpec& spec) const;
-  /// Every combination of the lock keys (Caps Lock, Num Lock, Scroll Lock), none included: what has to be
-  /// grabbed beside a chord's own modifiers so that they never get in its way.
+  /// Every combination of the lock keys (Caps Lock, Num Lock, Scroll Lock), including none. A chord must be
+  /// grabbed with each of them, so that it works whatever lock is on.
   [[nodiscard]] std::vector<std::uint16_t> lockCombinations() const;
-  /// The modifiers of an event that make up a chord, locks and pointer buttons taken out.
+  /// The modifiers of a key event's state, without locks and pointer buttons.
   [[nodiscard]] std::uint16_t chordModifiers(std::uint16_t state) const;
 
 private:
-  std::map<std::uint32_t, xcb_keycode_t> keycodes_;   ///< by stored key code
-  std::map<std::uint32_t, std::uint16_t> modifiers_;  ///< by HotKeySpec bit
+  std::map<std::uint32_t, xcb_keycode_t> keycodes_;   ///< by HotKeySpec key code
+  std::map<std::uint32_t, std::uint16_t> modifiers_;  ///< by HotKeySpec modifier bit
   std::uint16_t locks_ = XCB_MOD_MASK_LOCK;
 };
 

@@ -69,7 +69,7 @@ Point X11Pointer::position() {
 
 void X11Pointer::rawEvent(const xcb_ge_generic_event_t& event) {
   if (event.extension != xcb_get_extension_data(x_.get(), &xcb_input_id)->major_opcode) return;
-  // The raw events of buttons, keys and motion are laid out alike.
+  // The raw events of buttons, keys and motion have the same layout.
   const auto detail = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event).detail;
   switch (event.event_type) {
     case XCB_INPUT_RAW_BUTTON_PRESS:
@@ -102,8 +102,8 @@ void X11Pointer::moved() {
   if (isDown_ && !nextLook_.isNeeded()) tellMove(look());
 }
 
-/// A pointer that has moved on is told of without waiting for its next step. One that rests is looked at once
-/// more after motion was asked for, so that no step falls between the two.
+/// Reports a move if the pointer has moved since the last one. If it rests, selects motion events and then
+/// reads the pointer once more, so that a move between the first read and the selection is not missed.
 void X11Pointer::lookAgain() {
   if (!isDown_) return;
   Point at = look();

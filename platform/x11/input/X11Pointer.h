@@ -18,23 +18,25 @@
 
 namespace tilwin::x11 {
 
-/// The mouse by raw events, which arrive whoever holds the pointer; nothing is grabbed. Of its motion, and of
-/// the keyboard, the server tells us only while the left button is down: a mouse that is merely moved never
-/// wakes this program. Nor does every step of one whose button is down: after a move that is told, the next
-/// look is a moment later, and only once the pointer rests is the server asked for motion again. Raw events
-/// name buttons as they are built; which of them is the left one is the user's choice.
+/// Watches the mouse with raw events, which arrive even while another client grabs the pointer. Grabs
+/// nothing.
 ///
-/// Escape calls a drag off with every window manager.
+/// To wake up seldom, it selects motion and key events only while the left button is down. During a drag it
+/// reports a move, deselects motion, and polls the pointer after `betweenLooks`. Once the pointer rests, it
+/// selects motion again and stops polling. Points are pixels in root coordinates.
 ///
-/// Sources: X Input Extension 2.1, raw events; X11 core protocol, SetPointerMapping.
+/// Raw events have physical button numbers; the pointer mapping tells which one the user has made the left
+/// button. Escape cancels a drag in every window manager.
+///
+/// Sources: X Input Extension 2.1, raw events; X11 core protocol, GetPointerMapping.
 class X11Pointer : public PointerMonitor {
 public:
-  /// All must outlive this, and the connection every token. The held window's place is asked for with each
-  /// look at the pointer in a drag.
+  /// All arguments must outlive this. During a drag, each read of the pointer also requests the frame of
+  /// `held`.
   X11Pointer(X11Connection& x, HeldWindow& held, MainQueue& queue);
 
   [[nodiscard]] std::unique_ptr<Token> addGlobal(PointerEvent events, Handler handler) override;
-  /// Null: this program's own windows are no exception to the raw events.
+  /// Always null, because raw events include those for this program's own windows.
   [[nodiscard]] std::unique_ptr<Token> addLocal(PointerEvent events, Handler handler) override;
   [[nodiscard]] std::unique_ptr<Token> addCancelled(std::function<void()> handler) override;
   [[nodiscard]] Point position() override;
@@ -45,13 +47,15 @@ private:
   void buttonReleased(std::uint32_t button);
   void moved();
   void lookAgain();
+  /// Reads the pointer and the frame of the held window, in one round trip.
   [[nodiscard]] Point look();
   void tellMove(Point to);
   void keyPressed(std::uint32_t keycode);
   [[nodiscard]] bool isLeft(std::uint32_t button) const;
   void readButtons();
+  /// Selects the raw events to receive.
   void select(std::uint32_t events);
-  /// The same with the next flush.
+  /// The same, but sent with the next flush.
   void ask(std::uint32_t events);
   void tell(PointerEvent event);
 
@@ -59,11 +63,11 @@ private:
   HeldWindow& held_;
   std::map<PointerEvent, Listeners<Token, PointerEvent>> monitors_;
   Listeners<Token> cancellations_;
-  std::vector<std::uint8_t> buttons_;  ///< what each button counts as, the first one's first
-  std::uint32_t asked_ = 0;            ///< the events that the server is to tell of
+  std::vector<std::uint8_t> buttons_;  ///< the logical button of each physical one, starting with button 1
+  std::uint32_t asked_ = 0;            ///< the events selected on the server
   bool isDown_ = false;
-  std::optional<Point> telling_;  ///< where the pointer is, while a move is told
-  Point told_;                    ///< where it was at the last one
+  std::optional<Point> telling_;  ///< where the pointer is, while a move is being reported
+  Point told_;                    ///< where the pointer was at the last reported move
   DeferredWork nextLook_;
 };
 
