@@ -7,7 +7,7 @@
 namespace tilwin {
 namespace {
 
-/// Takes parts off the front of one display's text.
+/// Reads the text of one display from front to back.
 class Scanner {
 public:
   explicit Scanner(std::string_view text) : rest_(text) {}

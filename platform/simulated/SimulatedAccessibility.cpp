@@ -12,7 +12,7 @@ public:
   const SimulatedAccessibility::Node node;
 };
 
-/// 0 for an element that is not of a simulated tree.
+/// 0 for an element that is not from a simulated tree.
 SimulatedAccessibility::Node nodeOf(const AccessibilityElementRef& element) {
   const auto* simulated = dynamic_cast<const SimulatedElement*>(element.get());
   return simulated == nullptr ? 0 : simulated->node;
@@ -117,7 +117,7 @@ std::uint64_t SimulatedAccessibility::hash(const AccessibilityElementRef& of) {
   return chosen == hashes_.end() ? node : chosen->second;
 }
 
-/// Only what an element has can be written, and the count goes on whether it is or not.
+/// Accepts a write only if the element has the attribute. Counts every write, refused ones too.
 bool SimulatedAccessibility::isTaken(Content& by, std::string_view name) const {
   ++by.writeCount;
   return isTrusted && by.attributes.contains(name) && !by.refusesAll && !by.refused.contains(name) &&

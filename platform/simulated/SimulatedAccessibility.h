@@ -16,11 +16,12 @@
 
 namespace tilwin {
 
-/// A tree of accessibility elements in memory. Whoever plays the other programs makes the elements, gives
-/// them attributes and says how they take being written to.
+/// A tree of accessibility elements in memory. A test plays the other programs: it creates elements, sets
+/// their attributes and decides which writes they accept. Functions that take a node throw
+/// `std::out_of_range` if they need an element that does not exist.
 class SimulatedAccessibility final : public Accessibility {
 public:
-  using Node = std::uint64_t;  ///< names an element to whoever steers the tree; never 0 and never used again
+  using Node = std::uint64_t;  ///< the id by which a test refers to an element; never 0 and never reused
 
   /// One request to change an attribute.
   struct Write {
@@ -30,38 +31,42 @@ public:
     bool wasTaken = false;
   };
 
-  /// Without the user's trust every read finds nothing and every write is refused.
+  /// Whether the user trusts this program. If not, every read returns nothing and every write is refused.
   bool isTrusted = true;
   /// Called after each write.
   std::function<void(const Write& write)> onWrite{};
 
-  /// The element that stands for the program; made when there is none yet.
+  /// The element of the program; created if it does not exist.
   Node applicationNode(std::int32_t processID);
-  /// An element of the program, without attributes.
+  /// Adds an element of the program, without attributes.
   Node add(std::int32_t processID);
-  /// Nothing can be read from it any longer. Attributes that hold it still do.
+  /// Removes the element: every read from it fails from now on. Attributes that refer to it stay unchanged.
   void remove(Node node);
-  /// Overwrites the attribute, whatever it held.
+  /// Sets an attribute.
   void give(Node node, std::string_view attribute, AccessibilityValue value);
+  /// Removes an attribute.
   void take(Node node, std::string_view attribute);
-  /// What the attribute holds, as seen without the user's trust.
+  /// The value of an attribute, even without the user's trust.
   [[nodiscard]] AccessibilityValue held(Node node, std::string_view attribute) const;
-  /// A value that attributes can hold, even of an element that has been removed. Each one made is another
-  /// object; null for what was never an element.
+  /// A reference to the element, for use in attributes. Works for removed elements too; null if the element
+  /// never existed. Each call returns another object.
   [[nodiscard]] AccessibilityElementRef reference(Node node) const;
+  /// Sets what `hash` returns for the element; by default it is the node.
   void setHash(Node node, std::uint64_t hash);
-  /// Nobody says any longer which program the element is of.
+  /// Makes the process of the element unknown.
   void forgetProcess(Node node);
-  /// Takes no write of this attribute from now on.
+  /// Refuses all writes of this attribute from now on.
   void refuse(Node node, std::string_view attribute);
-  /// Takes no write at all from now on.
+  /// Refuses all writes to the element from now on.
   void refuseAll(Node node);
   /// Refuses one write to the element: 1 is the next one, 2 the one after it.
   void refuseOnce(Node node, int which);
-  /// The element covers this area, above those that were put there before.
+  /// Places the element on this area, in points, above all that were placed before.
   void cover(const Rect& area, Node node);
+  /// Removes the element from all its areas.
   void uncover(Node node);
 
+  /// All writes since the last `forgetWrites`, refused ones too.
   [[nodiscard]] const std::vector<Write>& writes() const { return writes_; }
   void forgetWrites() { writes_.clear(); }
 
@@ -79,7 +84,7 @@ private:
     std::map<std::string, AccessibilityValue, std::less<>> attributes{};
     std::set<std::string, std::less<>> refused{};
     bool refusesAll = false;
-    std::set<int> refusedOnce{};  ///< counted from the element's first write
+    std::set<int> refusedOnce{};  ///< numbers of writes, counted from the element's first
     int writeCount = 0;
   };
 

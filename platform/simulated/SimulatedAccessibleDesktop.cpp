@@ -98,7 +98,7 @@ void SimulatedAccessibleDesktop::raise(Node window) {
   if (const auto frame = standing(window)) tree.cover(*frame, window);
 }
 
-/// Brings the list of the program's windows and its focused window up to date.
+/// Updates the program's list of windows and its focused window.
 void SimulatedAccessibleDesktop::showWindows(std::int32_t processID) {
   const Node application = tree.applicationNode(processID);
   std::vector<AccessibilityElementRef> windows;

@@ -6,7 +6,7 @@
 
 namespace tilwin {
 
-/// Screens as whoever plays the user connects them.
+/// Screens set by a test.
 class SimulatedScreens final : public Screens {
 public:
   std::vector<Screen> connected{};
@@ -14,7 +14,7 @@ public:
   std::vector<Screen> screens() override { return connected; }
 };
 
-/// Running programs as whoever plays the user lists them.
+/// Running programs set by a test.
 class SimulatedWorkspace final : public Workspace {
 public:
   std::optional<RunningApplication> frontmost{};
@@ -26,7 +26,7 @@ public:
   std::optional<std::string> ownBundleIdentifier() override { return own; }
 };
 
-/// A window as an ordinary program shows it to accessibility.
+/// A window with the attributes that an ordinary program gives it; the frame is in points.
 struct AccessibleWindow {
   std::string title = "Untitled";
   Rect frame{100, 100, 800, 600};
@@ -34,8 +34,9 @@ struct AccessibleWindow {
   bool isMinimized = false;
 };
 
-/// A desktop whose programs show their windows by accessibility: a tree kept the way macOS keeps it. What is
-/// out of the ordinary is done to `tree`, `workspace` and `screens` themselves.
+/// A desktop whose windows are accessible through a tree of elements, as on macOS. A test uses these
+/// functions for what users and programs normally do, and changes `tree`, `workspace` and `screens` directly
+/// for unusual states.
 class SimulatedAccessibleDesktop {
 public:
   using Node = SimulatedAccessibility::Node;
@@ -44,22 +45,22 @@ public:
   SimulatedWorkspace workspace{};
   SimulatedScreens screens{};
 
-  /// Starts a program behind the others; its process id is chosen when it is 0. Returns that id.
+  /// Starts a program without activating it. Chooses a process id if it is 0. Returns the process id.
   std::int32_t launch(RunningApplication application);
-  /// Gives the program the keys.
+  /// Gives the program the keyboard focus.
   void activate(std::int32_t processID);
   /// Opens a window in front of the program's others and focuses it within the program, unless minimised.
   Node open(std::int32_t processID, const AccessibleWindow& window = {});
-  /// The program's next window that is not minimised, if any, has its focus.
+  /// Closes the window. The program's next window that is not minimised gets the focus within the program.
   void close(Node window);
-  /// Brings the window out of the minimised state and to the front, and its program with it.
+  /// Restores the window if it is minimised, brings it to the front and activates its program.
   void focus(Node window);
   void minimize(Node window);
-  /// The user moves the window; it is found under points of the new frame.
+  /// The user moves the window, which also brings it to the front.
   void place(Node window, const Rect& frame);
-  /// Nothing when the window is not open.
+  /// The frame of the window; nothing if it is not open.
   [[nodiscard]] std::optional<Rect> standing(Node window) const;
-  /// An element inside another, as a button is inside its window; it covers no area.
+  /// Adds an element inside another, such as a button inside a window. It covers no area.
   Node nest(Node inside, std::string_view role = "AXGroup");
 
 private:

@@ -14,12 +14,12 @@
 
 namespace tilwin {
 
-/// A whole desktop in memory. The program gets `platform()`; whoever plays the user and the other programs
-/// works the parts by name.
+/// A whole desktop in memory. The program under test gets `platform()`. The test plays the user and the other
+/// programs through the public members. Lengths are points.
 class SimulatedDesktop {
 public:
-  /// `displays` as `parseDisplays` reads them; throws `std::invalid_argument` for anything else. The user has
-  /// no place for files unless one is given.
+  /// `displays` is in the format of `parseDisplays`; throws `std::invalid_argument` if it is not. `files` is
+  /// the application support folder; without it the desktop has none.
   explicit SimulatedDesktop(std::string_view displays = "1440x900+0+0",
                             std::optional<std::filesystem::path> files = std::nullopt);
   SimulatedDesktop(const SimulatedDesktop&) = delete;
@@ -37,10 +37,10 @@ public:
   SimulatedScreenChanges screens;
   SimulatedBundle bundle;
 
-  /// Screens are plugged in and out; throws like the constructor.
+  /// Connects these displays instead of the present ones; throws like the constructor.
   void setDisplays(std::string_view displays);
 
-  /// The ports onto this desktop; it must outlive their use.
+  /// The ports of this desktop, which must outlive their users.
   [[nodiscard]] Platform platform() {
     return {time, log, keyboard, disk, provider_, mouse, sheet, user, screens, bundle};
   }

@@ -10,7 +10,7 @@ constexpr std::uint32_t highestKeyCode = 127;
 constexpr std::uint32_t allModifiers =
     HotKeySpec::cmd | HotKeySpec::shift | HotKeySpec::option | HotKeySpec::control;
 
-/// Bits of an event that no combination has.
+/// Modifier bits of a key event that are not part of a combination.
 constexpr std::uint32_t capsLockBit = 0x400;
 constexpr std::uint32_t numLockBit = 0x10000;
 
@@ -51,7 +51,7 @@ bool SimulatedHotKeys::press(const HotKeySpec& spec) {
 }
 
 void SimulatedHotKeys::deliver(std::uint32_t id) {
-  // A copy, as the handler may install another one.
+  // A copy, because the handler may set another one.
   if (const auto handler = handler_) handler(id);
 }
 

@@ -10,7 +10,7 @@
 
 namespace tilwin {
 
-/// The keyboard of a simulated desktop: who holds which combination, and what happens when keys go down.
+/// The keyboard of a simulated desktop. A test presses keys and lets other programs hold combinations.
 class SimulatedHotKeys final : public HotKeys {
 public:
   struct Registration {
@@ -21,27 +21,28 @@ public:
     bool operator==(const Registration&) const = default;
   };
 
-  /// Another program takes or gives back a combination. Taking one that the program holds already has no
-  /// effect on it.
+  /// Another program registers the combination. If the program under test has registered it before, that
+  /// registration stays.
   void holdElsewhere(const HotKeySpec& spec);
+  /// The other program unregisters the combination.
   void letGoElsewhere(const HotKeySpec& spec);
-  /// From now on this keyboard has no such key.
+  /// Removes a key from this keyboard.
   void removeKey(std::uint32_t keyCode);
 
-  /// Lights of the keyboard; the events of all keys carry them.
+  /// Sets the lock keys, whose state is part of every key event.
   void setLocks(bool capsLock, bool numLock);
-  /// The key goes down with these modifiers held, or repeats when it is down already. True when the program
-  /// took the event; otherwise it would reach the window with the focus.
+  /// Presses the key with these modifiers held; if it is already down, it auto-repeats. Returns true if the
+  /// combination is registered; otherwise the event would reach the focused window.
   bool keyDown(const HotKeySpec& spec);
   void keyUp(std::uint32_t keyCode);
-  /// Down and up again.
+  /// `keyDown`, then `keyUp`; returns the result of `keyDown`.
   bool press(const HotKeySpec& spec);
-  /// A press that the program learns of by an id alone, registered or not.
+  /// Calls the press handler with this id, whether it is registered or not.
   void deliver(std::uint32_t id);
 
-  /// What is registered now, in the order it was.
+  /// The present registrations, oldest first.
   [[nodiscard]] const std::vector<Registration>& registrations() const { return registrations_; }
-  /// References given back, in that order, those that were not registered included.
+  /// All references given to `remove`, in that order, including those that were not registered.
   [[nodiscard]] const std::vector<Reference>& removals() const { return removals_; }
   [[nodiscard]] bool hasHandler() const { return handler_ != nullptr; }
   [[nodiscard]] int handlerInstallations() const { return handlerInstallations_; }

@@ -12,7 +12,7 @@ struct SimulatedMainQueue::Repeating {
   Task task;
 };
 
-/// Keeps alive what the waiting task knows only weakly.
+/// Owns the repetition; the waiting task holds it weakly.
 class SimulatedMainQueue::KeptRepetition : public Repetition {
 public:
   explicit KeptRepetition(std::shared_ptr<Repeating> repeating) : repeating_(std::move(repeating)) {}
@@ -39,7 +39,7 @@ void SimulatedMainQueue::postAfter(Seconds delay, Task task) {
   at(uptime_ + std::max(std::chrono::round<Tick>(delay), Tick::zero()), std::move(task));
 }
 
-/// Never late, whatever the tolerance.
+/// Ignores the tolerance: each run is on time.
 std::unique_ptr<MainQueue::Repetition> SimulatedMainQueue::repeat(Seconds interval, Seconds, Task task) {
   auto repeating = std::make_shared<Repeating>(
       Repeating{std::max(std::chrono::round<Tick>(interval), Tick(1)), std::move(task)});

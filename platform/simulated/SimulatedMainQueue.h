@@ -10,20 +10,20 @@
 
 namespace tilwin {
 
-/// The main queue of a simulated desktop, with a clock moved by hand. Time passes only in `advance`, and in
-/// `run` when nothing is due; tasks of one moment run in the order they were asked for. `run` aborts when
-/// nothing is left that could ever stop it.
+/// The main queue of a simulated desktop, whose clock is set by the test. Time passes only in `advance`, and
+/// in `run` when nothing is due. Tasks due at the same time run in the order in which they were posted. `run`
+/// aborts the process if no task is left that could stop it.
 class SimulatedMainQueue final : public MainQueue {
 public:
-  /// Runs what is due now, and what that asks for at once in turn. Returns whether anything ran.
+  /// Runs all tasks due now, including those that they post. Returns whether any task ran.
   bool runDue();
-  /// Lets this much time pass, running each task at its moment.
+  /// Lets this much time pass and runs each task when it is due.
   void advance(Seconds by);
-  /// The user or a time server sets the clock; nothing that waits is affected.
+  /// Sets the wall clock, as a user or a time server does. Does not affect waiting tasks.
   void setWallClock(WallTime now);
-  /// Whether nothing waits, now or for later.
+  /// Whether no task waits, now or later.
   [[nodiscard]] bool isIdle() const { return waiting_.empty(); }
-  /// The status given to `stop`, once it was; nothing runs any more until `run`.
+  /// The status given to `stop`, if it was called. No task runs after that until `run` is called again.
   [[nodiscard]] std::optional<int> exitStatus() const { return exitStatus_; }
 
 private:

@@ -10,7 +10,7 @@ struct SimulatedPointer::Installed {
   std::function<void()> tell;
 };
 
-/// Keeps alive what the pointer knows only weakly.
+/// Owns the monitor; the pointer holds it weakly.
 class SimulatedPointer::KeptMonitor : public Token {
 public:
   explicit KeptMonitor(std::shared_ptr<const Installed> installed) : installed_(std::move(installed)) {}
@@ -72,7 +72,7 @@ std::unique_ptr<PointerMonitor::Token> SimulatedPointer::install(const Monitor& 
 }
 
 void SimulatedPointer::tell(const Monitor& kind) {
-  // A copy, as monitors may come and go meanwhile.
+  // A copy, because a handler may add and remove monitors.
   const auto monitors = installed_;
   for (const auto& each : monitors) {
     const auto installed = each.lock();

@@ -9,14 +9,14 @@
 
 namespace tilwin {
 
-/// The mouse of a simulated desktop. Its hands tell the monitors before they return; they drag no window,
-/// which is for `SimulatedWindows::moveByHand` to do first.
+/// The mouse of a simulated desktop. Its functions call the monitors before they return. They do not move
+/// windows; to drag one, call `SimulatedWindows::moveByHand` first. Points are in global desktop coordinates.
 class SimulatedPointer final : public PointerMonitor {
 public:
   enum class Reach {
-    global,     ///< events of other programs' windows
-    local,      ///< events of this program's own windows
-    cancelled,  ///< the end of drags that the user called off
+    global,     ///< events that go to other programs
+    local,      ///< events that go to this program's own windows
+    cancelled,  ///< drags that the user cancels
   };
   struct Monitor {
     Reach reach = Reach::global;
@@ -25,21 +25,22 @@ public:
     bool operator==(const Monitor&) const = default;
   };
 
-  /// The button goes down at a point in a window of another program.
+  /// Presses the button at a point in a window of another program.
   void press(Point at);
-  /// The pointer moves and the monitors are told of it, if the button is down.
+  /// Moves the pointer and calls the monitors if the button is down.
   void drag(Point to);
-  /// The pointer moves before anybody is told of it.
+  /// Moves the pointer without calling the monitors.
   void move(Point to) { position_ = to; }
+  /// Releases the button; the event goes to another program.
   void release();
-  /// The button comes up, and a window of this program gets the event.
+  /// Releases the button; the event goes to a window of this program.
   void releaseInThisProgram();
-  /// The user calls off the drag; the button stays down.
+  /// The user cancels the drag; the button stays down.
   void cancel();
 
-  /// From now on monitors of this kind are refused.
+  /// Refuses monitors of this kind from now on.
   void refuse(const Monitor& kind) { refused_.push_back(kind); }
-  /// What is installed now, in the order it was.
+  /// The monitors installed now, oldest first.
   [[nodiscard]] std::vector<Monitor> monitors() const;
 
 private:

@@ -18,11 +18,11 @@
 #include "platform/ports/SystemLog.h"
 #include "platform/ports/UserDefaults.h"
 
-/// The small ports of a simulated desktop, each a few lines in memory.
+/// The small ports of a simulated desktop, in memory.
 
 namespace tilwin {
 
-/// A system log that keeps its lines.
+/// A system log that keeps its lines for tests to read.
 class SimulatedLog final : public SystemLog {
 public:
   [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
@@ -33,7 +33,7 @@ private:
   std::vector<std::string> lines_;
 };
 
-/// A user whose files lie in a folder of the test's choice, or who has no place for files.
+/// An application support folder chosen by the test, created on request; or none.
 class SimulatedBundle final : public Bundle {
 public:
   explicit SimulatedBundle(std::optional<std::filesystem::path> folder) : folder_(std::move(folder)) {}
@@ -48,18 +48,18 @@ private:
   std::optional<std::filesystem::path> folder_;
 };
 
-/// Settings of a simulated user, on a disk that may be full.
+/// The stored settings of a simulated user. Writes can be made to fail.
 class SimulatedUserDefaults final : public UserDefaults {
 public:
   using Blobs = std::map<std::string, std::string, std::less<>>;
 
-  /// What is stored.
+  /// Everything that is stored.
   [[nodiscard]] const Blobs& blobs() const { return blobs_; }
-  /// Puts a blob there by another hand than the program's.
+  /// Stores a blob from outside the program under test.
   void store(std::string_view key, std::string_view blob) { blobs_.insert_or_assign(std::string(key), blob); }
-  /// From now on the program's writes fail, or work again.
+  /// Whether the program's writes fail from now on.
   void setRefusing(bool refusing) { refusing_ = refusing; }
-  /// How often the program has written, refused or not.
+  /// How often the program has written, including writes that failed.
   [[nodiscard]] int writeCount() const { return writeCount_; }
 
 private:
@@ -77,7 +77,7 @@ private:
   int writeCount_ = 0;
 };
 
-/// A user who trusts this program until told otherwise, and who answers no question.
+/// A user who trusts this program unless the test changes that, and never answers `ask`.
 class SimulatedTrust final : public AccessibilityTrust {
 public:
   void setTrusted(bool trusted) { trusted_ = trusted; }
@@ -92,12 +92,12 @@ private:
   int askCount_ = 0;
 };
 
-/// Tells of changes of a simulated desktop's displays.
+/// Reports changes of the displays of a simulated desktop.
 class SimulatedScreenChanges final : public ScreenChanges {
 public:
-  /// The displays have changed, or the desktop says so without cause.
+  /// Calls the handler, whether the displays have changed or not.
   void tell() {
-    // A copy, as the handler may install another one.
+    // A copy, because the handler may set another one.
     if (const auto handler = handler_) handler();
   }
   [[nodiscard]] bool hasHandler() const { return handler_ != nullptr; }
@@ -108,12 +108,12 @@ private:
   std::function<void()> handler_;
 };
 
-/// An overlay that nobody sees but tests.
+/// An overlay that only remembers its frame, in points.
 class SimulatedOverlay final : public Overlay {
 public:
-  /// Where it is, while it is shown.
+  /// The frame at which it is shown; nothing if it is hidden.
   [[nodiscard]] const std::optional<Rect>& visible() const { return visible_; }
-  /// How often it has been put somewhere.
+  /// How often it was shown with a placeable frame.
   [[nodiscard]] int showCount() const { return showCount_; }
 
 private:

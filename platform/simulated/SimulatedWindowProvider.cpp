@@ -25,8 +25,8 @@ std::vector<WindowInfo> SimulatedWindowProvider::allWindows() {
   return result;
 }
 
-/// The frontmost application's windows first, the other applications by name, each one's windows from the
-/// front backwards.
+/// The windows of the frontmost application first, then those of the other applications sorted by name.
+/// Within an application, the front window first.
 std::vector<SimulatedWindows::Handle> SimulatedWindowProvider::listed() const {
   std::vector<SimulatedWindows::Handle> handles;
   std::copy_if(windows_.stack().begin(), windows_.stack().end(), std::back_inserter(handles),

@@ -8,10 +8,12 @@
 
 namespace tilwin {
 
-/// Windows of the simulated desktop as the program sees them. A window whose size did not follow a request to
-/// the point is reported at the frame asked for, as long as it stands where that request put it.
+/// The windows of the simulated desktop as the program under test sees them. A window that could not take the
+/// exact size of a request is reported with the requested frame, as long as it stays where the request put
+/// it. Frames are in points.
 class SimulatedWindowProvider final : public DesktopWindows {
 public:
+  /// The windows must outlive this.
   explicit SimulatedWindowProvider(SimulatedWindows& windows);
 
   std::vector<DisplayInfo> displays() override;

@@ -12,12 +12,12 @@
 
 namespace tilwin {
 
-/// A window of some application, and how it takes being moved.
+/// A window of some application, and how it responds to requests to move it. Lengths are points.
 struct SimulatedWindow {
   enum class Answer {
-    obeys,    ///< goes where it is asked to, as far as its size allows
-    ignores,  ///< takes the request and stays
-    refuses,  ///< turns the request down
+    obeys,    ///< takes the requested frame, within its size limits
+    ignores,  ///< accepts the request but does not change
+    refuses,  ///< refuses the request
   };
 
   std::string bundleID = "org.example.Editor";
@@ -26,17 +26,17 @@ struct SimulatedWindow {
   Rect frame{100, 100, 800, 600};
   double minimumWidth = 1;
   double minimumHeight = 1;
-  double widthStep = 1;  ///< the width is always a whole multiple of this, as of a terminal's character cell
+  double widthStep = 1;  ///< the width is a multiple of this, like the cell width of a terminal
   double heightStep = 1;
-  bool isStandard = true;  ///< not a dialog, a panel, a menu
+  bool isStandard = true;  ///< not a dialog, panel or menu
   bool isOfThisProgram = false;
   bool isMinimized = false;
   bool isMaximized = false;
-  bool vanishesOnceSeen = false;  ///< closes as soon as the program has been told of it
+  bool vanishesOnceSeen = false;  ///< closes as soon as the program has read it
   Answer answer = Answer::obeys;
 };
 
-/// What bars and docks take from a display's edges, in points.
+/// The space that panels and docks reserve at a display's edges, in points.
 struct Struts {
   double left = 0;
   double right = 0;
@@ -44,8 +44,9 @@ struct Struts {
   double bottom = 0;
 };
 
-/// The displays and windows of a simulated desktop, with its window manager: what a user or another program
-/// does to them, and how requests to move are answered.
+/// The displays, windows and window manager of a simulated desktop. A test opens and changes windows as a
+/// user or another program would; requests to move them go through `request`. Functions ignore the handle of
+/// a window that is not open.
 class SimulatedWindows {
 public:
   using Handle = std::int64_t;
@@ -53,35 +54,39 @@ public:
   explicit SimulatedWindows(std::vector<DisplayInfo> displays);
 
   [[nodiscard]] const std::vector<DisplayInfo>& displays() const { return displays_; }
-  /// Told once displays, or the struts on one, have changed.
+  /// Called after the displays or the struts of one have changed.
   std::function<void()> onDisplaysChanged;
-  /// Windows stay where they are, on a display or not.
+  /// Replaces the displays. Windows keep their frames, even if no display shows them.
   void setDisplays(std::vector<DisplayInfo> displays);
-  /// Takes the struts off the display's visible frame. False when there is no such display.
+  /// Makes the display's visible frame its frame without these struts. Returns false if the display does not
+  /// exist.
   bool reserve(std::uint32_t displayID, const Struts& struts);
 
-  /// The new window is in front and has the focus, unless it is minimised.
+  /// Opens a window in front of the others. It gets the focus unless it is minimised.
   Handle open(SimulatedWindow window);
+  /// Closes the window; if it had the focus, the front window gets it.
   void close(Handle handle);
-  /// Brings the window to the front, out of the minimised state, and gives it the focus.
+  /// Restores the window if it is minimised, brings it to the front and gives it the focus.
   void focus(Handle handle);
   void unfocus() { focused_.reset(); }
   void minimize(Handle handle);
+  /// Gives the window the visible frame of its display.
   void maximize(Handle handle);
+  /// Gives the window the frame it had before it was maximised.
   void unmaximize(Handle handle);
-  /// The user drags the window or its edges.
+  /// The user moves or resizes the window with the mouse; size limits do not apply.
   void moveByHand(Handle handle, const Rect& frame);
 
-  /// A program asks for a new frame. True when the request was taken; where the window then stands depends on
-  /// its size limits and its state.
+  /// A program requests a new frame. Returns whether the request was accepted; the resulting frame depends on
+  /// the window's `answer`, size limits and state.
   bool request(Handle handle, const Rect& frame);
-  /// How many requests to move have come, taken or not.
+  /// The number of requests so far, accepted or not.
   [[nodiscard]] std::uint64_t requestCount() const { return requestCount_; }
 
-  /// Null when it is not open.
+  /// The window; null if it is not open. Valid until the window is closed.
   [[nodiscard]] SimulatedWindow* find(Handle handle);
   [[nodiscard]] std::optional<Handle> focused() const { return focused_; }
-  /// Every open window, the front one first.
+  /// All open windows, the front one first.
   [[nodiscard]] const std::vector<Handle>& stack() const { return stack_; }
 
 private:
