@@ -66,7 +66,8 @@ void X11HotKeys::remove(Reference reference) {
   registrations_.erase(found);
 }
 
-/// Refuses a chord that this program has already grabbed, because the server would allow it.
+/// Refuses a chord that this program has already grabbed. The server would allow it, but the first `ungrab`
+/// would then release it for both.
 std::optional<KeyChord> X11HotKeys::grabFor(const HotKeySpec& spec) const {
   const auto chord = keyboard_.chordFor(spec);
   const bool ours =
