@@ -9,20 +9,20 @@
 
 namespace tilwin {
 
-/// One connected display, in the global desktop space.
+/// One connected display. Frames are in the global desktop space, in points (see `Rect`).
 struct DisplayInfo {
-  std::uint32_t id = 0;  ///< the number by which the desktop knows it
+  std::uint32_t id = 0;  ///< the desktop's own number for it
   Rect frame{};          ///< the whole display
-  Rect visibleFrame{};   ///< what bars and docks leave free; windows are placed in this
+  Rect visibleFrame{};   ///< the part not covered by panels and docks; windows are placed inside it
   bool isPrimary = false;
 
   bool operator==(const DisplayInfo&) const = default;
 };
 
-/// The one ordering of displays wherever a display has an index: by the frame's x, then by its y.
+/// The order of displays wherever one has an index: by the x of its frame, then by its y.
 struct DisplayOrder {
   [[nodiscard]] static bool precedes(const DisplayInfo& first, const DisplayInfo& second);
-  /// Displays at the same place keep the order they came in.
+  /// A stable sort: displays at the same position keep their order.
   [[nodiscard]] static std::vector<DisplayInfo> sorted(std::vector<DisplayInfo> displays);
 };
 

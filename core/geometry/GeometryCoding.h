@@ -7,6 +7,8 @@
 #include "core/geometry/Rect.h"
 #include "core/support/JsonCoding.h"
 
+/// The JSON form of the geometry types.
+
 namespace tilwin {
 
 template <>
@@ -16,7 +18,7 @@ struct JsonFields<Rect> {
                       JsonField{"height", &Rect::height});
 };
 
-/// The numbers as they stand: they are brought into range only when turned into points.
+/// Read without a range check: `NormalizedRect::rect` clamps the numbers.
 template <>
 struct JsonFields<NormalizedRect> {
   static constexpr auto table = std::make_tuple(

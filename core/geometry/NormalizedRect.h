@@ -4,10 +4,10 @@
 
 namespace tilwin {
 
-/// A rectangle as fractions of an area, such as a display's visible frame. Any numbers may be stored; they
-/// are brought into range only when turned back into points.
+/// A rectangle as fractions (0 to 1) of an area, such as a display's visible frame. May hold any numbers;
+/// `rect` clamps them.
 struct NormalizedRect {
-  /// A window or area takes at least this share of a display in each direction.
+  /// The smallest width and height, as a fraction of the area.
   static constexpr double smallestShare = 0.05;
 
   double x = 0;
@@ -17,11 +17,11 @@ struct NormalizedRect {
 
   bool operator==(const NormalizedRect&) const = default;
 
-  /// The fractions of `area` that `rect` stands at. An area side below 1 point counts as 1.
+  /// The position and size of `rect` as fractions of `in`. A side of `in` shorter than 1 point counts as 1.
   [[nodiscard]] static NormalizedRect of(const Rect& rect, const Rect& in);
 
-  /// Whole points inside `in`: at least 5% of it in each direction, never starting in its last 5%, never
-  /// past its right or bottom edge.
+  /// The rectangle in whole points inside `in`: at least `smallestShare` of it in each direction, never
+  /// starting in its last 5%, never past its right or bottom edge.
   [[nodiscard]] Rect rect(const Rect& in) const;
 };
 

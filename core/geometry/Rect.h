@@ -5,8 +5,8 @@
 
 namespace tilwin {
 
-/// A place in the global desktop space: points, origin at the top-left corner of the primary display, x to
-/// the right and y downward.
+/// A position in the global desktop space, in points. The origin is the top-left corner of the primary
+/// display; x grows to the right, y grows downward.
 struct Point {
   double x = 0;
   double y = 0;
@@ -14,7 +14,7 @@ struct Point {
   bool operator==(const Point&) const = default;
 };
 
-/// How large something in the global desktop space is, in points.
+/// A size in points.
 struct Size {
   double width = 0;
   double height = 0;
@@ -22,7 +22,7 @@ struct Size {
   bool operator==(const Size&) const = default;
 };
 
-/// One axis of a rectangle.
+/// The extent of a rectangle along one axis.
 struct Span {
   double start = 0;
   double length = 0;
@@ -30,8 +30,7 @@ struct Span {
   bool operator==(const Span&) const = default;
 };
 
-/// A rectangle in the global desktop space: points, origin at the top-left corner of the primary display,
-/// x to the right and y downward.
+/// A rectangle in the global desktop space, in points; see `Point`.
 struct Rect {
   double x = 0;
   double y = 0;
@@ -45,23 +44,23 @@ struct Rect {
   [[nodiscard]] constexpr double midX() const { return x + width * 0.5; }
   [[nodiscard]] constexpr double midY() const { return y + height * 0.5; }
 
-  /// Half-open: the left and top edges belong to the rectangle, the right and bottom ones do not.
+  /// Left and top edges are inside the rectangle, right and bottom edges are not.
   [[nodiscard]] constexpr bool contains(double px, double py) const {
     return x <= px && px < maxX() && y <= py && py < maxY();
   }
   /// Whether each of the four fields differs from the other's by at most `tolerance`.
   [[nodiscard]] bool isClose(const Rect& to, double tolerance) const;
-  /// Whether a window can be there: every edge lies at most `farthest` from the origin, and no field is NaN
-  /// or infinite. X11 counts places in 16 bits, and no desktop reaches farther.
+  /// Whether a window can be placed there: every edge is at most `farthest` from the origin, and no field is
+  /// NaN or infinite. X11 coordinates have 16 bits.
   [[nodiscard]] bool isPlaceable() const;
   static constexpr double farthest = 32767;  ///< points
-  /// The share of this rectangle's own area that the other covers, 0 to 1; 0 for an empty rectangle.
+  /// The fraction of this rectangle's area that the other covers, 0 to 1; 0 if this one is empty.
   [[nodiscard]] double overlapFraction(const Rect& with) const;
-  /// This rectangle shrunk to fit the area if need be, then pushed inside it.
+  /// This rectangle moved inside the area, and shrunk first if it is larger.
   [[nodiscard]] Rect moved(const Rect& into) const;
-  /// What is left inside a margin of this many points on each side; at least one point each way.
+  /// This rectangle without a margin of that many points on each side; at least 1 point wide and high.
   [[nodiscard]] Rect inset(double margin) const;
-  /// Each field rounded to the nearest whole number, halves away from zero.
+  /// Each field rounded to the nearest integer, halves away from zero.
   [[nodiscard]] Rect rounded() const;
 };
 

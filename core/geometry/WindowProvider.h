@@ -9,8 +9,8 @@
 
 namespace tilwin {
 
-/// Reads and moves the windows of other applications. Whoever needs one holds it weakly; the composition
-/// root owns it. Nothing here throws: what cannot be read is left out, what cannot be moved is reported.
+/// Reads and moves the windows of other applications. Owned by the composition root; users hold it weakly.
+/// Nothing here throws: windows that cannot be read are omitted, a failed move returns false.
 class WindowProvider {
 public:
   WindowProvider() = default;
@@ -18,19 +18,19 @@ public:
   WindowProvider& operator=(const WindowProvider&) = delete;
   virtual ~WindowProvider() = default;
 
-  /// All connected displays in the desktop's order, the primary one first.
+  /// All connected displays in the desktop's order, primary display first.
   [[nodiscard]] virtual std::vector<DisplayInfo> displays() = 0;
-  /// The window with keyboard focus in the frontmost application.
+  /// The window with the keyboard focus; nothing if there is none or it cannot be read.
   [[nodiscard]] virtual std::optional<WindowInfo> focusedWindow() = 0;
-  /// The windows that layouts may act on.
+  /// All windows that layouts may move.
   [[nodiscard]] virtual std::vector<WindowInfo> allWindows() = 0;
-  /// Moves and resizes a window that this provider issued the id of. True when the window was found and the
-  /// move was issued; where it then ends is the window's own affair. A frame that is not placeable is
-  /// refused, so that no window is lost by a slip in a file.
+  /// Moves and resizes a window; `id` is from this provider. Returns true if the window was found and the
+  /// move requested; where it ends up is decided by the window and the desktop. Refuses a frame that is not
+  /// placeable, so that a wrong number in a file cannot move a window out of reach.
   bool setFrame(std::int64_t id, const Rect& frame) { return frame.isPlaceable() && applyFrame(id, frame); }
 
 protected:
-  /// What `setFrame` does for each desktop; the frame is placeable.
+  /// Implements `setFrame` for one desktop. `frame` is placeable.
   virtual bool applyFrame(std::int64_t id, const Rect& frame) = 0;
 };
 
