@@ -5,10 +5,10 @@
 namespace tilwin {
 namespace {
 
-/// How far a pointer may seem to have left a display at its left and its top.
+/// Points beyond the left and top edge that still count as on the display.
 constexpr double slack = 1;
 
-/// From the point to each edge of the display.
+/// From the pointer to each edge of the display, in points.
 struct Distances {
   double left;
   double right;
@@ -27,7 +27,7 @@ struct Edge {
   SnapAction action;
 };
 
-// Of several that apply, the first counts.
+// The first match counts.
 constexpr std::array corners{
     Corner{&Distances::left, &Distances::top, SnapAction::topLeft},
     Corner{&Distances::right, &Distances::top, SnapAction::topRight},

@@ -8,15 +8,14 @@
 
 namespace tilwin {
 
-/// The bands along a display's edges, and what it means to let go of a window in them.
+/// The zones along the edges of a display in which a dragged window snaps when released.
 struct DragZone {
-  static constexpr double edgeDepth = 6;     ///< points from an edge within which a drag snaps
-  static constexpr double cornerReach = 60;  ///< points that a corner reaches along its two edges
+  static constexpr double edgeDepth = 6;     ///< depth of the zones in points from the edge
+  static constexpr double cornerReach = 60;  ///< length of a corner zone along each of its edges, in points
 
-  /// The action that letting go at this point of the display performs; nothing away from its edges and
-  /// outside of it. `edge` is the depth of the band and `corner` how far a corner reaches along its two
-  /// edges, in points: the two constants above, but where a recording asks what lies farther in. Distances
-  /// are taken from the whole display, not from what panels leave of it.
+  /// The action for a window released with the pointer at this point; nothing if the point is in no zone or
+  /// not on the display. `edge` and `corner` are normally `edgeDepth` and `cornerReach`; the drag log also
+  /// asks with a larger depth. Distances are measured from the display's whole frame, including panels.
   [[nodiscard]] static std::optional<SnapAction> action(Point at, const DisplayInfo& on, double edge,
                                                         double corner);
 };

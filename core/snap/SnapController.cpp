@@ -20,7 +20,7 @@ constexpr std::array<Cycle, 2> cycles{{
     {SnapAction::rightHalf, SnapAction::rightTwoThirds, SnapAction::rightThird},
 }};
 
-/// Whether enough of the top of a window would be in view there for the user to get hold of it.
+/// Whether enough of the top of the window, where its title bar is, would be visible to grab it.
 bool isReachable(const Rect& frame, const std::vector<DisplayInfo>& displays) {
   const Rect strip{frame.x, frame.y, frame.width, std::min(frame.height, titleStripHeight)};
   return std::any_of(displays.begin(), displays.end(), [&](const DisplayInfo& display) {
@@ -30,19 +30,18 @@ bool isReachable(const Rect& frame, const std::vector<DisplayInfo>& displays) {
 
 }  // namespace
 
-/// What one action works on.
+/// The input of one action.
 struct SnapController::Scene {
   WindowProvider& provider;
   const WindowInfo& window;
   const std::vector<DisplayInfo>& displays;
-  const DisplayInfo& display;  ///< the one the window belongs to
+  const DisplayInfo& display;  ///< the one that covers most of the window
 };
 
 struct SnapController::FocusedPlace {
   std::shared_ptr<WindowProvider> provider;
   WindowInfo window;
-  /// What areas are fractions of: the display's visible frame less the margin. The gap between tiles plays no
-  /// part.
+  /// The rectangle that areas are fractions of: the visible frame without the margin. `gap` is not used.
   Rect inner;
 };
 

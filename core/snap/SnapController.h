@@ -17,44 +17,46 @@
 
 namespace tilwin {
 
-/// Carries out snap actions on windows and remembers where each stood before it was first moved. Nothing
-/// here throws or reports text: what cannot be done returns false and leaves the window where it was.
+/// Performs snap actions on windows and remembers the frame each window had before its first move. Nothing
+/// here throws or shows messages: an operation that fails returns false.
 class SnapController {
 public:
   using EventHandler = std::function<void(std::int64_t windowID, SnapAction action)>;
 
-  /// The provider is held weakly; once it is gone every operation fails quietly.
+  /// Holds the provider weakly; after it is destroyed every operation fails silently.
   explicit SnapController(std::weak_ptr<WindowProvider> provider);
 
-  double outer = 0;         ///< margin between tiles and the visible frame's edges, in points
+  double outer = 0;         ///< margin between tiles and the edges of the visible frame, in points
   double gap = 0;           ///< space between neighbouring tiles, in points
-  bool cycleWidths = true;  ///< whether repeating a half or third command cycles the width
+  bool cycleWidths = true;  ///< whether repeating a half or third cycles through the widths
   std::unordered_set<std::string> ignoredBundleIDs;  ///< applications whose windows are never moved
-  EventHandler onEvent;                              ///< told after each successful move by an action
+  EventHandler onEvent;                              ///< called after each `perform` or drag that succeeds
 
-  /// Acts on the focused window. True when the window ended where the action wants it.
+  /// Acts on the focused window. Returns true if the window is already in place or the move was requested.
   bool perform(SnapAction action);
-  /// Puts a given window on a given display; `currentFrame` is where it stood before the user dragged it.
+  /// Snaps a dragged window on the given display. `currentFrame` is its frame before the drag, which
+  /// `restore` brings back.
   bool snap(std::int64_t windowID, SnapAction to, const DisplayInfo& on, const Rect& currentFrame);
-  /// Puts the focused window into an area of its display. Not reported to `onEvent`.
+  /// Moves the focused window into an area of its display. Does not call `onEvent`.
   bool snap(const CustomArea& to);
-  /// A new area where the focused window stands; the window is neither moved nor remembered.
+  /// Makes a new area from the frame of the focused window, without moving or remembering the window.
   [[nodiscard]] std::optional<CustomArea> captureFocusedWindow(std::string named) const;
 
-  /// Places the windows of a saved layout, as far as they are open. A window that does not move stops no
-  /// other. The slots that found no window are in the plan returned.
+  /// Moves the open windows that a saved layout names. If one cannot be moved, the others still are. The
+  /// returned plan lists the slots for which no window was found.
   LayoutPlan apply(const Layout& layout);
 
-  /// Keeps the window's frame for `restore`, unless one is kept already.
+  /// Stores the window's frame for `restore`, unless one is already stored.
   void remember(const WindowInfo& window);
   void forget(std::int64_t windowID);
   [[nodiscard]] std::optional<Rect> originalFrame(std::int64_t windowID) const;
 
-  /// The display that covers most of the rectangle; the primary one when none touches it. Points into
-  /// `displays`; null only for an empty list.
+  /// The display that covers most of the rectangle; the primary one if none overlaps it. Points into
+  /// `displays`; null only if that is empty.
   [[nodiscard]] static const DisplayInfo* display(const Rect& containing,
                                                   const std::vector<DisplayInfo>& displays);
-  /// The next width of the cycle that `action` belongs to, when the window already stands at one of them.
+  /// The next action of the width cycle that `action` belongs to, if the window already has one of its
+  /// frames; else nothing.
   [[nodiscard]] static std::optional<SnapAction> cycled(SnapAction action, const Rect& current,
                                                         const Rect& area, double outer, double gap);
 

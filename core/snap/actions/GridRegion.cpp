@@ -8,8 +8,8 @@
 namespace tilwin {
 namespace {
 
-/// One axis of the grid. The counts come as floats because a decoded region may hold any whole number, and
-/// arithmetic on those must not overflow.
+/// One axis of the grid. The counts are doubles because a region decoded from a file may hold any 64-bit
+/// integers, and arithmetic on those could overflow.
 Span cells(const Span& inner, double gap, double count, double first, double covered) {
   const double cell = (inner.length - (count - 1) * gap) / count;
   return {inner.start + (cell + gap) * first, cell * covered + (covered - 1) * gap};

@@ -9,7 +9,7 @@
 
 namespace tilwin {
 
-/// A span of cells of a grid laid over an area. Columns count from 0 at the left, rows from 0 at the top.
+/// A block of cells in a grid over an area. Columns count from 0 at the left, rows from 0 at the top.
 struct GridRegion {
   std::int64_t columns = 1;
   std::int64_t rows = 1;
@@ -19,7 +19,7 @@ struct GridRegion {
   std::int64_t rowSpan = 1;
 
   constexpr GridRegion() = default;
-  /// Brings every argument into range, so that the region lies wholly inside a grid of at least one cell.
+  /// Clamps every argument, so that the block lies inside a grid of at least one cell.
   constexpr GridRegion(std::int64_t columnCount, std::int64_t rowCount, std::int64_t firstCol,
                        std::int64_t firstRow, std::int64_t colsCovered, std::int64_t rowsCovered)
       : columns(std::max<std::int64_t>(columnCount, 1)),
@@ -31,8 +31,8 @@ struct GridRegion {
 
   bool operator==(const GridRegion&) const = default;
 
-  /// Where the region lies in `area`, in whole points. `outer` is kept free on each side of the area, `gap`
-  /// between neighbouring cells.
+  /// The block's frame in the area `in`, in whole points. `outer` is the margin on each side of the area,
+  /// `gap` the space between neighbouring cells, both in points.
   [[nodiscard]] Rect frame(const Rect& in, double outer, double gap) const;
 };
 

@@ -10,7 +10,7 @@
 
 namespace tilwin {
 
-/// What can be done to a window by one shortcut, menu entry or drag.
+/// What one shortcut, menu entry or drag can do to a window.
 enum class SnapAction : std::uint8_t {
   leftHalf,
   rightHalf,
@@ -50,24 +50,25 @@ enum class SnapAction : std::uint8_t {
   previousDisplay,
 };
 
-/// What is known of each action.
+/// The table of actions: stored name, title, and the frame that each gives a window.
 struct SnapActions {
-  static constexpr double resizeStep = 32;    ///< points that `larger` and `smaller` move each edge
-  static constexpr double minimumSize = 240;  ///< points below which `smaller` does not shrink
+  static constexpr double resizeStep = 32;    ///< points by which `larger` and `smaller` move each edge
+  static constexpr double minimumSize = 240;  ///< points; `smaller` does not shrink a side below this
 
   /// Every action, in declaration order.
   [[nodiscard]] static std::span<const SnapAction> all();
-  /// The name under which the action is stored: that of its enumeration case.
+  /// The name stored in files: that of the enumerator.
   [[nodiscard]] static std::string_view rawValue(SnapAction action);
+  /// Nothing for an unknown name.
   [[nodiscard]] static std::optional<SnapAction> fromRawValue(std::string_view rawValue);
-  /// The name shown to people.
+  /// The name shown to the user.
   [[nodiscard]] static std::string_view title(SnapAction action);
-  /// The cells the action fills; nothing for an action that is not a span of a grid.
+  /// The grid cells the action fills; nothing for actions that are not defined by a grid.
   [[nodiscard]] static std::optional<GridRegion> region(SnapAction action);
 
-  /// Where a window now at `current` goes, in whole points. `in` is the visible frame of its display,
-  /// `outer` the margin kept to that frame's edges and `gap` the space between neighbouring tiles, in points.
-  /// Nothing for `restore`, `nextDisplay` and `previousDisplay`, which need more than one frame to decide.
+  /// The new frame of a window whose frame is `current`, in whole points. `in` is the visible frame of its
+  /// display, `outer` the margin to that frame's edges and `gap` the space between tiles, in points. Nothing
+  /// for `restore`, `nextDisplay` and `previousDisplay`, which depend on more than this.
   [[nodiscard]] static std::optional<Rect> frame(SnapAction action, const Rect& current, const Rect& in,
                                                  double outer, double gap);
 };

@@ -10,7 +10,7 @@
 
 namespace tilwin {
 
-/// The numbers as they stand: a region read from a file is not brought into range.
+/// Read without a range check, unlike the constructor of `GridRegion`.
 template <>
 struct JsonFields<GridRegion> {
   static constexpr auto table =
@@ -19,7 +19,7 @@ struct JsonFields<GridRegion> {
                       JsonField{"colSpan", &GridRegion::colSpan}, JsonField{"rowSpan", &GridRegion::rowSpan});
 };
 
-/// An action is its raw value; any other text is an error.
+/// An action is stored as its raw value; any other text is an error.
 template <>
 struct JsonCoding<SnapAction> {
   static SnapAction decode(const JsonReader& reader) {
