@@ -9,7 +9,7 @@
 namespace tilwin {
 namespace {
 
-/// Composed, so that a word means the same however it was typed or stored.
+/// Lower case and composed (NFC), so that differently encoded accents compare equal.
 std::string comparable(std::string_view text) { return UnicodeText::composed(UnicodeText::lowerCased(text)); }
 
 bool equals(std::string_view name, std::string_view query) { return name == query; }
@@ -28,7 +28,7 @@ bool contains(std::string_view name, std::string_view query) {
 
 constexpr std::array tests{equals, begins, hasWordBeginning, contains};
 
-/// Who passed one of the tests.
+/// How many candidates passed one of the tests, and the last of them.
 struct Passed {
   const PhraseParser::AppCandidate* candidate = nullptr;
   std::size_t count = 0;
@@ -38,7 +38,7 @@ using PassedTests = std::array<Passed, tests.size()>;
 
 void note(const PhraseParser::AppCandidate& candidate, std::string_view name, std::string_view query,
           PassedTests& passed) {
-  if (!contains(name, query)) return;  // then it passes no other test either
+  if (!contains(name, query)) return;  // the other tests imply this one
   for (std::size_t test = 0; test < tests.size(); ++test) {
     if (tests[test](name, query)) passed[test] = {&candidate, passed[test].count + 1};
   }

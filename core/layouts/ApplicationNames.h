@@ -9,13 +9,14 @@
 
 namespace tilwin {
 
-/// Applications that can be asked for by name, their names made comparable once, however many queries follow.
+/// Finds applications by name for `PhraseParser`. Prepares the names for comparison once, for many queries.
 class ApplicationNames {
 public:
-  /// The candidates must outlive this object and what it finds.
+  /// Keeps a view of the candidates, which must outlive this object and the pointers it returns.
   explicit ApplicationNames(std::span<const PhraseParser::AppCandidate> candidates);
 
-  /// The one meant, as `PhraseParser::resolve` says; null when there is none.
+  /// The application that best fits the query, by the rules of `PhraseParser::resolve`; null if there is
+  /// none.
   [[nodiscard]] const PhraseParser::AppCandidate* find(std::string_view query) const;
 
 private:

@@ -8,7 +8,7 @@
 namespace tilwin {
 namespace {
 
-/// Cut off toward zero. Display frames are finite and far from the limits.
+/// Truncated toward zero. Display coordinates are finite and small enough for the cast.
 std::string whole(double value) { return std::to_string(static_cast<std::int64_t>(std::trunc(value))); }
 
 }  // namespace

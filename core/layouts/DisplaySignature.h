@@ -9,8 +9,8 @@
 
 namespace tilwin {
 
-/// Names a set of connected displays by their sizes and places, so that windows can be put back when the same
-/// set returns.
+/// Identifies a set of connected displays by their sizes and positions in whole points, so that windows can
+/// be restored when the same set is connected again.
 struct DisplaySignature {
   std::string key;  ///< "1512x982@0,0|2560x1440@1512,-200"; empty for no displays
 

@@ -14,16 +14,16 @@
 
 namespace tilwin {
 
-/// Where on a display a window goes: cells of a grid, which honour margin and gap, or plain fractions of the
-/// visible frame.
+/// Where on a display a window goes: cells of a grid, placed with margin and gap, or fractions of the visible
+/// frame, placed without.
 using SlotTarget = std::variant<GridRegion, NormalizedRect>;
 
-/// One window to place. It is looked for by `bundleID`, without one by `appName`; empty text counts as none.
+/// One window to place. The window is searched by `bundleID`, or if that is missing or empty by `appName`.
 struct LayoutSlot {
   std::optional<std::string> bundleID{};
   std::optional<std::string> appName{};
-  std::optional<std::string> titleContains{};  ///< narrows the choice among the application's windows
-  std::int64_t displayIndex = 0;               ///< in `DisplayOrder`; one outside it means the nearest end
+  std::optional<std::string> titleContains{};  ///< if not empty, the window's title must contain this
+  std::int64_t displayIndex = 0;               ///< in `DisplayOrder`; clamped to the existing displays
   SlotTarget target{};
 
   bool operator==(const LayoutSlot&) const = default;
@@ -33,9 +33,9 @@ struct LayoutSlot {
 struct Layout {
   Uuid id{};
   std::string name{};
-  std::vector<LayoutSlot> slots{};              ///< in the order in which windows are chosen and placed
-  std::optional<DisplaySignature> signature{};  ///< the displays it was captured on, if it belongs to any
-  bool isAutomatic = false;                     ///< kept by the program itself for its displays
+  std::vector<LayoutSlot> slots{};              ///< windows are chosen and placed in this order
+  std::optional<DisplaySignature> signature{};  ///< the displays it belongs to, if any
+  bool isAutomatic = false;                     ///< saved by the program itself, not by the user
   Date updatedAt{};
 
   bool operator==(const Layout&) const = default;

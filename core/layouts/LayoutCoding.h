@@ -15,7 +15,8 @@ struct JsonFields<DisplaySignature> {
   static constexpr auto table = std::make_tuple(JsonField{"key", &DisplaySignature::key});
 };
 
-/// An object with one key, the kind of target, over an object with the key "_0", the target itself.
+/// An object such as `{"region": {"_0": …}}` or `{"normalized": {"_0": …}}`: the kind of target as the only
+/// key, and the target under "_0". Anything else is an error.
 template <>
 struct JsonCoding<SlotTarget> {
   static SlotTarget decode(const JsonReader& reader);
@@ -40,7 +41,7 @@ struct JsonFields<Layout> {
                       JsonField{"slots", &Layout::slots}, JsonField{"updatedAt", &Layout::updatedAt});
 };
 
-/// The layouts file as a whole.
+/// The root object of the layouts file.
 template <>
 struct JsonFields<LayoutStore> {
   static constexpr auto table = std::make_tuple(JsonField{"layouts", &LayoutStore::layouts});

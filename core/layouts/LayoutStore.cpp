@@ -102,7 +102,7 @@ void LayoutStore::keepNewestAutomatic() {
   std::stable_sort(automatic.begin(), automatic.end(), [&](std::size_t first, std::size_t second) {
     return layouts[first].updatedAt > layouts[second].updatedAt;
   });
-  // By place, from the back: a file written by hand may hold the same id twice.
+  // Erased by index, not by id: a file edited by hand may contain the same id twice.
   automatic.erase(automatic.begin(), automatic.begin() + maximumAutomatic);
   std::sort(automatic.rbegin(), automatic.rend());
   for (const std::size_t index : automatic)

@@ -9,37 +9,39 @@
 
 namespace tilwin {
 
-/// Every saved layout: the user's own, and those the program keeps for the display sets seen last.
+/// All saved layouts: the user's own, and the automatic ones that the program keeps per set of displays. A
+/// plain value; `LayoutsFile` connects it to its file.
 struct LayoutStore {
-  static constexpr std::size_t maximumAutomatic = 6;
-  /// No file larger than this is read or written, in bytes; some 2,000 layouts of a dozen windows, and read
-  /// in about a second at worst, whatever is in it.
+  static constexpr std::size_t maximumAutomatic = 6;  ///< older automatic layouts are dropped
+  /// Larger files are neither read nor written. In bytes; enough for about 2,000 layouts of twelve windows.
+  /// Reading a file of this size takes up to about a second, whatever it contains.
   static constexpr std::size_t maximumFileSize = std::size_t{8} << 20;
 
-  std::vector<Layout> layouts;  ///< both sorts, in the order added
+  std::vector<Layout> layouts;  ///< both kinds, in the order added
 
   bool operator==(const LayoutStore&) const = default;
 
-  /// Nothing when there is no such file or it cannot be read.
+  /// Returns nothing if the file is missing, too large or not valid as a whole.
   [[nodiscard]] static std::optional<LayoutStore> read(const std::filesystem::path& from);
-  /// The same, but then an empty store.
+  /// Like `read`, but returns an empty store instead of nothing.
   [[nodiscard]] static LayoutStore load(const std::filesystem::path& from);
-  /// Replaces the file in one step, whatever it held; `LayoutsFile` takes care of that. Throws
-  /// `std::filesystem::filesystem_error` or `JsonError`, and then the old file stands as it was.
+  /// Replaces the file atomically, without looking at its old content (`LayoutsFile::write` does that first).
+  /// Throws `std::filesystem::filesystem_error` or `JsonError` and then leaves the old file intact.
   void write(const std::filesystem::path& to) const;
 
-  /// In alphabetic order, ignoring case, as the user's language has it.
+  /// The layouts that are not automatic, in alphabetic order of the user's locale, ignoring case.
   [[nodiscard]] std::vector<Layout> userLayouts() const;
-  /// The program's own layout for these displays.
+  /// The automatic layout for these displays, if there is one.
   [[nodiscard]] std::optional<Layout> automatic(const DisplaySignature& signature) const;
 
-  /// Replaces the layout of the same id where it stands, else adds it at the end.
+  /// Replaces the layout with the same id, or adds it at the end.
   void save(Layout layout);
   void remove(const Uuid& id);
-  /// Does nothing when there is no such layout.
+  /// Does nothing if there is no such layout.
   void rename(const Uuid& id, std::string to);
-  /// Keeps the layout as the one for its displays, in place and under the id of an earlier one; without a
-  /// signature it does nothing. Of all automatic layouts the `maximumAutomatic` newest stay.
+  /// Stores the layout as the automatic one for its displays. Replaces an earlier one for the same displays
+  /// and takes over its id. Then drops all but the `maximumAutomatic` newest automatic layouts. Does nothing
+  /// for a layout without a signature.
   void setAutomatic(Layout layout);
 
 private:

@@ -8,21 +8,22 @@
 
 namespace tilwin {
 
-/// Where the program keeps its layouts. It knows which state of the file it has read or written last, and
-/// never lets any other go without a copy: one that could not be read, or that somebody has edited meanwhile.
+/// The program's layouts file. Remembers the state it last read or wrote, and makes a copy of any other
+/// content before replacing it: one that could not be read, or was edited by someone else in the meantime.
 class LayoutsFile {
 public:
   explicit LayoutsFile(std::filesystem::path path);
 
-  /// An empty store when there is no file or it cannot be read.
+  /// Returns an empty store if the file is missing or cannot be read.
   [[nodiscard]] LayoutStore load();
-  /// Replaces the file in one step. What it held, unless it came from here, is kept beside it first, under
-  /// its name and ".unreadable". Throws as `LayoutStore::write` does, and then the file stands as it was.
+  /// Replaces the file atomically. If its content is not what this object last read or wrote, keeps that as
+  /// "NAME.unreadable" first (see `AtomicFile::keepCopy`). Throws like `LayoutStore::write` and then leaves
+  /// the file intact.
   void write(const LayoutStore& store);
 
 private:
   std::filesystem::path path_;
-  std::optional<AtomicFile::Stamp> known_;
+  std::optional<AtomicFile::Stamp> known_;  ///< the state last read or written; none if it was unreadable
 };
 
 }  // namespace tilwin

@@ -10,17 +10,17 @@
 namespace tilwin {
 namespace {
 
-/// About as large as the default place of a centred window, for what names no cells of a grid.
+/// For actions that are not defined by grid cells: the size and position of `centerLarge`.
 constexpr NormalizedRect fallbackTarget{0.175, 0.1, 0.65, 0.8};
 
-/// The words of a single-spaced text, in place: without the spaces at its ends.
+/// A single-spaced text without the spaces at its ends, as a view.
 std::string_view withoutOuterSpaces(std::string_view text) {
   if (text.starts_with(' ')) text.remove_prefix(1);
   if (text.ends_with(' ')) text.remove_suffix(1);
   return text;
 }
 
-/// Whether the words stand somewhere in a single-spaced text, as whole words.
+/// Whether a single-spaced text contains the words, as whole words.
 bool hasWords(std::string_view text, std::string_view words) {
   for (std::size_t at = text.find(words); at != std::string_view::npos; at = text.find(words, at + 1)) {
     const std::size_t end = at + words.size();
@@ -29,7 +29,7 @@ bool hasWords(std::string_view text, std::string_view words) {
   return false;
 }
 
-/// The first row of the table whose phrase stands in the piece; null when none does.
+/// The first row of the table whose phrase occurs in the piece; null if there is none.
 const PhraseTable::Row* findPhrase(std::string_view piece) {
   const auto& rows = PhraseTable::phrases;
   const auto* const found = std::find_if(

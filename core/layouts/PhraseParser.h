@@ -11,12 +11,12 @@
 
 namespace tilwin {
 
-/// Reads layouts described in a sentence: "Safari left half and Mail takes the right half; Notes top right".
-/// Text is UTF-8; nothing here throws, and what cannot be read or found is handed back for the caller to
-/// report.
+/// Parses layouts described in a sentence: "Safari left half and Mail takes the right half; Notes top right".
+/// Text is UTF-8. Nothing here throws: the parts that are not understood are returned, so that the caller can
+/// report them.
 struct PhraseParser {
   struct Clause {
-    std::string appQuery{};  ///< what the sentence calls the application, in lower case
+    std::string appQuery{};  ///< the application's name as given in the sentence, in lower case
     SnapAction action{};
 
     bool operator==(const Clause&) const = default;
@@ -24,12 +24,12 @@ struct PhraseParser {
 
   struct Result {
     std::vector<Clause> clauses{};          ///< in the order of the sentence
-    std::vector<std::string> unreadable{};  ///< pieces that gave no clause: in lower case, single-spaced
+    std::vector<std::string> unreadable{};  ///< parts without a clause, in lower case, single-spaced
 
     bool operator==(const Result&) const = default;
   };
 
-  /// An application that can be meant.
+  /// An application that a clause may refer to.
   struct AppCandidate {
     std::string bundleID{};
     std::string name{};
@@ -39,16 +39,17 @@ struct PhraseParser {
 
   struct Slots {
     std::vector<LayoutSlot> slots{};        ///< all on the first display
-    std::vector<std::string> unresolved{};  ///< queries that mean none of the applications, or several
+    std::vector<std::string> unresolved{};  ///< queries that fit no application, or several equally well
 
     bool operator==(const Slots&) const = default;
   };
 
   [[nodiscard]] static Result parse(std::string_view text);
-  /// The one application whose name fits best: equals the query, else begins with it, else has a word that
-  /// begins with it, else contains it. Nothing when the best fit is shared by several.
+  /// The application whose name fits the query best, ignoring case: equal to it, else starting with it, else
+  /// having a word that starts with it, else containing it. Nothing if several fit equally well.
   [[nodiscard]] static std::optional<AppCandidate> resolve(std::string_view query,
                                                            std::span<const AppCandidate> among);
+  /// Resolves every clause and makes a layout slot from it.
   [[nodiscard]] static Slots slots(const Result& from, std::span<const AppCandidate> apps);
 };
 

@@ -7,14 +7,14 @@
 
 namespace tilwin {
 
-/// The words of described layouts, in lower case.
+/// The vocabulary of `PhraseParser`, in lower case.
 struct PhraseTable {
   struct Row {
     std::string_view phrase;
     SnapAction action;
   };
 
-  /// The first phrase found counts, so longer ones stand before the shorter ones they contain.
+  /// The first matching row counts, so longer phrases come before the shorter ones they contain.
   static constexpr std::array phrases = std::to_array<Row>({
       {"left three fourths", SnapAction::leftThreeFourths},
       {"left 3/4", SnapAction::leftThreeFourths},
@@ -65,13 +65,13 @@ struct PhraseTable {
       {"middle", SnapAction::center},
   });
 
-  /// What separates the clauses of a sentence beside the comma, as a regular expression.
+  /// A regular expression (ICU syntax) for what separates clauses, besides the comma.
   static constexpr std::string_view separators = R"(\band\b|\bthen\b|;|\|)";
 
-  /// Words that name neither an application nor a place.
+  /// Words to ignore when reading the application's name.
   static constexpr std::array<std::string_view, 15> fillers{
       "the", "a", "an", "on", "at", "in", "to", "put", "place", "set", "with", "of", "side", "window", "app"};
-  /// Dropped like the fillers.
+  /// Ignored like the fillers.
   static constexpr std::string_view verb = "takes";
 };
 

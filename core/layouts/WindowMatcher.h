@@ -11,14 +11,14 @@
 
 namespace tilwin {
 
-/// Gives windows to slots, each at most once, frontmost first. Every text is folded once, whatever the number
-/// of slots: folding is what costs.
+/// Assigns windows to layout slots, frontmost first, each window at most once. Case-folds every text only
+/// once, as folding is the expensive part.
 class WindowMatcher {
 public:
-  /// The windows must outlive the matcher.
+  /// Keeps pointers to the windows, which must outlive the matcher.
   WindowMatcher(const std::vector<WindowInfo>& windows, bool includeMinimized);
 
-  /// The window for the next slot; null when none is left that fits.
+  /// The frontmost unassigned window that matches the slot, now assigned; null if there is none.
   [[nodiscard]] const WindowInfo* take(const LayoutSlot& slot);
 
 private:
@@ -26,7 +26,7 @@ private:
     const WindowInfo* window = nullptr;
     std::string bundleKey{};
     std::string nameKey{};
-    std::optional<std::string> titleKey{};  ///< folded when a slot first asks for it
+    std::optional<std::string> titleKey{};  ///< computed when a slot first needs it
   };
 
   [[nodiscard]] static bool titleHas(Candidate& candidate, const std::string& key);
