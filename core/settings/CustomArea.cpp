@@ -6,7 +6,7 @@
 namespace tilwin {
 namespace {
 
-// Written so that what is not a number falls back to the lower bound.
+// The comparisons are false for NaN, which then becomes the lower bound.
 double clampedLength(double length) {
   return length >= NormalizedRect::smallestShare ? std::min(length, 1.0) : NormalizedRect::smallestShare;
 }

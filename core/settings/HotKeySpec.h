@@ -8,8 +8,8 @@
 
 namespace tilwin {
 
-/// A key combination. Key codes name positions on an ANSI keyboard (Carbon's virtual key codes: 0 is the key
-/// of A, 123 the left arrow); modifiers are Carbon's hot-key bits.
+/// A key combination. Key codes are Carbon's virtual key codes, which name positions on an ANSI keyboard (0
+/// is the A key, 123 the left arrow); modifiers are a sum of Carbon's modifier bits.
 struct HotKeySpec {
   static constexpr std::uint32_t cmd = 0x100;
   static constexpr std::uint32_t shift = 0x200;

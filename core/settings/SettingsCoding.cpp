@@ -40,7 +40,7 @@ void take(const JsonReader& reader, const JsonField<Settings, Member>& field, Se
   try {
     decode(*found, settings.*field.member);
   } catch (const JsonError&) {
-    // Nothing was taken, so the default still stands.
+    // The member was not assigned, so it keeps its default.
   }
 }
 

@@ -8,6 +8,8 @@
 #include "core/settings/TilwinSettings.h"
 #include "core/support/JsonCoding.h"
 
+/// The JSON form of the settings.
+
 namespace tilwin {
 
 template <>
@@ -23,8 +25,8 @@ struct JsonFields<CustomArea> {
                       JsonField{"rect", &CustomArea::rect}, JsonField{"shortcut", &CustomArea::shortcut});
 };
 
-/// Any object is read: a field that is absent or broken takes its default, a broken area drops out alone.
-/// Nothing is brought into range.
+/// Decodes any JSON object: a missing or invalid field gets its default, an invalid custom area is skipped.
+/// Does not check ranges; see `TilwinSettings::clamp`.
 template <>
 struct JsonCoding<TilwinSettings> {
   static TilwinSettings decode(const JsonReader& reader);

@@ -35,7 +35,7 @@ constexpr std::array reservedShortcuts = std::to_array<ShortcutRules::Reserved>(
     {{124, control}, "Move a Space right (Control-Right)"},
 });
 
-/// F1 to F12: they type nothing, so they need no modifier.
+/// F1 to F12. They need no modifier because they type no text.
 constexpr std::array<std::uint32_t, 12> functionKeys{122, 120, 99, 118, 96, 97, 98, 100, 101, 109, 103, 111};
 
 bool isFunctionKey(std::uint32_t keyCode) {
@@ -44,7 +44,7 @@ bool isFunctionKey(std::uint32_t keyCode) {
 
 bool hasAny(const HotKeySpec& spec, std::uint32_t modifiers) { return (spec.modifiers & modifiers) != 0; }
 
-/// The title or name of another owner that has the shortcut already.
+/// The title or name of another owner that already has the shortcut.
 std::optional<std::string> holder(const HotKeySpec& spec, const ShortcutOwner& owner,
                                   const TilwinSettings& settings) {
   for (const SnapAction action : SnapActions::all()) {

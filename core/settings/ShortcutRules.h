@@ -15,18 +15,18 @@ namespace tilwin {
 
 struct TilwinSettings;
 
-/// What a hot key triggers: an action, or the custom area with this id. Usable as a set element and a key of
-/// hashed maps, as `std::hash` covers variants.
+/// What a hot key triggers: an action, or the custom area with this id. Hashable, as `std::hash` supports
+/// variants.
 using ShortcutOwner = std::variant<SnapAction, Uuid>;
 
-/// Which shortcuts may be given to whom, and how to say why not.
+/// Decides whether a shortcut may be assigned, and explains why not.
 struct ShortcutRules {
   struct ReservedBySystem {
-    std::string label;  ///< of the system's shortcut
+    std::string label;  ///< what the system uses the shortcut for
     bool operator==(const ReservedBySystem&) const = default;
   };
   struct UsedBy {
-    std::string name;  ///< the action's title or the area's name
+    std::string name;  ///< title of the action or name of the area
     bool operator==(const UsedBy&) const = default;
   };
   struct NeedsModifier {
@@ -41,15 +41,16 @@ struct ShortcutRules {
     HotKeySpec spec;
     std::string_view label;
   };
-  /// Combinations that the system or every application uses.
+  /// Combinations used by the system or by most applications.
   [[nodiscard]] static std::span<const Reserved> reserved();
 
-  /// What stands against giving the shortcut to this owner, if anything. An owner is never in its own way.
+  /// The reason why the shortcut cannot be assigned to this owner, if any. The shortcut that the owner
+  /// already has is no conflict.
   [[nodiscard]] static std::optional<Problem> problem(const HotKeySpec& with, const ShortcutOwner& owner,
                                                       const TilwinSettings& in);
   [[nodiscard]] static std::optional<Problem> problem(const HotKeySpec& with, SnapAction action,
                                                       const TilwinSettings& in);
-  /// The sentence shown to the user.
+  /// The explanation shown to the user.
   [[nodiscard]] static std::string message(const Problem& problem);
 };
 

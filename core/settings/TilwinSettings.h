@@ -15,8 +15,8 @@
 
 namespace tilwin {
 
-/// The user's preferences. Shortcuts hold only what differs from the built-in ones, so that a change of those
-/// reaches everyone who never touched that action.
+/// The user's settings. `shortcuts` contains only changes from the built-in ones, so that a new built-in
+/// shortcut reaches every user who has not changed that action.
 struct TilwinSettings {
   struct DefaultShortcut {
     SnapAction action = SnapAction::leftHalf;
@@ -39,23 +39,22 @@ struct TilwinSettings {
 
   /// The built-in shortcuts; an action without a row has none.
   [[nodiscard]] static std::span<const DefaultShortcut> defaults();
-  /// The shortcut in force: none when disabled, else the override, else the built-in one.
+  /// The effective shortcut: none if disabled, else the override, else the built-in one.
   [[nodiscard]] std::optional<HotKeySpec> shortcut(SnapAction action) const;
-  /// Every shortcut in force and what it triggers: actions in their order, then areas in theirs.
+  /// All effective shortcuts and what they trigger: first actions, then areas, each in their order.
   [[nodiscard]] std::vector<std::pair<ShortcutOwner, HotKeySpec>> shortcutsInForce() const;
-  /// Whether there is an override, in force or not.
+  /// Whether there is an override, even if the shortcut is disabled.
   [[nodiscard]] bool hasCustomShortcut(SnapAction action) const;
 
-  /// Gives the shortcut to the action or area, or says what stands against it and changes nothing. An id that
-  /// no area has changes nothing either.
+  /// Assigns the shortcut, or returns the problem and changes nothing. Does nothing for an unknown area id.
   std::optional<ShortcutRules::Problem> assign(const HotKeySpec& spec, SnapAction to);
   std::optional<ShortcutRules::Problem> assign(const HotKeySpec& spec, const Uuid& toArea);
-  /// Back to the built-in shortcut.
+  /// Returns to the built-in shortcut.
   void resetShortcut(SnapAction action);
-  /// No shortcut, not even the built-in one.
+  /// Removes the shortcut, including the built-in one.
   void clearShortcut(SnapAction action);
 
-  /// Brings distances into 0 to 64 points and areas onto the screen, of which the first 12 are kept.
+  /// Clamps distances to 0 to 64 points and areas to the display; keeps only the first 12 areas.
   void clamp();
 };
 
