@@ -11,16 +11,16 @@ namespace {
 using Sample = DragTrace::Sample;
 
 constexpr double speedWindow = 0.12;  ///< seconds over which speeds are measured
-constexpr double leastPeak = 1;       ///< points per second; whoever was never faster has not moved
-constexpr double fastest = 2000;      ///< points per second that count as full speed
-constexpr double longestDwell = 0.6;  ///< seconds that count as a full dwell
+constexpr double leastPeak = 1;       ///< points per second; a slower pointer counts as not moved
+constexpr double fastest = 2000;      ///< points per second; higher speeds count as this
+constexpr double longestDwell = 0.6;  ///< seconds; longer dwells count as this
 
 struct Edge {
   double (*distance)(const Sample& from, const Rect& frame);
   bool NeighbourEdges::*neighbour;
 };
 
-/// Of edges equally near, the first one counts.
+/// If several edges are equally near, the first one counts.
 constexpr std::array edges = std::to_array<Edge>({
     {[](const Sample& from, const Rect& frame) { return from.x - frame.x; }, &NeighbourEdges::left},
     {[](const Sample& from, const Rect& frame) { return frame.maxX() - from.x; }, &NeighbourEdges::right},
@@ -44,8 +44,8 @@ struct Speeds {
   double peak = 0;
 };
 
-/// The speed at a sample is that since the newest sample at least a window older, or since the first. Times
-/// never decrease, so the sample to measure from only ever moves on.
+/// The speed at a sample is measured from the newest sample that is at least `speedWindow` older, or from the
+/// first sample. As times never decrease, `start` only moves forward.
 Speeds speedsOf(std::span<const Sample> samples) {
   Speeds speeds;
   std::size_t start = 0;

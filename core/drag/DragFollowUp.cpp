@@ -13,7 +13,7 @@ struct Row {
   DragFollowUps::Lesson lesson;
 };
 
-/// That nothing more happened is weak evidence: the user may simply not have bothered.
+/// Doing nothing is weak evidence: perhaps the user just did not bother to correct the window.
 constexpr std::array table = std::to_array<Row>({
     {DragFollowUp::restoredOrMovedAway, "restoredOrMovedAway", {.snap = false, .weight = 1.0}},
     {DragFollowUp::keptSnap, "keptSnap", {.snap = true, .weight = 0.4}},

@@ -7,28 +7,29 @@
 
 namespace tilwin {
 
-/// What the user did with a window after a drag.
+/// What the user did with the window in the seconds after a drag.
 enum class DragFollowUp : std::uint8_t {
-  restoredOrMovedAway,    ///< undid the snap, or moved away at once
-  keptSnap,               ///< let the snap stand
-  draggedBackToSameEdge,  ///< did by hand what the drag had not done
-  leftAlone,              ///< let the window stand where it was dropped
+  restoredOrMovedAway,    ///< undid the snap, or dragged the window away
+  keptSnap,               ///< left the snapped window as it was
+  draggedBackToSameEdge,  ///< made the snap that the drag had not made
+  leftAlone,              ///< left the unsnapped window where it was dropped
 };
 
-/// What is known of each follow-up.
+/// The table of follow-ups: stored name, and what the model learns from each.
 struct DragFollowUps {
-  /// What a drag model is to learn from it.
+  /// What `DragIntentModel` learns from a follow-up.
   struct Lesson {
-    bool snap = false;  ///< whether the user wanted the window to snap
-    double weight = 0;  ///< how sure that is; 1 for a correction made by hand
+    bool snap = false;  ///< whether the user wanted a snap
+    double weight = 0;  ///< how certain this is, 0 to 1; 1 if the user made a correction
 
     bool operator==(const Lesson&) const = default;
   };
 
   /// Every follow-up, in declaration order.
   [[nodiscard]] static std::span<const DragFollowUp> all();
-  /// The name under which the follow-up is stored: that of its enumeration case.
+  /// The name stored in files: that of the enumerator.
   [[nodiscard]] static std::string_view rawValue(DragFollowUp followUp);
+  /// Nothing for an unknown name.
   [[nodiscard]] static std::optional<DragFollowUp> fromRawValue(std::string_view rawValue);
   [[nodiscard]] static Lesson lesson(DragFollowUp followUp);
 };

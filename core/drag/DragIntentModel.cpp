@@ -13,24 +13,24 @@
 namespace tilwin {
 namespace {
 
-/// How fast each weight learns, and how strongly it is pulled back to where it began.
+/// Learning rate of each weight, and how strongly it is pulled back to its initial value.
 constexpr DragFeatures::Vector rate{0.25, 0.4, 1.6, 1.4, 1.2, 2.2, 2.2};
 constexpr DragFeatures::Vector pull{0.05, 0.05, 0.002, 0.002, 0.002, 0.002, 0.002};
 
 constexpr double largestWeight = 15;
-constexpr double averaging = 0.02;  ///< how far the averaged weights follow in one lesson
-constexpr double fading = 0.999;    ///< of the scores, in one lesson
+constexpr double averaging = 0.02;  ///< share by which the averages move toward the weights in one lesson
+constexpr double fading = 0.999;    ///< factor on both scores in each lesson
 
 constexpr double firstRate = 0.35;
 constexpr double lastRate = 0.012;
-constexpr double slowing = 80;  ///< lessons after which the rate is half the first
+constexpr double slowing = 80;  ///< lessons after which the learning rate is half of `firstRate`
 
-// Trust is hard to earn, and lost as soon as the rule is half a standard error ahead.
+// Trust needs strong evidence, and is lost as soon as the rule is half a standard error ahead.
 constexpr std::int64_t lessonsForTrust = 40;
 constexpr double scoreForTrust = 20;
 constexpr double evidenceForTrust = 2.5;
 constexpr double evidenceAgainstTrust = -0.5;
-constexpr double leastScore = 1;  ///< below which there is no evidence either way
+constexpr double leastScore = 1;  ///< below this sum of both scores the evidence counts as 0
 
 }  // namespace
 

@@ -14,45 +14,49 @@
 
 namespace tilwin {
 
-/// Learns from what a user does after drags whether a window let go near an edge was meant to snap, and keeps
-/// score against the fixed rule, which snaps within `todaysEdge`. Online logistic regression by stochastic
-/// gradient descent, with the weights that decide averaged over the steps (Polyak and Juditsky 1992, with an
-/// exponential window); who decides is settled by a sign test over the drags on which the two disagree.
+/// Learns from what the user does after drags whether a window released near an edge was meant to snap, and
+/// counts how often it is right where the fixed rule, which snaps within `todaysEdge`, is wrong. Online
+/// logistic regression by stochastic gradient descent; decisions use the average of the weights over the
+/// steps (Polyak and Juditsky 1992, with an exponential window). A sign test over the drags on which model
+/// and rule disagree tells whether to trust the model. A plain value; only the drag report runs it.
 struct DragIntentModel {
-  /// Points from an edge beyond which the model never snaps: the measure of what counts as near one.
+  /// Points; the model never snaps farther than this from an edge.
   static constexpr double reach = DragFeatures::nearEdge;
-  static constexpr double todaysEdge = DragZone::edgeDepth;  ///< points within which the rule snaps
-  /// The weights to start with. With distances counted in units of the reach they put the probability at
-  /// exactly one half where the rule's edge is, so that an untaught model agrees with the rule.
+  static constexpr double todaysEdge = DragZone::edgeDepth;  ///< points; the rule snaps up to this distance
+  /// The initial weights. At a distance of `todaysEdge`, which is a quarter of `reach`, they give a
+  /// probability of exactly one half (3 - 12 / 4 = 0), so that an untrained model agrees with the rule
+  /// everywhere but exactly there.
   static constexpr DragFeatures::Vector prior{3, -12, 0, 0, 0, 0, 0};
 
-  std::vector<double> weights{prior.begin(), prior.end()};   ///< one per entry of `DragFeatures::vector`
+  std::vector<double> weights{prior.begin(), prior.end()};   ///< as in `DragFeatures::vector`
   std::int64_t updates = 0;                                  ///< lessons so far
-  std::vector<double> averaged{prior.begin(), prior.end()};  ///< all decisions are made by these
-  double modelOnlyRight = 0;  ///< weight of the lessons on which the rule alone erred; old ones fade
-  double ruleOnlyRight = 0;   ///< weight of those on which the model alone erred
-  bool trusted = false;       ///< whether the model decides, rather than the rule
+  std::vector<double> averaged{prior.begin(), prior.end()};  ///< used for all decisions
+  double modelOnlyRight = 0;  ///< sum of lesson weights where only the model was right; fades with time
+  double ruleOnlyRight = 0;   ///< the same where only the rule was right
+  bool trusted = false;       ///< whether the model decides instead of the rule
 
   bool operator==(const DragIntentModel&) const = default;
 
-  /// That a snap is meant, 0 to 1.
+  /// The probability that a snap is meant, 0 to 1.
   [[nodiscard]] double probability(const DragFeatures& features) const;
+  /// The decision of the model, trusted or not.
   [[nodiscard]] bool learnedWouldSnap(const DragFeatures& features) const;
-  /// What the model decides once it is trusted, and until then the rule.
+  /// The decision of the model if it is trusted, else that of the rule.
   [[nodiscard]] bool shouldSnap(const DragFeatures& features) const;
-  /// How far the model is ahead of the rule, in standard errors; 0 while there is next to nothing to go by.
+  /// How far the model is ahead of the rule, in standard errors; 0 while there are too few disagreements.
   [[nodiscard]] double evidence() const;
   [[nodiscard]] bool isTrusted() const { return trusted; }
 
-  /// One lesson: whether the user wanted the window to snap, and how much that counts. Ends the program when
-  /// the weights are more than the features have entries, or the count of lessons runs over.
+  /// Learns from one drag: `snap` is whether the user wanted a snap, `weight` how certain that is. Aborts the
+  /// program if there are more weights than features or averages, or if `updates` overflows.
   void learn(const DragFeatures& features, bool snap, double weight);
   void learn(const DragFeatures& from, DragFollowUp followUp);
   void reset() { *this = {}; }
 
-  /// As JSON. Fails on numbers that JSON cannot express.
+  /// As JSON; an error if a number is infinite or NaN.
   [[nodiscard]] std::variant<std::string, JsonError> encoded() const;
-  /// A fresh model for any text that is not a whole and finite one.
+  /// Reads JSON made by `encoded`. Returns an untrained model if the text is invalid, the number of weights
+  /// is wrong or a number is not finite.
   [[nodiscard]] static DragIntentModel decode(std::string_view data);
 
 private:

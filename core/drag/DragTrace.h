@@ -5,19 +5,19 @@
 
 namespace tilwin {
 
-/// The path of the pointer during one drag. It keeps the most recent part of a long drag: whatever is asked
-/// of it looks back from the end.
+/// The path of the pointer during one drag. Of a long drag only the most recent part is kept, as
+/// `DragFeatures` describes the end of the drag.
 struct DragTrace {
   struct Sample {
-    double t = 0;  ///< seconds since the drag began, on a clock that never runs backwards
-    double x = 0;  ///< points in the global desktop space
+    double t = 0;  ///< seconds since the start of the drag, on a monotonic clock
+    double x = 0;  ///< global desktop space, points
     double y = 0;
 
     bool operator==(const Sample&) const = default;
   };
 
-  static constexpr std::size_t longest = 400;        ///< samples that are kept
-  static constexpr std::size_t droppedAtOnce = 100;  ///< of the oldest, once there are more
+  static constexpr std::size_t longest = 400;        ///< samples kept at most
+  static constexpr std::size_t droppedAtOnce = 100;  ///< oldest samples dropped when there are more
 
   std::vector<Sample> samples;  ///< oldest first
 

@@ -6,8 +6,8 @@
 namespace tilwin {
 namespace {
 
-constexpr double widestGap = 2;     ///< points between two displays that still adjoin
-constexpr double leastOverlap = 1;  ///< points; a shared stretch of edge must be longer
+constexpr double widestGap = 2;     ///< points; displays with a wider gap do not adjoin
+constexpr double leastOverlap = 1;  ///< points; the shared part of the edges must be longer
 
 bool meet(double edge, double other) { return std::abs(edge - other) <= widestGap; }
 

@@ -6,7 +6,7 @@
 
 namespace tilwin {
 
-/// On which edges of a display another display lies directly across, so that the pointer can go on there.
+/// At which edges of a display another display adjoins, so that the pointer can cross over.
 struct NeighbourEdges {
   bool left = false;
   bool right = false;
@@ -15,7 +15,7 @@ struct NeighbourEdges {
 
   bool operator==(const NeighbourEdges&) const = default;
 
-  /// The display itself may be among the others: whichever has its id is passed over.
+  /// `among` may include the display itself: the one with the same id is ignored.
   [[nodiscard]] static NeighbourEdges around(const DisplayInfo& display,
                                              const std::vector<DisplayInfo>& among);
 };

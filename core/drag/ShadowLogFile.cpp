@@ -38,7 +38,7 @@ void ShadowLogFile::erase() {
     counted_.reset();
     std::error_code ignored;
     const bool isThere = fs::is_regular_file(url_, ignored);
-    // Held, so that no other process puts a trimmed log in its place just then.
+    // Locked, so that no other process replaces the log with a trimmed one at the same time.
     const auto file = isThere ? LineFile::take(url_) : std::nullopt;
     AtomicFile::removeDrafts(url_);
     if (isThere) fs::remove(fs::canonical(url_, ignored), ignored);
@@ -53,7 +53,8 @@ void ShadowLogFile::write(const std::string& line) {
   counted_ = AtomicFile::stamp(url_);
   const bool isTooLong = ++*lines_ > trimAbove;
   if (isTooLong && file->isHeldAlone()) trim();
-  // Once a trimmed log is in place the next process has its turn; and without a turn others may write.
+  // The count is unreliable now: after a trim the lock is on the replaced file, and without the lock other
+  // processes may have written.
   if (isTooLong || !file->isHeldAlone()) lines_.reset();
 }
 
@@ -68,10 +69,11 @@ void ShadowLogFile::trim() {
   for (auto line = lines.end() - kept; line != lines.end(); ++line) newest.append(*line).append("\n");
   try {
     AtomicFile::removeDrafts(url_);
-    // Whoever stops for so long in here that others no longer wait must not undo what they did.
+    // Fails if the log has changed: if this process was suspended here, others may have written without the
+    // lock, and their lines must not be lost.
     AtomicFile::replacePrivately(url_, newest, *old);
   } catch (const fs::filesystem_error&) {
-    // The log stays as it is, and the next record tries again.
+    // The log is unchanged; the next record tries again.
     return;
   }
 }

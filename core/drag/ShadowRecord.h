@@ -10,18 +10,18 @@
 
 namespace tilwin {
 
-/// One drag in the drag log. It tells nothing of which window or program it was, nor exactly when.
+/// One drag in the drag log. For privacy it does not contain the window, the application or the exact time.
 struct ShadowRecord {
   std::int64_t v = 1;   ///< version of the format
-  Date at;              ///< when the window was let go, the begin of that minute
+  Date at;              ///< time of release, rounded down to the minute
   std::string screen;   ///< size of the display in whole points, such as "1440x900"
-  double distance = 0;  ///< this and what follows as in `DragFeatures`, to two decimal places
+  double distance = 0;  ///< this and the next four as in `DragFeatures`, rounded to two decimals
   double speed = 0;
   double dwell = 0;
   double settled = 0;
   bool neighbour = false;
   bool rule = false;                ///< whether the drag snapped
-  std::optional<std::string> zone;  ///< the action that was applied, or else the zone the drag ended in
+  std::optional<std::string> zone;  ///< raw value of the applied action, or else of the zone at release
   DragFollowUp follow = DragFollowUp::leftAlone;
 
   bool operator==(const ShadowRecord&) const = default;
@@ -29,7 +29,7 @@ struct ShadowRecord {
   [[nodiscard]] DragFeatures features() const { return {distance, speed, dwell, settled, neighbour}; }
 };
 
-/// Where finished records of drags go.
+/// Receives finished drag records. `ShadowLogFile` writes them to the drag log.
 class ShadowSink {
 public:
   ShadowSink() = default;
@@ -37,7 +37,7 @@ public:
   ShadowSink& operator=(const ShadowSink&) = delete;
   virtual ~ShadowSink() = default;
 
-  /// Returns at once and never fails: a record that cannot be kept is lost.
+  /// Returns at once and never fails; a record that cannot be stored is lost.
   virtual void append(const ShadowRecord& record) = 0;
 };
 

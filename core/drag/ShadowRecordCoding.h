@@ -9,7 +9,7 @@
 
 namespace tilwin {
 
-/// A follow-up is its raw value; any other text is an error.
+/// A follow-up is stored as its raw value; any other text is an error.
 template <>
 struct JsonCoding<DragFollowUp> {
   static DragFollowUp decode(const JsonReader& reader) {

@@ -11,7 +11,7 @@
 namespace tilwin {
 namespace {
 
-/// Far beyond any use; a deadline must stay a date.
+/// Seconds; limits `followUpWindow` so that deadlines do not overflow.
 constexpr double longestWindow = 1e9;
 
 double toTwoPlaces(double value) { return std::round(value * 100) / 100; }
@@ -49,7 +49,7 @@ void ShadowRecorder::dragMoved(std::int64_t windowID) {
   const auto found = pending_.find(windowID);
   if (found == pending_.end()) return;
   if (found->second.deadline < now_()) return resolve(windowID);
-  // One that did not snap waits on: the new drag may yet end in the same zone.
+  // A drag that did not snap stays pending: the new drag may end in the same zone and snap.
   if (found->second.snapped) finish(windowID, DragFollowUp::restoredOrMovedAway);
 }
 

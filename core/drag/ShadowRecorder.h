@@ -16,34 +16,36 @@
 
 namespace tilwin {
 
-/// Waits a few seconds after each drag that ended near an edge for what the user does with the window then,
-/// and hands on one record of both. For the main thread.
+/// Observes for a few seconds after each drag that ended near an edge what the user does with the window, and
+/// then passes one record of both to the sink. Main thread only. Uses `tick` instead of a timer of its own.
 class ShadowRecorder {
 public:
-  /// Of a display, in points.
+  /// Size of a display, in points.
   struct ScreenSize {
     double width = 0;
     double height = 0;
   };
   using Clock = std::function<Date()>;
 
+  /// `now` is the clock for deadlines and the time of release.
   explicit ShadowRecorder(std::shared_ptr<ShadowSink> sink, Clock now = systemClock());
 
-  double followUpWindow = 4;  ///< seconds that are waited
+  double followUpWindow = 4;  ///< seconds to observe after a drag
 
-  /// A drag of the window ended. `snapped` is the action applied, if any; `intended` the zone within the
-  /// reach of a drag model that the point of release lies in.
+  /// Call when a drag of the window has ended. `snapped` is the applied action, if any; `intended` the zone
+  /// at the point of release, with zones as deep as the reach of `DragIntentModel`. Ignores drags that ended
+  /// farther from the edge.
   void release(std::int64_t windowID, const DragFeatures& features, const ScreenSize& screen,
                std::optional<SnapAction> snapped, std::optional<SnapAction> intended);
-  /// A new drag of the window has begun.
+  /// Call when a new drag of the window has begun.
   void dragMoved(std::int64_t windowID);
-  /// An action was applied to the window, in whichever way.
+  /// Call when any action was applied to the window, by shortcut or drag.
   void actionPerformed(std::int64_t windowID, SnapAction action);
-  /// To be called about once a second: hands on whatever has waited long enough.
+  /// Call about once a second: passes on the drags whose time is over.
   void tick();
-  /// Hands on everything now, in the order of the drags.
+  /// Passes on all pending drags now, in their order.
   void flush();
-  /// Forgets everything that waits.
+  /// Drops all pending drags.
   void discard() { pending_.clear(); }
 
   [[nodiscard]] std::size_t pendingCount() const { return pending_.size(); }

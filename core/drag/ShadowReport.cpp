@@ -15,7 +15,7 @@ namespace {
 
 using Counter = std::int64_t ShadowSummary::*;
 
-/// By follow-up, in the order of its cases.
+/// One counter per follow-up, in the order of the enumerators.
 constexpr std::array counters = std::to_array<Counter>({
     &ShadowSummary::corrected,
     &ShadowSummary::keptSnaps,
@@ -23,7 +23,7 @@ constexpr std::array counters = std::to_array<Counter>({
     &ShadowSummary::leftAlone,
 });
 
-/// Corrections made by hand say whose decision was right; that nothing was done says too little.
+/// Lessons with less weight do not count: only a correction by the user shows who was right.
 constexpr double fullWeight = 1;
 
 void compare(ShadowSummary& summary, const ShadowRecord& record, bool decision) {

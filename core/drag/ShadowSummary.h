@@ -8,10 +8,10 @@
 
 namespace tilwin {
 
-/// What a drag log comes to, and what follows from it.
+/// The counts from a drag log, and the verdict that follows from them.
 struct ShadowSummary {
-  static constexpr std::int64_t minDrags = 50;        ///< before there is any verdict
-  static constexpr std::int64_t minCorrections = 10;  ///< before the model is compared with the rule
+  static constexpr std::int64_t minDrags = 50;        ///< fewer give no verdict
+  static constexpr std::int64_t minCorrections = 10;  ///< fewer are not enough to compare model and rule
 
   struct NotEnoughDrags {
     std::int64_t have = 0;
@@ -34,29 +34,29 @@ struct ShadowSummary {
   using Verdict =
       std::variant<NotEnoughDrags, TooFewCorrections, ModelWouldHelp, RuleIsBetter, NoClearDifference>;
 
-  std::int64_t candidates = 0;    ///< drags in the log, which all ended near an edge
+  std::int64_t candidates = 0;    ///< drags in the log; all ended near an edge
   std::int64_t ruleSnaps = 0;     ///< those that snapped
   std::int64_t corrected = 0;     ///< snaps undone
-  std::int64_t keptSnaps = 0;     ///< snaps that stood
-  std::int64_t redragged = 0;     ///< snaps that were missed and made by hand
-  std::int64_t leftAlone = 0;     ///< drags that did not snap, nothing done after
-  std::int64_t modelDiffers = 0;  ///< drags on which the model would have decided otherwise
-  std::int64_t modelRight = 0;    ///< of these, those after which the user agreed with the model
-  std::int64_t ruleRight = 0;     ///< of these, those after which the user agreed with what was done
-  bool modelTrusted = false;      ///< whether the model came to be trusted by the end
+  std::int64_t keptSnaps = 0;     ///< snaps left as they were
+  std::int64_t redragged = 0;     ///< missed snaps that the user then made
+  std::int64_t leftAlone = 0;     ///< drags that did not snap and were left so
+  std::int64_t modelDiffers = 0;  ///< drags on which the model decides differently
+  std::int64_t modelRight = 0;    ///< of these, those where the user's correction agrees with the model
+  std::int64_t ruleRight = 0;     ///< of these, those where the user's correction agrees with what was done
+  bool modelTrusted = false;      ///< whether the model was trusted at the end
   std::optional<Date> firstDay{};
   std::optional<Date> lastDay{};
 
   bool operator==(const ShadowSummary&) const = default;
 
   [[nodiscard]] std::int64_t corrections() const { return corrected + redragged; }
-  /// The share of snaps that were undone; nothing without a snap.
+  /// The share of snaps that were undone, 0 to 1; nothing if there were no snaps.
   [[nodiscard]] std::optional<double> falseSnapRate() const;
-  /// The share of drags left without a snap after which it was made by hand; nothing without such a drag.
+  /// The share of drags without a snap after which the user made it, 0 to 1; nothing if every drag snapped.
   [[nodiscard]] std::optional<double> missRate() const;
-  /// How far the model is ahead of the rule, in standard errors of a sign test; 0 where they never differed.
+  /// How far the model is ahead of the rule, in standard errors of a sign test; 0 if no correction decides.
   [[nodiscard]] double evidence() const;
-  /// The model needs a stronger case than the rule, which is there already.
+  /// Favouring the model needs stronger evidence than favouring the rule, which is in use already.
   [[nodiscard]] Verdict verdict() const;
 };
 
