@@ -15,21 +15,22 @@
 
 namespace tilwin {
 
-/// Owns the program's services for the life of the process and joins them: a press becomes a move of the
-/// focused window, a drag one of the window dragged, a change of the settings reaches whom it concerns. The
-/// platform must outlive it.
+/// Owns the program's services for the life of the process and connects them: a hot key moves the focused
+/// window, a drag to an edge snaps the dragged window, a changed setting reaches every service that uses it.
+/// The platform must outlive it. Main thread only.
 class AppDelegate {
 public:
-  /// Reads the settings and does nothing else.
+  /// Only reads the settings; `start` does the rest.
   explicit AppDelegate(Platform& platform);
   AppDelegate(const AppDelegate&) = delete;
   AppDelegate& operator=(const AppDelegate&) = delete;
   ~AppDelegate() = default;
 
-  /// Registers the shortcuts and watches the mouse; from here on presses, drags and changes of the settings
-  /// are acted on while the main queue runs. Asks for the user's trust if there is none.
+  /// Registers the hot keys and starts watching the mouse. Asks for accessibility permission if the desktop
+  /// requires it and it is not granted. Events are handled while the main queue runs.
   void start();
 
+  /// Lives as long as this object.
   [[nodiscard]] SettingsStore& store() { return store_; }
 
 private:
@@ -49,8 +50,7 @@ private:
   DragWatcher drag_;
   std::optional<HotKeyFingerprint> lastHotKeys_;
   Subscription settingsChanges_;
-  /// Posted tasks and the desktop hold this weakly, so that what they do once the delegate has gone is
-  /// nothing.
+  /// Posted tasks and callbacks hold this weakly, so that they do nothing after this object is destroyed.
   std::shared_ptr<AppDelegate*> self_;
 };
 

@@ -9,11 +9,11 @@
 
 namespace tilwin {
 
-/// What the program does instead of starting when it is asked to on the command line. None of it needs a
+/// Command-line modes, which run instead of the normal program, such as `--shadow-report`. They need no
 /// display.
 struct CommandLine {
-  /// Does the first of the modes that any of the arguments names and returns the status to end with; nothing
-  /// when none of them names a mode.
+  /// Runs a mode if one of the arguments names it, and returns the exit status. Returns nothing if no
+  /// argument names a mode. Unknown arguments are ignored.
   [[nodiscard]] static std::optional<int> run(std::span<const char* const> arguments, Bundle& bundle,
                                               std::ostream& output);
 };

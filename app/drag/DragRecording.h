@@ -10,18 +10,18 @@
 
 namespace tilwin {
 
-/// Keeps the drag log while the user wants one. Until then there is no file, no folder and no timer; where
-/// the desktop has no place for the log, nothing is recorded.
+/// Records drags to the drag log while the user has enabled that. Creates no file, folder or timer before.
+/// Records nothing if the desktop has no Application Support folder. Main thread only.
 class DragRecording {
 public:
-  /// All must outlive it.
+  /// All arguments must outlive this object.
   DragRecording(MainQueue& mainQueue, Bundle& bundle, SnapController& controller);
 
-  /// Begins to record, or stops and forgets the drags whose end is not known yet.
+  /// Starts recording, or stops it and drops the pending drags. Sets the controller's `onEvent`.
   void apply(bool on);
-  /// Writes all that is known of the drags so far, and waits until it is on disk.
+  /// Writes all pending drags and waits until they are in the log.
   void finish();
-  /// To be told of drags; null until recording has been on.
+  /// The recorder to notify of drags; null until recording is first enabled.
   [[nodiscard]] const std::shared_ptr<ShadowRecorder>& recorder() const { return recorder_; }
 
 private:

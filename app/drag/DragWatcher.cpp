@@ -12,8 +12,8 @@
 namespace tilwin {
 namespace {
 
-constexpr double resizeTolerance = 2;   ///< points by which a moved window may change its size
-constexpr double unmovedTolerance = 4;  ///< points that a window may shift before it counts as moved
+constexpr double resizeTolerance = 2;   ///< points; a larger change of size counts as a resize
+constexpr double unmovedTolerance = 4;  ///< points; a shift up to this does not count as a move
 
 std::optional<DisplayInfo> displayUnder(Point point, const std::vector<DisplayInfo>& displays) {
   const auto found = std::find_if(displays.begin(), displays.end(), [&](const DisplayInfo& display) {
@@ -91,8 +91,8 @@ void DragWatcher::reset() {
   setTarget(std::nullopt);
 }
 
-/// Reading a window's frame costs a round trip. A wall clock may be set back; that must not put off the next
-/// check until it has caught up.
+/// Limits how often the window's frame is read, as that costs a round trip. If the wall clock was set back,
+/// `lastCheck_` is in the future; the check is then due at once instead of being postponed.
 bool DragWatcher::isDue() {
   const MainQueue::WallTime now = ports_.mainQueue.now();
   if (lastCheck_ && *lastCheck_ <= now && now - *lastCheck_ <= PointerMonitor::betweenLooks) return false;
@@ -114,8 +114,8 @@ void DragWatcher::aimAt(Point point) {
   setTarget(zone ? std::optional(Target{*zone, *display}) : std::nullopt);
 }
 
-/// The display counts as well as the zone: a fast pointer goes from one display's left half straight to the
-/// next one's.
+/// Compares the display too: a fast pointer can go from the left zone of one display directly to the left
+/// zone of another.
 void DragWatcher::setTarget(const std::optional<Target>& target) {
   if (target_ == target) return;
   target_ = target;

@@ -17,13 +17,13 @@
 
 namespace tilwin {
 
-/// Lets the user snap a window by dragging it to an edge or a corner of a display: recognises the drag, shows
-/// where the window would go and sends it there when the button comes up. Only watches; the desktop goes on
-/// moving the window.
+/// Snaps windows that the user drags to an edge or corner of a display: detects the drag, shows a preview of
+/// the frame and moves the window there when the button is released. It only observes the pointer; the
+/// desktop moves the window during the drag. Main thread only. Fails silently: if the window disappears or
+/// permission is withdrawn, the drag is dropped.
 class DragWatcher {
 public:
-  /// What is asked of the desktop. All of it must outlive the watcher, but for the windows, which are held
-  /// weakly.
+  /// The ports it uses. All must outlive the watcher, except `windows`, which is held weakly.
   struct Ports {
     std::weak_ptr<DesktopWindows> windows;
     PointerMonitor& pointer;
@@ -38,20 +38,22 @@ public:
   DragWatcher& operator=(const DragWatcher&) = delete;
   ~DragWatcher() = default;
 
+  /// Asked at each event; if false, the event only cancels the drag.
   std::function<bool()> isEnabled = [] { return true; };
-  /// Whether windows of this application are left alone.
+  /// Whether windows of this application must not be moved.
   std::function<bool(const std::string& bundleID)> isIgnored = [](const std::string&) { return false; };
-  /// Whether the drags that follow are told to `shadow`.
+  /// Whether drags are reported to `shadow`.
   std::function<bool()> isShadowOn = [] { return false; };
   std::shared_ptr<ShadowRecorder> shadow;  ///< may be null
 
-  /// Begins to watch; a second call does nothing.
+  /// Starts watching; a second call does nothing.
   void start();
-  /// A drag under way goes on, but not to a display that is no longer there as it was.
+  /// Call when displays have changed: drops the current target if its display has changed or is gone. The
+  /// drag itself continues.
   void displaysChanged();
 
 private:
-  /// Where the window would go if it were let go now.
+  /// Where the window would go if it were released now.
   struct Target {
     SnapAction zone = SnapAction::leftHalf;
     DisplayInfo display{};
@@ -82,13 +84,13 @@ private:
   std::vector<std::unique_ptr<PointerMonitor::Token>> monitors_;
   std::unique_ptr<PointerMonitor::Token> cancelled_;
 
-  std::optional<WindowInfo> dragged_;  ///< as it stood when the button went down
-  bool moving_ = false;                ///< the window is being moved, and not resized
-  std::optional<Target> target_;       ///< the overlay shows it for as long as there is one
+  std::optional<WindowInfo> dragged_;  ///< the window as it was when the button was pressed
+  bool moving_ = false;                ///< whether the window is being moved, not resized
+  std::optional<Target> target_;       ///< shown by the overlay while set
   std::optional<MainQueue::WallTime> lastCheck_;
   DragTrace trace_;
   MainQueue::Seconds traceStart_{};
-  /// Monitors hold this weakly, so that an event still on its way when the watcher goes does nothing.
+  /// Handlers hold this weakly, so that an event delivered after the watcher is destroyed does nothing.
   std::shared_ptr<DragWatcher*> self_;
 };
 

@@ -64,7 +64,7 @@ void HotKeyCenter::pressed(std::uint32_t id) {
   mainQueue_.post([weak = std::weak_ptr(self_), owner = target->second] {
     const auto self = weak.lock();
     if (!self) return;
-    // A copy, as the receiver may set another one.
+    // A copy, as the callback may assign `onTarget` while it runs.
     if (const auto receiver = (*self)->onTarget) receiver(owner);
   });
 }

@@ -14,8 +14,8 @@
 
 namespace tilwin {
 
-/// Turns the shortcuts in force into system-wide hot keys and reports each press as what it triggers. It owns
-/// every registration it makes and gives them back when it goes; what a press does is not its affair.
+/// Registers the effective shortcuts as system-wide hot keys and reports each press as the action or area it
+/// triggers. Owns its registrations and removes them when destroyed. Main thread only.
 class HotKeyCenter {
 public:
   using OwnerSet = std::unordered_set<ShortcutOwner>;
@@ -26,15 +26,15 @@ public:
   HotKeyCenter& operator=(const HotKeyCenter&) = delete;
   ~HotKeyCenter();
 
-  /// Called for each press, as a task of the main queue: after the key event has been dealt with.
+  /// Called for each press, as a task posted to the main queue: after the key event has been processed.
   std::function<void(const ShortcutOwner&)> onTarget;
 
-  /// Replaces whatever was registered before by the shortcuts of these settings, actions first, then areas.
-  /// Returns the owners whose combination the desktop refused.
+  /// Replaces all registrations by the shortcuts of these settings, actions first, then areas. Returns the
+  /// owners whose combination the desktop refused, for example because another program holds it.
   [[nodiscard]] OwnerSet registerShortcuts(const TilwinSettings& settings);
   void unregisterAll();
 
-  /// The id that follows; running out of them ends the program.
+  /// The next hot-key id; aborts the program on overflow.
   [[nodiscard]] static std::uint32_t idAfter(std::uint32_t id);
 
 private:
@@ -46,7 +46,7 @@ private:
   std::vector<HotKeys::Reference> refs_;
   std::unordered_map<std::uint32_t, ShortcutOwner> targets_;
   bool handlerInstalled_ = false;
-  /// Posted presses hold this weakly, so that one still waiting when the center goes does nothing.
+  /// Posted tasks hold this weakly, so that they do nothing after this object is destroyed.
   std::shared_ptr<HotKeyCenter*> self_;
 };
 

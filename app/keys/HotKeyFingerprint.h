@@ -10,7 +10,8 @@
 
 namespace tilwin {
 
-/// All that decides which hot keys are registered. While it stays the same, so do they.
+/// The part of the settings that determines the hot keys. While it is equal, they need not be registered
+/// again.
 struct HotKeyFingerprint {
   struct Area {
     Uuid id{};

@@ -7,7 +7,7 @@
 
 namespace tilwin {
 
-/// Keeps a receiver of changes listening for as long as it lives.
+/// Keeps a receiver subscribed; destroying this ends the subscription. May outlive the `Published`.
 class [[nodiscard]] Subscription {
 public:
   Subscription() = default;
@@ -22,15 +22,15 @@ private:
   std::shared_ptr<const void> receiver_;
 };
 
-/// A value whose changes are announced: before each one, every receiver is told the value to come. A receiver
-/// may end subscriptions, its own included, add others, and assign again, in which case the assignment that
-/// began first has the last word.
+/// A value that notifies receivers before it changes, with the new value. A receiver may subscribe, end any
+/// subscription including its own, and call `set` again; then the outermost `set` determines the final value.
+/// One thread only.
 template <typename T>
 class Published {
 public:
   using Receiver = std::function<void(const T& next)>;
 
-  /// `afterEachChange` is the owner's, called with the value once it is in place.
+  /// `afterEachChange` is for the owner: called with the new value after each change.
   explicit Published(T initial = {}, Receiver afterEachChange = nullptr)
       : value_(std::move(initial)), afterEachChange_(std::move(afterEachChange)) {}
   Published(const Published&) = delete;
@@ -40,7 +40,7 @@ public:
   [[nodiscard]] const T& get() const { return value_; }
 
   void set(T next) {
-    // A copy, as receivers may come and go meanwhile.
+    // A copy, as receivers may subscribe and unsubscribe during the loop.
     const auto receivers = receivers_;
     for (const auto& each : receivers) {
       if (const auto receiver = each.lock()) (*receiver)(next);

@@ -39,7 +39,8 @@ void SettingsStore::save(TilwinSettings changed) {
   defaults_.setData(key, *blob);
 }
 
-/// False when what is stored would be lost by a write.
+/// Copies unreadable stored settings to `unreadableKey`. False if that failed, so that writing would lose
+/// them.
 bool SettingsStore::keepUnreadable() {
   if (!isUnreadable_) return true;
   const auto blob = defaults_.data(key);

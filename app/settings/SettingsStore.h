@@ -11,22 +11,22 @@
 
 namespace tilwin {
 
-/// The user's settings, read when it is made and stored at each assignment. What is stored is brought into
-/// range; what is in memory stays as assigned. Stored settings that cannot be read count as none; before the
-/// first write over them they are kept under a key of their own.
+/// The user's settings: read in the constructor, written on each assignment to `settings`. Written values are
+/// clamped, the value in memory stays as assigned. If the stored settings cannot be read, the defaults apply,
+/// and the stored ones are copied to `unreadableKey` before the first write.
 class SettingsStore {
 public:
   static constexpr std::string_view key = "tilwin.settings.v1";
   static constexpr std::string_view unreadableKey = "tilwin.settings.v1.unreadable";
-  /// Larger blobs are not even looked at, and never written. Many times what anybody's settings take, and
-  /// read in well under a second whatever is in it.
+  /// Larger blobs are not parsed and not written. In bytes; many times the size of real settings, and parsed
+  /// in well under a second whatever they contain.
   static constexpr std::size_t largestBlob = std::size_t{1} << 18;
 
   /// The port must outlive the store.
   explicit SettingsStore(UserDefaults& defaults);
 
   Published<TilwinSettings> settings;
-  /// Whose hot key the desktop refused at the last registration; never stored.
+  /// The actions and areas whose hot key the desktop refused at the last registration. Not stored.
   Published<std::unordered_set<ShortcutOwner>> unavailable;
 
 private:
@@ -37,7 +37,7 @@ private:
   bool keepUnreadable();
 
   UserDefaults& defaults_;
-  bool isUnreadable_;  ///< what is stored, so far
+  bool isUnreadable_;  ///< whether the stored settings cannot be read and are not yet copied
 };
 
 }  // namespace tilwin

@@ -16,10 +16,10 @@ namespace {
 
 using Element = AccessibilityElementRef;
 
-/// How far up from the element under a point its window is looked for.
+/// How many levels up the element tree to search for the window of an element.
 constexpr int mostAncestors = 8;
 
-/// An attribute of another kind counts as missing.
+/// Nothing if the attribute is missing or has another type.
 template <typename Value>
 std::optional<Value> attribute(Accessibility& from, const Element& of, std::string_view name) {
   AccessibilityValue value = from.copyAttribute(of, name);
@@ -27,7 +27,7 @@ std::optional<Value> attribute(Accessibility& from, const Element& of, std::stri
   return held == nullptr ? std::nullopt : std::optional<Value>(std::move(*held));
 }
 
-/// Null when missing.
+/// Null if missing.
 Element elementAttribute(Accessibility& from, const Element& of, std::string_view name) {
   return attribute<Element>(from, of, name).value_or(nullptr);
 }
@@ -50,8 +50,8 @@ Rect fromTopLeft(const ScreenRect& rect, double firstScreenHeight) {
   return {rect.x, firstScreenHeight - (rect.y + rect.height), rect.width, rect.height};
 }
 
-/// Programs that show more of themselves to assistive software may animate or put off a move; for the move's
-/// duration such a program shows what it shows everybody.
+/// Applications with an enhanced user interface for assistive software may animate or delay a move. If it is
+/// on, this object switches it off for its own lifetime.
 class PlainUserInterface {
 public:
   PlainUserInterface(Accessibility& accessibility, std::optional<std::int32_t> processID)
@@ -122,7 +122,7 @@ bool AXWindowProvider::applyFrame(std::int64_t id, const Rect& frame) {
   const Size size{frame.width, frame.height};
   const bool moved = accessibility_.setAttribute(window, accessibility::position, position);
   const bool resized = accessibility_.setAttribute(window, accessibility::size, size);
-  // A window is kept on its screen while it grows, which can push it away from where it was put.
+  // Again, because while resizing the system keeps the window on its screen and may have moved it.
   const bool movedAgain = accessibility_.setAttribute(window, accessibility::position, position);
   return moved && resized && movedAgain;
 }
@@ -145,7 +145,7 @@ std::optional<WindowInfo> AXWindowProvider::window(Point at) {
   return described(window, *owner, 0);
 }
 
-/// Programs without a bundle cannot be told apart, so one without it takes all of them for itself.
+/// If this program has no bundle identifier, all applications without one count as this program.
 bool AXWindowProvider::isThisProgram(const RunningApplication& application) {
   return application.bundleIdentifier == workspace_.ownBundleIdentifier();
 }
@@ -167,7 +167,7 @@ std::vector<RunningApplication> AXWindowProvider::listedApplications() {
   return applications;
 }
 
-/// The windows that can be described are counted on from those already there.
+/// Continues the z-order from the windows already in `to`.
 void AXWindowProvider::appendWindows(const RunningApplication& of, std::vector<WindowInfo>& to) {
   const auto windows = attribute<std::vector<Element>>(
       accessibility_, accessibility_.application(of.processID), accessibility::windows);
@@ -184,7 +184,7 @@ void AXWindowProvider::appendWindows(const RunningApplication& of, std::vector<W
   }
 }
 
-/// Nothing for a window whose frame cannot be read; any other has an id from now on.
+/// Nothing if the window's frame cannot be read; otherwise makes its id valid.
 std::optional<WindowInfo> AXWindowProvider::described(const Element& window, const RunningApplication& owner,
                                                       std::int64_t zOrder) {
   const auto standing = frameOfElement(accessibility_, window);
@@ -201,8 +201,8 @@ std::optional<WindowInfo> AXWindowProvider::described(const Element& window, con
       .zOrder = zOrder};
 }
 
-/// The nearest window upward from an element, itself included; the farthest ancestor that is looked at counts
-/// as one without being asked. Null when the way up ends before.
+/// The nearest window among the element and its ancestors. After `mostAncestors` levels the ancestor reached
+/// counts as the window without a check of its role. Null if the tree ends before.
 Element AXWindowProvider::windowAround(Element element) {
   for (int step = 0; element && step < mostAncestors; ++step) {
     const auto role = attribute<std::string>(accessibility_, element, accessibility::role);

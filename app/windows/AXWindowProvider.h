@@ -12,21 +12,21 @@
 
 namespace tilwin {
 
-/// Displays and windows by way of accessibility, for desktops that have it. This program's own windows are
-/// never told of. For the main thread.
+/// Displays and windows through the accessibility interface, for desktops that have one. Omits this program's
+/// own windows. Main thread only.
 ///
-/// A window's id is the hash of its element. Listing all windows forgets the ids handed out before, so that
-/// those of windows that are gone mean nothing any longer; the other queries only add ids.
+/// A window's id is the hash of its accessibility element. `allWindows` invalidates all earlier ids, so that
+/// ids of closed windows do not pile up; the other queries only add ids.
 class AXWindowProvider final : public DesktopWindows {
 public:
   /// The ports must outlive the provider.
   AXWindowProvider(Accessibility& accessibility, Workspace& workspace, Screens& screens);
 
   [[nodiscard]] std::vector<DisplayInfo> displays() override;
-  /// The frontmost program's focused window, else its main window.
+  /// The focused window of the frontmost application, or its main window if none has the focus.
   [[nodiscard]] std::optional<WindowInfo> focusedWindow() override;
-  /// The standard windows of all regular programs, minimised ones too: the frontmost program's first, the
-  /// others' by name.
+  /// The standard windows of all regular applications, including minimised ones: first those of the frontmost
+  /// application, then the others in alphabetic order of the applications.
   [[nodiscard]] std::vector<WindowInfo> allWindows() override;
   [[nodiscard]] std::optional<Rect> frame(std::int64_t of) override;
   [[nodiscard]] std::optional<WindowInfo> window(Point at) override;
