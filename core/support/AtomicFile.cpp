@@ -22,9 +22,10 @@ namespace fs = std::filesystem;
   throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
 }
 
-constexpr mode_t usual = 0666;  ///< less what the user's umask takes away
+constexpr mode_t usual = 0666;  ///< the kernel applies the umask
 
-/// Between the file's own name and the numbers of a draft: nobody's copy of a file is to look like one.
+/// Follows the file name in the name of a draft. Unusual, so that `removeDrafts` never deletes a copy made by
+/// a user.
 constexpr const char* draftMark = ".draft-";
 
 class Descriptor {
@@ -42,11 +43,11 @@ private:
   int number_;
 };
 
-/// A new file in the target's folder, gone again unless it is moved into place.
+/// A temporary file in the target's folder. The destructor removes it unless it was moved into place.
 class Draft {
 public:
-  /// Until it has its final permissions the draft is the user's alone: whoever could open it before would see
-  /// what is written later.
+  /// Created with owner-only permissions and given its final ones afterwards: a descriptor opened by another
+  /// user in between could read everything written later.
   Draft(fs::path target, std::optional<mode_t> permissions)
       : path_(std::move(target)), file_(create(permissions ? ownerOnly : usual)) {
     if (permissions && ::fchmod(file_.number(), *permissions) != 0) abandon("cannot set permissions");
@@ -66,7 +67,7 @@ public:
     }
   }
 
-  /// The content must be on the disk before the name points at it, or a power cut could leave an empty file.
+  /// The content must be on disk before the rename, or a power failure could leave an empty file.
   void flush() {
     if (::fsync(file_.number()) != 0 || !file_.close()) fail("cannot flush", path_);
   }
@@ -98,7 +99,7 @@ private:
   Descriptor file_;
 };
 
-/// Makes the new name last through a power cut. Not every file system can; the content is in place anyway.
+/// Makes the rename survive a power failure. Errors are ignored, as some file systems do not support this.
 void syncFolder(const fs::path& folder) {
   const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (descriptor.isOpen()) ::fsync(descriptor.number());
@@ -133,7 +134,7 @@ void replaceWith(
   syncFolder(folderOf(target));
 }
 
-/// Whether the name is one that `Draft` gives: the target's, a process and a number.
+/// Whether `Draft` could have created this name: target, mark, process id, number.
 bool isDraftOf(const fs::path& target, std::string_view name) {
   const std::string stem = target.filename().string() + draftMark;
   if (name.substr(0, stem.size()) != stem) return false;
@@ -161,7 +162,7 @@ bool isSameContent(const fs::path& first, const fs::path& second) {
 std::optional<AtomicFile::Stamp> AtomicFile::stamp(const fs::path& path) {
   struct stat facts {};
   if (::stat(path.c_str(), &facts) != 0) return std::nullopt;
-  // The field for it in `stat` has another name on each system.
+  // Not from `facts`: the name of that field in `struct stat` differs between systems.
   std::error_code unknown;
   const auto changed = fs::last_write_time(path, unknown).time_since_epoch();
   return Stamp{facts.st_dev, facts.st_ino, static_cast<std::uint64_t>(facts.st_size),
@@ -169,7 +170,7 @@ std::optional<AtomicFile::Stamp> AtomicFile::stamp(const fs::path& path) {
 }
 
 std::optional<std::string> AtomicFile::read(const fs::path& path, std::size_t limit) {
-  // Without O_NONBLOCK a pipe put there would hold the program up.
+  // Without O_NONBLOCK, opening a named pipe at this path would block.
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat facts {};
   if (!file.isOpen() || ::fstat(file.number(), &facts) != 0 || !S_ISREG(facts.st_mode)) return std::nullopt;
@@ -215,7 +216,7 @@ void AtomicFile::keepCopy(const fs::path& path) {
     fs::create_hard_link(original, copy, refusal);
     if (!refusal) return;
     if (!fs::exists(fs::symlink_status(copy))) {
-      // Not every file system has hard links.
+      // Not every file system supports hard links.
       fs::copy_file(original, copy);
       return;
     }

@@ -11,43 +11,44 @@
 
 namespace tilwin {
 
-/// The permissions of a file that nobody but its owner may read.
+/// File permissions: only the owner may read and write.
 inline constexpr mode_t ownerOnly = 0600;
 
-/// Files that are read and replaced as a whole.
+/// Reads and replaces whole files, so that readers and crashes never see a half-written one.
 struct AtomicFile {
-  /// Tells one state of a file from another without reading it.
+  /// Identifies one state of a file without reading it: if two stamps differ, the file was changed or
+  /// replaced between them.
   struct Stamp {
     std::uint64_t device = 0;
-    std::uint64_t number = 0;
-    std::uint64_t size = 0;
-    std::int64_t changed = 0;  ///< in nanoseconds, on the file system's clock
+    std::uint64_t number = 0;  ///< inode
+    std::uint64_t size = 0;    ///< bytes
+    std::int64_t changed = 0;  ///< last write in nanoseconds, on the clock of `std::filesystem`
 
     bool operator==(const Stamp&) const = default;
   };
 
-  /// Nothing when there is no such file.
+  /// Returns nothing if the file does not exist or is not accessible.
   [[nodiscard]] static std::optional<Stamp> stamp(const std::filesystem::path& path);
-  /// The content, or nothing when there is no such file, it cannot be read, or it is larger than `limit`
-  /// bytes.
+  /// Returns the content, or nothing if the file is missing, unreadable, not a regular file, or larger than
+  /// `limit` bytes.
   [[nodiscard]] static std::optional<std::string> read(const std::filesystem::path& path, std::size_t limit);
 
-  /// Puts `content` in place of the file in one step: whoever reads, and whatever is found after a crash at
-  /// any moment, is the old content or the new, whole. The folder is made first where it is missing. A file
-  /// that is there keeps its permissions, a new one gets the user's usual ones; a symbolic link stays and
-  /// what it points at is replaced. Throws `std::filesystem::filesystem_error`; the old file is then intact.
+  /// Replaces the file atomically: a reader at any moment, also after a crash, sees either the whole old or
+  /// the whole new content. Creates the folder if it is missing. An existing file keeps its permissions, a
+  /// new one gets the default permissions (umask). If the path is a symbolic link, its target is replaced and
+  /// the link stays. Throws `std::filesystem::filesystem_error` on failure and leaves the old file intact.
   static void replace(const std::filesystem::path& path, std::string_view content);
-  /// The same for what is nobody else's business: the file is the user's alone, as is the draft it is made
-  /// from. If the file is no longer in the state `old` when the new content is ready to take its place, it is
-  /// left as it is, and this throws `std::errc::operation_canceled`.
+  /// Like `replace`, for private data: the file and its temporary draft are readable by the owner only.
+  /// If the file no longer matches `old` just before the rename, it is left alone and this throws
+  /// `std::errc::operation_canceled`.
   static void replacePrivately(const std::filesystem::path& path, std::string_view content, const Stamp& old);
-  /// Removes what processes that were ended while they replaced the file have left beside it, as far as it
-  /// can be removed. Nobody may be replacing it meanwhile.
+  /// Removes the temporary drafts that killed processes left beside the file. Drafts that cannot be removed
+  /// are skipped. The caller must make sure that no process is replacing the file at the same time.
   static void removeDrafts(const std::filesystem::path& path);
 
-  /// Gives what stands at `path` a second name beside it before somebody replaces it: "NAME.unreadable", or
-  /// the first of "NAME.unreadable.2" and so on that is not taken. The same content is kept only once. Throws
-  /// `std::filesystem::filesystem_error`.
+  /// Keeps the current file under a second name before it is replaced: "NAME.unreadable", or the first free
+  /// name of "NAME.unreadable.2" and so on. Does nothing if one of these already has the same content.
+  /// Throws `std::filesystem::filesystem_error` on failure.
   static void keepCopy(const std::filesystem::path& path);
 };
 

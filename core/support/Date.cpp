@@ -11,12 +11,12 @@ namespace {
 using std::chrono::microseconds;
 using std::chrono::seconds;
 
-/// Whether four digits can hold the year.
+/// Whether the year fits four digits.
 bool isWritable(std::chrono::year year) {
   return year >= std::chrono::year(0) && year <= std::chrono::year(9999);
 }
 
-/// What is left of a date-time while it is read from its front. Once something does not fit, all else fails.
+/// Consumes a date-time from the front. After the first mismatch every further step fails too.
 class Scanner {
 public:
   explicit Scanner(std::string_view text) : rest_(text) {}
@@ -37,7 +37,7 @@ public:
     return value;
   }
 
-  /// One of these characters, which is returned; 0 when none of them stands here.
+  /// Consumes and returns the next character if it is one of these, else fails and returns 0.
   char one(std::string_view of) {
     const char next = rest_.empty() ? '\0' : rest_.front();
     good_ = good_ && !rest_.empty() && of.find(next) != std::string_view::npos;
@@ -46,7 +46,7 @@ public:
     return next;
   }
 
-  /// A decimal point with digits, if one stands here; digits beyond microseconds are dropped.
+  /// An optional decimal point with digits; digits beyond microseconds are ignored.
   microseconds fraction() {
     if (!good_ || rest_.empty() || rest_.front() != '.') return {};
     rest_.remove_prefix(1);
@@ -76,7 +76,7 @@ std::chrono::year_month_day readDay(Scanner& scan) {
   return {year, month, std::chrono::day(static_cast<unsigned>(scan.digits(2)))};
 }
 
-/// Hours and minutes since midnight, or of an offset from UTC.
+/// "hh:mm": a time of day, or a UTC offset without its sign.
 seconds readHoursAndMinutes(Scanner& scan) {
   const std::chrono::hours hours(scan.digitsUpTo(23));
   scan.one(":");
@@ -112,12 +112,12 @@ std::optional<Date> Iso8601::parse(std::string_view text) {
   scan.one("Tt ");
   const seconds minute = readHoursAndMinutes(scan);
   scan.one(":");
-  const seconds second(scan.digitsUpTo(60));  // the 60th is a leap second
+  const seconds second(scan.digitsUpTo(60));  // 60 is a leap second
   const microseconds fraction = scan.fraction();
   const seconds offset = readOffset(scan);
   if (!scan.isDone() || !calendar.ok()) return std::nullopt;
   const Date date = std::chrono::sys_days(calendar) + minute + second + fraction - offset;
-  // An offset may lead out of the years that can be written.
+  // Converting to UTC can leave the range of years that `text` can write.
   const std::chrono::year_month_day inUtc(std::chrono::floor<std::chrono::days>(date));
   return isWritable(inUtc.year()) ? std::optional(date) : std::nullopt;
 }

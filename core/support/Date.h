@@ -7,16 +7,16 @@
 
 namespace tilwin {
 
-/// A moment in UTC. Microseconds, so that the whole range of written years fits.
+/// A point in time in UTC. Microseconds, as nanoseconds in 64 bits could not cover the years 0 to 9999.
 using Date = std::chrono::sys_time<std::chrono::microseconds>;
 
-/// Moments as text in files.
+/// Dates as text in files: ISO 8601, in the profile of RFC 3339.
 struct Iso8601 {
-  /// Whole seconds in UTC, such as "2026-03-01T09:30:00Z"; a fraction is cut off. Nothing for years that four
-  /// digits cannot hold.
+  /// Whole seconds in UTC, such as "2026-03-01T09:30:00Z"; fractions are rounded down. Returns nothing for
+  /// years outside 0 to 9999.
   [[nodiscard]] static std::optional<std::string> text(Date date);
-  /// Reads a date-time of RFC 3339, with any offset and with a fraction or without; nothing for any other
-  /// text.
+  /// Parses an RFC 3339 date-time, with any UTC offset and an optional fraction. Returns nothing for any
+  /// other text, or if the year in UTC is outside 0 to 9999.
   [[nodiscard]] static std::optional<Date> parse(std::string_view text);
 };
 

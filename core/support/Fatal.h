@@ -4,8 +4,7 @@
 
 namespace tilwin {
 
-/// Ends the program at once, in every build, after one line on standard error. For what can only be a
-/// programming error.
+/// Writes one line to standard error and aborts, in every build. For programming errors only.
 [[noreturn]] void fatal(std::string_view line);
 
 }  // namespace tilwin

@@ -5,7 +5,7 @@
 
 namespace tilwin {
 
-/// One hash of several values, in which their order counts.
+/// Combines the hashes of several values into one; the result depends on their order.
 template <typename... Values>
 [[nodiscard]] std::size_t hashOf(const Values&... values) noexcept {
   std::size_t seed = 0;

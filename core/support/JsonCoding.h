@@ -18,8 +18,9 @@
 #include "core/support/JsonValue.h"
 #include "core/support/Uuid.h"
 
-/// How values become JSON and come back. A record says which keys it has by specialising `JsonFields`; a type
-/// with a form of its own specialises `JsonCoding`.
+/// Conversion between values and JSON (RFC 8259). A record type lists its keys by specialising `JsonFields`;
+/// any other type specialises `JsonCoding`. Both directions throw `JsonError`; the functions at the end of
+/// this file catch it and return it as a result.
 
 namespace tilwin {
 
@@ -32,8 +33,9 @@ struct JsonField {
 template <typename Record, typename Member>
 JsonField(const char*, Member Record::*) -> JsonField<Record, Member>;
 
-/// A record's keys in the order written: a constexpr tuple `table` of `JsonField`s. An optional member may be
-/// absent or null, and is left out when it holds nothing; every other key is required.
+/// A specialisation has a constexpr tuple `table` of `JsonField`s: the keys of `Record` in the order in which
+/// they are written. An optional member may be absent or null in the JSON, and is not written when empty;
+/// every other key is required.
 template <typename Record>
 struct JsonFields;
 
@@ -107,7 +109,7 @@ struct JsonCoding<std::string> {
   static JsonValue encode(const std::string& value) { return JsonValue::of(std::string_view(value)); }
 };
 
-/// A moment is ISO 8601 text; any other text is an error.
+/// ISO 8601 text; any other text is an error.
 template <>
 struct JsonCoding<Date> {
   static Date decode(const JsonReader& reader) {
@@ -124,7 +126,7 @@ struct JsonCoding<Date> {
   }
 };
 
-/// An identifier is its upper-case hyphenated text; lower case is read too, any other text is an error.
+/// Hyphenated text, written in upper case and read in either; any other text is an error.
 template <>
 struct JsonCoding<Uuid> {
   static Uuid decode(const JsonReader& reader) {
@@ -139,7 +141,7 @@ template <typename Element>
 struct JsonCoding<std::vector<Element>> {
   static std::vector<Element> decode(const JsonReader& reader) {
     std::vector<Element> values;
-    // One reader at a time: most of a broken array is never looked at.
+    // Not `elements()`: if an early element is broken, no readers are made for the rest.
     for (std::size_t index = 0, count = reader.size(); index < count; ++index)
       values.push_back(JsonCoding<Element>::decode(reader.element(index)));
     return values;
@@ -151,7 +153,7 @@ struct JsonCoding<std::vector<Element>> {
   }
 };
 
-/// An array. Elements that come twice are one element.
+/// An array; duplicates are read as one element.
 template <typename Element>
 struct JsonCoding<std::set<Element>> {
   static std::set<Element> decode(const JsonReader& reader) {
@@ -166,7 +168,7 @@ struct JsonCoding<std::set<Element>> {
   }
 };
 
-/// An object with any keys.
+/// An object with arbitrary keys.
 template <typename Value>
 struct JsonCoding<std::map<std::string, Value>> {
   static std::map<std::string, Value> decode(const JsonReader& reader) {
@@ -184,7 +186,7 @@ struct JsonCoding<std::map<std::string, Value>> {
   }
 };
 
-/// An element that may be broken without harm to its neighbours: it then holds nothing. For reading alone.
+/// An element that is empty if it cannot be decoded, instead of failing the whole array. Decoding only.
 template <typename T>
 struct Lossy {
   std::optional<T> value;
@@ -201,7 +203,7 @@ struct JsonCoding<Lossy<T>> {
   }
 };
 
-/// Reads a whole text: the value, or why there is none.
+/// Parses a JSON text and decodes it; returns the value or the first error.
 template <typename T>
 [[nodiscard]] std::variant<T, JsonError> decodeJson(std::string_view text) {
   try {
@@ -211,7 +213,7 @@ template <typename T>
   }
 }
 
-/// Writes a whole text, compact: the text, or why there is none.
+/// Encodes to compact JSON text; returns the text or the first error.
 template <typename T>
 [[nodiscard]] std::variant<std::string, JsonError> encodeJson(const T& value) {
   try {
@@ -221,7 +223,7 @@ template <typename T>
   }
 }
 
-/// Writes a whole text for people to read as well: indented, keys sorted.
+/// Like `encodeJson`, but indented and with sorted keys, for people to read.
 template <typename T>
 [[nodiscard]] std::variant<std::string, JsonError> encodePrettyJson(const T& value) {
   try {

@@ -6,18 +6,18 @@
 
 namespace tilwin {
 
-/// Why a JSON text or a part of it could not be read, or a value not be written. Thrown between the coding
-/// functions only; whoever reads or writes a whole text gets it as a result.
+/// Why reading JSON or writing a value as JSON failed. Thrown by the coding functions; `decodeJson` and
+/// `encodeJson` catch it and return it as a result.
 class JsonError : public std::runtime_error {
 public:
   enum class Kind {
-    notJson,     ///< the text as a whole
+    notJson,     ///< the text is not valid JSON
     missingKey,  ///< a required key is absent
-    wrongType,   ///< another kind of value stands there
-    badValue,    ///< the right kind of value, but not one that can be taken
+    wrongType,   ///< a value of another JSON type, such as text instead of a number
+    badValue,    ///< the right type, but out of range or unknown
   };
 
-  /// `where` is the keys and indexes that lead to the fault, such as "slots.2.rect"; empty at the top.
+  /// `where` is the path of keys and indexes to the faulty value, such as "slots.2.rect"; empty for the root.
   JsonError(Kind why, std::string where, const std::string& message)
       : std::runtime_error(where.empty() ? message : where + ": " + message),
         kind(why),

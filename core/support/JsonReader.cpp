@@ -14,7 +14,7 @@ using Kind = JsonTree::Kind;
 
 bool isNumber(const JsonTree::Node& node) { return node.kind == Kind::whole || node.kind == Kind::fraction; }
 
-/// The value as a signed whole number, if it is one. 2^63 is the first float beyond them.
+/// The value as a signed 64-bit integer, if it is one. 2^63 is the first double above their range.
 std::optional<std::int64_t> whole(const JsonTree::Node& node) {
   if (node.kind == Kind::whole) return node.whole;
   const double value = node.fraction;

@@ -13,11 +13,11 @@
 namespace tilwin {
 namespace {
 
-/// What the library calls a number that no double can hold.
+/// nlohmann/json's error id for a number too large for a double.
 constexpr int numberOverflow = 406;
 
-/// The library reads floats with `strtod` too, so both agree on what overflows; `strtod` wants the point of
-/// the locale that the process has set.
+/// Uses `strtod` because the library does: both then agree on what overflows. `strtod` expects the decimal
+/// point of the current locale.
 bool overflows(std::string number) {
   std::replace(number.begin(), number.end(), '.', *std::localeconv()->decimal_point);
   char* end = nullptr;
@@ -25,7 +25,7 @@ bool overflows(std::string number) {
   return std::isinf(value) && *end == '\0';
 }
 
-/// Just behind the text literal that starts at `start`, or the end.
+/// The position after the string literal that starts at `start`, or the end if it is not closed.
 std::size_t endOfText(std::string_view json, std::size_t start) {
   for (std::size_t at = start + 1; at < json.size(); ++at) {
     if (json[at] == '\\') {
@@ -37,7 +37,7 @@ std::size_t endOfText(std::string_view json, std::size_t start) {
   return json.size();
 }
 
-/// The text with each number that no double can hold replaced by null. Text that is not JSON stays so.
+/// Replaces each number too large for a double by null. Invalid JSON stays invalid.
 std::string withoutOverflows(std::string_view json) {
   constexpr std::string_view starts = "\"-0123456789";
   constexpr std::string_view ofNumbers = "+-.0123456789Ee";
@@ -57,7 +57,7 @@ std::string withoutOverflows(std::string_view json) {
 
 }  // namespace
 
-/// Told by the library what comes in the text, one thing after another.
+/// Callbacks for nlohmann/json's event-based (SAX) parser; they append each value to the tree.
 class JsonTree::Builder final : public nlohmann::json_sax<nlohmann::json> {
 public:
   explicit Builder(JsonTree& tree) : tree_(tree) {
@@ -97,7 +97,7 @@ public:
     const auto first = inOpen_.begin() + firstInOpen();
     const auto precedes = [this](Place one, Place other) { return keyOf(one) < keyOf(other); };
     if (!std::is_sorted(first, inOpen_.end(), precedes)) std::stable_sort(first, inOpen_.end(), precedes);
-    // Of equal keys the last one counts: seen from the back it is the first.
+    // Keeps the last of equal keys: `unique` keeps the first, so it runs backwards.
     const auto kept = std::unique(inOpen_.rbegin(), std::make_reverse_iterator(first),
                                   [this](Place one, Place other) { return keyOf(one) == keyOf(other); });
     return close(kept.base());
@@ -140,7 +140,7 @@ private:
     return true;
   }
 
-  /// Gives the innermost open value its children, from this one on.
+  /// Closes the innermost open array or object: its children are those in `inOpen_` from `from` on.
   bool close(std::vector<Place>::iterator from) {
     Node& node = tree_.nodes_[opened_.back().node];
     node.start = place(tree_.children_.size());
@@ -153,13 +153,13 @@ private:
 
   struct Open {
     Place node;
-    Place firstChild;  ///< in `inOpen_`
+    Place firstChild;  ///< index in `inOpen_`
   };
 
   JsonTree& tree_;
-  std::vector<Place> inOpen_;  ///< children so far of every open value, the innermost one's last
+  std::vector<Place> inOpen_;  ///< children of all open arrays and objects; those of the innermost come last
   std::vector<Open> opened_;
-  Place key_ = 0;  ///< of the next value
+  Place key_ = 0;  ///< key of the next value: its start in `texts_`
   Place keySize_ = 0;
   int error_ = 0;
   std::string message_;
@@ -173,7 +173,7 @@ JsonTree::JsonTree(std::string_view json) {
   Builder first(*this);
   if (first.read(json)) return;
   if (!first.foundOverflow()) first.fail();
-  // One number too large must not cost the whole text, only its own field.
+  // A number that overflows must not make the whole text unreadable, only its own field.
   *this = JsonTree();
   Builder second(*this);
   if (!second.read(withoutOverflows(json))) second.fail();

@@ -17,7 +17,8 @@ struct JsonValue::Node {
 
 namespace {
 
-/// Below this size every whole float is a whole number that reads back to the same float.
+/// Up to 2^53 every integer is a double, so a whole number written without a decimal point reads back
+/// exactly.
 constexpr double largestExactWhole = 0x1p53;
 
 bool isWrittenWhole(double number) {
@@ -56,7 +57,7 @@ JsonValue JsonValue::of(double number) {
 JsonValue JsonValue::of(std::string_view text) { return JsonValue(Node{std::string(text)}); }
 
 void JsonValue::set(std::string_view key, JsonValue value) {
-  // Appended behind the map's back, which would look for the key among all the others first.
+  // Appends directly: the map's own insertion would first compare the key with all others.
   auto& members = node_->json.get_ref<nlohmann::ordered_json::object_t&>();
   members.emplace_back(std::string(key), std::move(value.node_->json));
 }

@@ -7,14 +7,14 @@
 
 namespace tilwin {
 
-/// A JSON value being built for writing.
+/// A JSON value (RFC 8259) being built for writing. Owns all values put into it.
 class JsonValue {
 public:
   [[nodiscard]] static JsonValue object();
   [[nodiscard]] static JsonValue array();
   [[nodiscard]] static JsonValue of(bool flag);
   [[nodiscard]] static JsonValue of(std::int64_t number);
-  /// Throws `JsonError` for what JSON cannot express: an infinity or what is not a number.
+  /// Throws `JsonError` for infinities and NaN, which JSON cannot express.
   [[nodiscard]] static JsonValue of(double number);
   [[nodiscard]] static JsonValue of(std::string_view text);
 
@@ -24,15 +24,15 @@ public:
   JsonValue& operator=(const JsonValue&) = delete;
   ~JsonValue();
 
-  /// For an object: keys are written in the order set. Each may be set once only.
+  /// For objects: keys are written in the order they were set. Each key may be set only once.
   void set(std::string_view key, JsonValue value);
-  /// For an array.
+  /// For arrays.
   void append(JsonValue value);
 
-  /// Compact text. Numbers read back to the same bits, whole ones without a decimal point. What is not UTF-8
-  /// is written as U+FFFD.
+  /// Compact text. Numbers read back to the same bits; whole numbers have no decimal point. Invalid UTF-8 is
+  /// written as U+FFFD.
   [[nodiscard]] std::string text() const;
-  /// The same for people: a line per value, indented by two spaces, the keys of every object sorted.
+  /// The same for people to read: one value per line, indented by two spaces, keys sorted.
   [[nodiscard]] std::string prettyText() const;
 
 private:

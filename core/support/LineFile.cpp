@@ -25,7 +25,7 @@ constexpr auto longestWait = 2s;
 constexpr auto shortestPause = 100us;
 constexpr auto longestPause = 20ms;
 
-/// A descriptor of a regular file, or -1. Without O_NONBLOCK a pipe put there would hold the program up.
+/// A descriptor of a regular file, or -1. Without O_NONBLOCK, opening a named pipe would block.
 int openRegular(const fs::path& path, int flags) {
   const int descriptor = ::open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC, ownerOnly);
   struct stat facts {};
@@ -47,7 +47,7 @@ bool waitForTurn(int descriptor) {
   const auto deadline = std::chrono::steady_clock::now() + longestWait;
   for (std::chrono::microseconds pause = shortestPause; ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
        pause = std::min<std::chrono::microseconds>(2 * pause, longestPause)) {
-    // A file system without locks: who changes the file at the same time cannot be known.
+    // The file system does not support locks: other writers cannot be detected, so go on as if locked.
     if (errno != EWOULDBLOCK) return true;
     if (std::chrono::steady_clock::now() >= deadline) return false;
     std::this_thread::sleep_for(pause);
@@ -55,7 +55,7 @@ bool waitForTurn(int descriptor) {
   return true;
 }
 
-/// Whether the path still leads to the file: it may have been replaced while its turn was waited for.
+/// Whether the path still names the opened file: it may have been replaced while waiting for the lock.
 bool isStillAt(const fs::path& path, int descriptor) {
   struct stat opened {};
   struct stat found {};
@@ -68,7 +68,7 @@ off_t sizeOf(int descriptor) {
   return ::fstat(descriptor, &facts) == 0 ? facts.st_size : 0;
 }
 
-/// Reads from `start` on and hands over block by block; false when that fails before the end.
+/// Reads from `start` to the end and passes each block to `take`; false if a read fails.
 template <typename Take>
 bool readFrom(int descriptor, off_t start, const Take& take) {
   std::array<char, 65536> block{};
@@ -116,7 +116,7 @@ std::optional<std::string> LineFile::read(const fs::path& path) {
   const int descriptor = openRegular(path, O_RDONLY);
   if (descriptor < 0) return std::nullopt;
   const LineFile closing(descriptor, false);
-  // One byte more, to see whether the part begins where a line does.
+  // One more byte, which is a line feed if the last `mostRead` bytes start with a whole line.
   const off_t size = sizeOf(descriptor);
   const off_t start = std::max<off_t>(size - static_cast<off_t>(mostRead) - 1, 0);
   std::string content;
@@ -162,7 +162,7 @@ bool LineFile::append(std::string_view line) {
   std::string text = endsInsideALine(descriptor_) ? "\n" : "";
   text.append(line).append("\n");
   if (writeWhole(descriptor_, text)) return true;
-  // Where another process may be writing too, what was written of the line must stay.
+  // Without the lock the partial line must stay: truncating could remove another process's line.
   [[maybe_unused]] const bool isUndone = heldAlone_ && ::ftruncate(descriptor_, before) == 0;
   return false;
 }

@@ -10,23 +10,24 @@
 
 namespace tilwin {
 
-/// One process's turn at a private file of lines that several processes may write. While it is held nobody
-/// else who asks for a turn gets one.
+/// A private text file of lines that several processes may write. An object holds the exclusive lock on the
+/// file (`flock`, advisory) from `take` until it is destroyed.
 class LineFile {
 public:
-  /// What is read of a file at most: its last bytes.
+  /// Bytes that `read` returns at most: the end of the file.
   static constexpr std::size_t mostRead = std::size_t{16} << 20;
 
-  /// The content, or the newest part of a very long one from the begin of a line; nothing when there is no
-  /// such file or it cannot be read. No turn is needed: it is whole unless somebody is writing a line just
-  /// then.
+  /// The content; of a file longer than `mostRead`, its end from the start of a line on. Nothing if the file
+  /// does not exist or cannot be read. Takes no lock, so the last line may be incomplete if a process is
+  /// writing it at that moment.
   [[nodiscard]] static std::optional<std::string> read(const std::filesystem::path& path);
-  /// The lines of a text without their ends; those with nothing in them are left out.
+  /// The lines without their line feeds, as views into `content`; empty lines are skipped.
   [[nodiscard]] static std::vector<std::string_view> split(std::string_view content);
 
-  /// Opens the file for a turn. A missing one is made, with its folder; an empty one gets permissions 0600
-  /// before anything is in it. A process that holds its turn too long (a stopped one) is not waited for.
-  /// Nothing when the file cannot be had.
+  /// Opens the file and waits up to two seconds for the lock; if another process holds it longer (because it
+  /// is stopped), continues without it. Creates the file and its folder if missing; an empty file gets
+  /// permissions 0600 before anything is written. Returns nothing if the file cannot be opened or keeps being
+  /// replaced.
   [[nodiscard]] static std::optional<LineFile> take(const std::filesystem::path& path);
 
   LineFile(LineFile&&) noexcept;
@@ -35,12 +36,12 @@ public:
   LineFile& operator=(const LineFile&) = delete;
   ~LineFile();
 
-  /// False when the turn was not waited for: lines may be added, but the file must not be replaced.
+  /// False if waiting for the lock timed out: lines may be appended, but the file must not be replaced.
   [[nodiscard]] bool isHeldAlone() const { return heldAlone_; }
-  /// How many lines there are, one without an end included.
+  /// The number of lines, including a last one without a line feed.
   [[nodiscard]] std::size_t count() const;
-  /// Adds a line, on one of its own even after a line that was cut short. False when that failed; the file is
-  /// then as it was, unless it is not held alone.
+  /// Appends a line; if the last line is incomplete, ends it first. Returns false on
+  /// failure and undoes a partial write, unless `isHeldAlone` is false.
   bool append(std::string_view line);
 
 private:

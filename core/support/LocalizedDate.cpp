@@ -13,7 +13,7 @@
 namespace tilwin {
 namespace {
 
-/// ICU itself goes by the language of messages, which need not be that of dates.
+/// ICU's default locale follows LC_MESSAGES; dates have a locale of their own, LC_TIME.
 icu::Locale localeOfDates() {
   for (const char* variable : std::to_array<const char*>({"LC_ALL", "LC_TIME", "LANG"})) {
     const char* const value = std::getenv(variable);
@@ -31,7 +31,7 @@ std::string LocalizedDate::medium(Date date) {
   const std::unique_ptr<icu::DateFormat> format(
       icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, localeOfDates()));
   if (!format) return Iso8601::text(date).value_or("").substr(0, std::string_view("2026-03-01").size());
-  // ICU's own default is that of the first time it was asked; people travel.
+  // ICU caches its default time zone when first asked; the system's may have changed since.
   format->adoptTimeZone(icu::TimeZone::detectHostTimeZone());
   const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(date.time_since_epoch()).count();
   icu::UnicodeString text;

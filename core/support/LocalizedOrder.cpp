@@ -33,7 +33,7 @@ struct LocalizedOrder::Rules {
     if (!collator) collator = tilwin::collator(icu::Locale::getRoot());
   }
 
-  std::unique_ptr<icu::Collator> collator;  ///< none when ICU lacks even the root's data
+  std::unique_ptr<icu::Collator> collator;  ///< null if ICU lacks even the data of the root locale
 };
 
 LocalizedOrder::LocalizedOrder(std::unique_ptr<const Rules> rules) : rules_(std::move(rules)) {}

@@ -6,15 +6,15 @@
 
 namespace tilwin {
 
-/// Alphabetic order as a person of some locale expects it, ignoring case but not accents (Unicode Collation
-/// Algorithm, UTS #10, at secondary strength). Making one costs far more than comparing: make one per sort.
-/// Texts that differ in case only precede each other in neither direction. Ill-formed UTF-8 counts as U+FFFD.
+/// Alphabetic order of a locale, ignoring case but not accents (Unicode Collation Algorithm, UTS #10, at
+/// secondary strength). Construction is expensive compared with a comparison: make one per sort. Of two texts
+/// that differ only in case, neither precedes the other. Invalid UTF-8 counts as U+FFFD.
 class LocalizedOrder {
 public:
-  /// The order of the locale the environment names.
+  /// The order of ICU's default locale, which comes from the environment.
   LocalizedOrder();
-  /// The order of a locale such as "de_DE" or "sv_SE.UTF-8". A locale without an order of its own, and "C"
-  /// and "POSIX", whose order is that of code points, give the order that is in no language.
+  /// The order of a locale such as "de_DE" or "sv_SE.UTF-8". Unknown locales, and "C" and "POSIX" (which
+  /// would sort by code point), use the root order, which is independent of any language.
   explicit LocalizedOrder(const std::string& locale);
   ~LocalizedOrder();
   LocalizedOrder(const LocalizedOrder&) = delete;

@@ -29,7 +29,7 @@ void SerialQueue::async(Task task) {
 }
 
 void SerialQueue::sync(const Task& task) {
-  // Shared, since whoever waits may be gone before the other side has done telling it.
+  // Shared: this call may return and drop its promise while `set_value` is still running on the other thread.
   const auto done = std::make_shared<std::promise<void>>();
   async([&task, done] {
     task();
@@ -44,7 +44,7 @@ void SerialQueue::work() {
     changed_.wait(guard, [this] { return ending_ || !tasks_.empty(); });
     if (tasks_.empty()) return;
     {
-      // Gone before the lock is back: what the task owned may give another task at its end.
+      // Destroyed before locking again: destroying what the task owns may call `async`, which takes the lock.
       const Task task = std::move(tasks_.front());
       tasks_.pop_front();
       guard.unlock();

@@ -9,22 +9,21 @@
 
 namespace tilwin {
 
-/// Tasks done one after another, in the order given, on a thread of the queue's own. For any thread but that
-/// one.
+/// Runs tasks one after another, in the order given, on its own thread. May be used from any other thread.
 class SerialQueue {
 public:
   using Task = std::function<void()>;
 
-  /// The label names the queue should one of its tasks throw, which ends the program.
+  /// The label names the queue in the message if a task throws, which aborts the program.
   explicit SerialQueue(std::string label);
   SerialQueue(const SerialQueue&) = delete;
   SerialQueue& operator=(const SerialQueue&) = delete;
-  /// Does everything that was given before.
+  /// Waits until all tasks have run.
   ~SerialQueue();
 
-  /// Returns at once.
+  /// Adds a task and returns at once.
   void async(Task task);
-  /// Waits until the task, and with it all given before, is done.
+  /// Adds a task and waits until it and all tasks before it have run. Deadlocks when called from a task.
   void sync(const Task& task);
 
 private:
@@ -32,11 +31,11 @@ private:
   void perform(const Task& task) const;
 
   const std::string label_;
-  std::mutex mutex_;  ///< guards what follows
+  std::mutex mutex_;  ///< guards `tasks_` and `ending_`
   std::condition_variable changed_;
   std::deque<Task> tasks_;
   bool ending_ = false;
-  std::thread worker_;  ///< last: it uses all of the above
+  std::thread worker_;  ///< last member, so that it starts after the members it uses are constructed
 };
 
 }  // namespace tilwin

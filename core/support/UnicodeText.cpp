@@ -38,7 +38,8 @@ std::string utf8(const icu::UnicodeString& text) {
 
 using Form = const icu::Normalizer2*(UErrorCode&);
 
-/// Without ICU's data, which is part of its library, the text stays as it is.
+/// Returns the text unchanged if ICU fails; its data is part of the library, so this does not happen
+/// normally.
 icu::UnicodeString normalized(const icu::UnicodeString& text, Form form) {
   UErrorCode error = U_ZERO_ERROR;
   const icu::Normalizer2* const normalizer = form(error);
@@ -91,7 +92,7 @@ bool UnicodeText::equalIgnoringCase(std::string_view first, std::string_view sec
 std::string UnicodeText::baseKey(std::string_view text) {
   if (Utf8::isAscii(text)) return asciiLowerCased(text);
   const icu::UnicodeString folded = withoutDiacritics(decomposedForm(utf16(text))).foldCase();
-  // Composed again so that a Hangul syllable is not found inside another that has one more letter.
+  // Composed again: decomposed, a Hangul syllable would be found inside one that has one more letter.
   return utf8(composedForm(withoutDiacritics(decomposedForm(folded))));
 }
 

@@ -9,7 +9,7 @@
 namespace tilwin {
 namespace {
 
-// No character is longer, so ICU never needs to see more than this around a place in the text.
+// No character is longer, so ICU never needs to see more bytes than this.
 constexpr std::size_t longest = U8_MAX_LENGTH;
 
 }  // namespace
@@ -34,7 +34,7 @@ Utf8Character Utf8::next(std::string_view text, std::size_t at) {
   std::int32_t index = 0;
   UChar32 character = 0;
 #pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wconversion"  // ICU's macro puts an int into a byte
+#pragma GCC diagnostic ignored "-Wconversion"  // in ICU's macro
   U8_NEXT_OR_FFFD(bytes, index, length, character);
 #pragma GCC diagnostic pop
   return {static_cast<char32_t>(character), static_cast<std::size_t>(index)};

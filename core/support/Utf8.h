@@ -5,18 +5,18 @@
 
 namespace tilwin {
 
-/// One character of UTF-8 text, and how many bytes it takes.
+/// One character of a UTF-8 text and its length in bytes.
 struct Utf8Character {
-  char32_t codePoint = 0;  ///< U+FFFD for ill-formed bytes
-  std::size_t size = 0;    ///< in bytes; 0 where there is no character
+  char32_t codePoint = 0;  ///< U+FFFD for invalid bytes
+  std::size_t size = 0;    ///< bytes; 0 at the end of the text, or at its start for `previous`
 };
 
-/// Walking UTF-8 text, which may be ill-formed, in both directions.
+/// Iterates over UTF-8 text in both directions, by ICU's rules. The text may be invalid; nothing here fails.
 struct Utf8 {
   [[nodiscard]] static bool isAscii(std::string_view text);
-  /// The character that begins at `at`.
+  /// The character that starts at byte `at`.
   [[nodiscard]] static Utf8Character next(std::string_view text, std::size_t at = 0);
-  /// The character that ends before `at`.
+  /// The character that ends just before byte `at`.
   [[nodiscard]] static Utf8Character previous(std::string_view text, std::size_t at);
 };
 

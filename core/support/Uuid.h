@@ -10,15 +10,15 @@
 
 namespace tilwin {
 
-/// A 128-bit identifier (RFC 4122).
+/// A universally unique identifier of 128 bits (RFC 4122).
 struct Uuid {
   std::array<std::uint8_t, 16> bytes{};
 
   auto operator<=>(const Uuid&) const = default;
 
-  /// A fresh random identifier (version 4).
+  /// A new random identifier (version 4).
   [[nodiscard]] static Uuid random();
-  /// Reads the hyphenated form in either case; nothing for any other text.
+  /// Parses the hyphenated form, in upper or lower case. Returns nothing for any other text.
   [[nodiscard]] static std::optional<Uuid> parse(std::string_view text);
   /// Upper-case hyphenated text, 36 characters.
   [[nodiscard]] std::string text() const;
