@@ -7,6 +7,14 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 set(TILWIN_SANITIZE "" CACHE STRING "Sanitizers to build with: \"address,undefined\" or \"thread\"; none when empty")
 option(TILWIN_FUZZ "Build the core and its fuzz targets, and nothing else (needs clang)" OFF)
+option(TILWIN_LINT "Run clang-tidy on every source that is compiled" OFF)
+
+# Without this sloppiness ccache does not cache what uses precompiled headers.
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
+endif()
 
 add_library(TilwinBuildRules INTERFACE)
 target_include_directories(TilwinBuildRules INTERFACE ${CMAKE_SOURCE_DIR})
@@ -14,7 +22,7 @@ target_compile_options(TilwinBuildRules INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 if(CMAKE_UNITY_BUILD)
   # Joined, a source looks like a header to GCC, and its locals seem to hide the file-local names of its neighbours.
-  # The release build and lint, which compile each source on its own, give these two warnings where they are due.
+  # The release build, which compiles each source on its own, gives these two warnings where they are due.
   target_compile_options(TilwinBuildRules INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
 if(TILWIN_SANITIZE)
@@ -26,19 +34,51 @@ if(TILWIN_FUZZ)
   target_compile_options(TilwinBuildRules INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+if(TILWIN_LINT)
+  # In the command line, so that a change of the configuration lints everything again.
+  set_property(DIRECTORY ${CMAKE_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS .clang-tidy)
+  file(SHA1 ${CMAKE_SOURCE_DIR}/.clang-tidy lint_rules)
+  set(lint clang-tidy --quiet --extra-arg=-DLINT_RULES_${lint_rules}
+    --extra-arg=-Wno-error --extra-arg=-Wno-unknown-warning-option)
+endif()
+
+# tilwin_checked(TARGET): what scripts/check looks at: the target's sources, linted, and the headers in the folders of
+# its sources, each compiled on its own. A header belongs to one target, the first that comes.
+function(tilwin_checked target)
+  set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${lint}")
+  set(folders ${CMAKE_CURRENT_SOURCE_DIR})
+  get_target_property(sources ${target} SOURCES)
+  foreach(source ${sources})
+    cmake_path(ABSOLUTE_PATH source NORMALIZE)
+    cmake_path(GET source PARENT_PATH folder)
+    list(APPEND folders ${folder})
+  endforeach()
+  list(REMOVE_DUPLICATES folders)
+  list(TRANSFORM folders APPEND /*.h)
+  file(GLOB headers CONFIGURE_DEPENDS ${folders})
+  get_property(taken GLOBAL PROPERTY TILWIN_HEADERS)
+  list(REMOVE_ITEM headers ${taken} "")
+  set_property(GLOBAL APPEND PROPERTY TILWIN_HEADERS ${headers})
+  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_SOURCE_DIR} FILES ${headers})
+endfunction()
+
 # tilwin_library(NAME SOURCES a.cpp ... [LINK TargetA ...]): a static library of the project.
 function(tilwin_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC TilwinBuildRules ${arg_LINK})
+  tilwin_checked(${name})
 endfunction()
 
 # tilwin_program(NAME SOURCES a.cpp ... [LINK TargetA ...]): a program, put at the top of the build folder.
 function(tilwin_program name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
-  target_link_libraries(${name} PRIVATE TilwinBuildRules ${arg_LINK})
-  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+  target_link_libraries(${name} PUBLIC TilwinBuildRules ${arg_LINK})
+  # CMake checks the headers of a program only where it could have plugins.
+  set_target_properties(${name} PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR} ENABLE_EXPORTS "${CMAKE_VERIFY_INTERFACE_HEADER_SETS}")
+  tilwin_checked(${name})
 endfunction()
 
 # tilwin_test_program(NAME SOURCES ... [LINK ...]): the same for tests. Reading what nearly all of them include takes
@@ -55,19 +95,35 @@ function(tilwin_precompiled target)
   target_precompile_headers(${target} REUSE_FROM TilwinTestHeaders)
 endfunction()
 
-# tilwin_test_run(RUN COMMAND program ... [LABELS label ...]): one run of a test program, its results kept as XML for
-# the final count. The target runs-LABEL builds the programs of all runs with that label and no others.
+# tilwin_test_run(RUN COMMAND program ... [LABELS preset ...]): one run of a test program. It leaves its results as XML in
+# results/RUN.xml. Its labels are its folder under tests/ and the presets other than asan in which it is run as well.
+# The target "runs" builds the programs of all runs, "runs-LABEL" those of the runs with that label.
 function(tilwin_test_run run)
   cmake_parse_arguments(arg "" "" "COMMAND;LABELS" ${ARGN})
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR}/tests OUTPUT_VARIABLE folder)
+  string(REGEX REPLACE "/.*" "" folder ${folder})
+  set(labels ${folder} ${arg_LABELS})
   add_test(NAME ${run} COMMAND ${arg_COMMAND})
-  set_tests_properties(${run} PROPERTIES
-    ENVIRONMENT "GTEST_OUTPUT=xml:${CMAKE_BINARY_DIR}/results/${run}.xml"
-    LABELS "${arg_LABELS}")
-  list(GET arg_COMMAND 0 program)
-  foreach(label ${arg_LABELS})
-    if(NOT TARGET runs-${label})
-      add_custom_target(runs-${label})
+  set_tests_properties(${run} PROPERTIES LABELS "${labels}"
+    ENVIRONMENT "GTEST_OUTPUT=xml:${CMAKE_BINARY_DIR}/results/${run}.xml;PYTHONDONTWRITEBYTECODE=1")
+  list(TRANSFORM labels PREPEND runs-)
+  list(TRANSFORM arg_COMMAND REPLACE "^\\$<TARGET_FILE:(.*)>$" "\\1")
+  foreach(target runs ${labels})
+    if(NOT TARGET ${target})
+      add_custom_target(${target})
     endif()
-    add_dependencies(runs-${label} ${program})
+    foreach(program ${arg_COMMAND})
+      if(TARGET ${program})
+        add_dependencies(${target} ${program})
+      endif()
+    endforeach()
   endforeach()
+endfunction()
+
+# tilwin_pytest_run(RUN [OPTION ...]): the same for the Python tests of this folder.
+function(tilwin_pytest_run run)
+  # The python3 that comes first may be one without pytest.
+  find_program(PYTEST NAMES pytest-3 pytest REQUIRED)
+  tilwin_test_run(${run} COMMAND ${PYTEST} -p no:cacheprovider --rootdir=${CMAKE_CURRENT_SOURCE_DIR}
+    --junit-xml=${CMAKE_BINARY_DIR}/results/${run}.xml ${ARGN} ${CMAKE_CURRENT_SOURCE_DIR})
 endfunction()

@@ -1,76 +1,69 @@
-"""Counts the tests of all runs from what they left behind, and ends with one line: N passed, N failed, N skipped.
+"""Counts the tests of all runs and ends with one line: N passed, N failed, N skipped.
 
-usage: results.py FAILED-STEPS STAGE ...
-A stage is the JUnit file of one ctest call; it names the runs that were due. Each run leaves GoogleTest XML in
-the folder results/ next to it. A run that left none, or none that can be read, or that holds no test, or that
-ended badly after all its tests passed, counts as one failure.
+usage: results.py FAILED-STEPS BUILD-FOLDER ...
+In each build folder ctest has left results.xml, which names the runs that were due; each run has left results/RUN.xml,
+by GoogleTest or pytest. A run without such a file that can be read, or that holds no test, or that ended badly after
+all its tests passed, counts as one failure. Fuzz targets leave none: each is one test.
 """
 
 import sys
 import xml.etree.ElementTree as xml
-from dataclasses import dataclass, field
 from pathlib import Path
 
-
-@dataclass
-class Count:
-    passed: int = 0
-    failures: list = field(default_factory=list)
-    skips: list = field(default_factory=list)
+passed, failures, skips = 0, [], []
 
 
-def _outcome(case, name, count):
-    skipped, failure = case.find("skipped"), case.find("failure")
-    if failure is not None:
-        message = failure.get("message") or ""
-        count.failures.append(f"{name} ({message.partition(chr(10))[0]})")
-    elif skipped is not None or case.get("status") == "notrun":
-        reason = (skipped.get("message") or skipped.text or "") if skipped is not None else "disabled"
-        lines = [line.strip() for line in reason.splitlines() if line.strip()]
-        count.skips.append(f"{name}: {lines[-1] if lines else 'no reason given'}")
+def first_line(element):
+    lines = [line.strip() for line in (element.get("message") or element.text or "").splitlines() if line.strip()]
+    return lines[0] if lines else "no reason given"
+
+
+def count_case(case, name):
+    global passed
+    wrong = [child for child in case if child.tag in ("failure", "error")]
+    skipped = case.find("skipped")
+    if wrong or case.get("status") == "fail":
+        failures.append(f"{name}: {first_line(wrong[0] if wrong else case)}")
+    elif skipped is not None or case.get("status") in ("notrun", "disabled"):
+        skips.append(f"{name}: {first_line(skipped if skipped is not None else case)}")
     else:
-        count.passed += 1
+        passed += 1
 
 
-def _count_run(run, ended_well, results, count):
+def count_run(run, name, results):
+    failures_before = len(failures)
     try:
         cases = list(xml.parse(results).iter("testcase"))
     except (OSError, xml.ParseError):
-        count.failures.append(f"{run}: ended without results")
+        failures.append(f"{name}: ended without results")
         return
-    failures_before = len(count.failures)
     for case in cases:
-        _outcome(case, f"{run}: {case.get('classname')}.{case.get('name')}", count)
+        count_case(case, f"{name}: {case.get('classname')}.{case.get('name')}")
     if not cases:
-        count.failures.append(f"{run}: ran no test")
-    elif not ended_well and len(count.failures) == failures_before:
-        count.failures.append(f"{run}: ended badly after its tests")
+        failures.append(f"{name}: ran no test")
+    elif run.get("status") != "run" and len(failures) == failures_before:
+        failures.append(f"{name}: ended badly after its tests")
 
 
-def count_stages(stages):
-    count = Count()
-    for stage in map(Path, stages):
-        preset = stage.parent.name
-        for case in xml.parse(stage).iter("testcase"):
-            name = case.get("name")
-            _count_run(f"{preset} {name}", case.get("status") == "run", stage.parent / "results" / f"{name}.xml", count)
-    return count
+def count_build(folder):
+    try:
+        runs = list(xml.parse(folder / "results.xml").iter("testcase"))
+    except (OSError, xml.ParseError):
+        failures.append(f"{folder.name}: its tests were not run")
+        return
+    for run in runs:
+        name = run.get("name")
+        if name.startswith("fuzz-"):
+            count_case(run, name)
+        else:
+            count_run(run, f"{folder.name} {name}", folder / "results" / f"{name}.xml")
 
 
-def _print_list(title, lines):
+for build_folder in sys.argv[2:]:
+    count_build(Path(build_folder))
+for title, lines in (("Skipped:", skips), ("Failed:", failures)):
     if lines:
-        print(title)
-        print("".join(f"  {line}\n" for line in lines), end="")
-
-
-def main(failed_steps, *stages):
-    count = count_stages(stages)
-    _print_list("Skipped:", count.skips)
-    _print_list("Failed:", count.failures)
-    failed = len(count.failures) + int(failed_steps)
-    print(f"{count.passed} passed, {failed} failed, {len(count.skips)} skipped")
-    return 1 if failed else 0
-
-
-if __name__ == "__main__":
-    sys.exit(main(*sys.argv[1:]))
+        print(title, *lines, sep="\n  ")
+failed = len(failures) + int(sys.argv[1])
+print(f"{passed} passed, {failed} failed, {len(skips)} skipped")
+sys.exit(1 if failed else 0)

@@ -36,11 +36,9 @@ class Finding:
     line: int
     rule: str
     text: str  # what is wrong, and what to do instead
-    is_warning: bool = False
 
     def __str__(self):
-        kind = "warning: " if self.is_warning else ""
-        return f"{self.file}:{self.line}: {kind}{self.text} [{self.rule}]"
+        return f"{self.file}:{self.line}: {self.text} [{self.rule}]"
 
 
 def _blank(match):
@@ -53,19 +51,10 @@ def _blank(match):
 class SourceFile:
     def __init__(self, root, path):
         self.path = path
-        self.folder = os.path.dirname(path)
         self.suffix = Path(path).suffix
-        data = (Path(root) / path).read_bytes()
+        data = (root / path).read_bytes()
         self.is_text = b"\0" not in data
         self.text = data.decode("utf-8", errors="replace") if self.is_text else ""
-
-    @property
-    def is_cpp(self):
-        return self.suffix in CPP_SUFFIXES
-
-    @property
-    def is_header(self):
-        return self.suffix in HEADER_SUFFIXES
 
     @functools.cached_property
     def lines(self):
@@ -91,42 +80,27 @@ class SourceTree:
     """Every file under the root that belongs to the project, in order of path."""
 
     def __init__(self, root):
-        self.root = Path(root).resolve()
         self.files = {}
-        for folder, subfolders, names in os.walk(self.root):
+        for folder, subfolders, names in os.walk(root):
             subfolders[:] = sorted(set(subfolders) - NOT_OURS)
             for name in sorted(names):
-                full = os.path.join(folder, name)
-                path = os.path.relpath(full, self.root)
-                if not os.path.islink(full) and not name.endswith(".swp"):
-                    self.files[path] = SourceFile(self.root, path)
+                path = os.path.relpath(os.path.join(folder, name), root)
+                if not os.path.islink(root / path) and not name.endswith(".swp"):
+                    self.files[path] = SourceFile(root, path)
+        files = self.files.values()
+        self.text_files = [file for file in files if file.is_text and not file.path.startswith(SEEDS)]
+        self.cpp_files = [file for file in files if file.suffix in CPP_SUFFIXES]
+        self.headers = [file for file in files if file.suffix in HEADER_SUFFIXES]
 
-    @property
-    def text_files(self):
-        return [file for file in self.files.values() if file.is_text and not file.path.startswith(SEEDS)]
-
-    @property
-    def cpp_files(self):
-        return [file for file in self.files.values() if file.is_cpp]
-
-    @property
-    def headers(self):
-        return [file for file in self.files.values() if file.is_header]
-
-    @functools.cached_property
-    def _reached(self):
-        return {}
-
-    def reached_from(self, path):
-        """The project files and system headers that this file includes, directly or through project headers."""
-        if path not in self._reached:
-            project, system, waiting = set(), set(), [path]
-            while waiting:
-                for include in self.files[waiting.pop()].includes:
-                    if include.is_system:
-                        system.add(include.name)
-                    elif include.name in self.files and include.name not in project:
-                        project.add(include.name)
-                        waiting.append(include.name)
-            self._reached[path] = (project, system)
-        return self._reached[path]
+    @functools.cache
+    def system_headers_reached_from(self, path):
+        """The system headers that this file includes, directly or through project headers."""
+        project, system, waiting = {path}, set(), [path]
+        while waiting:
+            for include in self.files[waiting.pop()].includes:
+                if include.is_system:
+                    system.add(include.name)
+                elif include.name in self.files and include.name not in project:
+                    project.add(include.name)
+                    waiting.append(include.name)
+        return system

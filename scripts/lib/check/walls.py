@@ -208,7 +208,7 @@ def _reaching_includes(tree, file):
     for include in file.includes:
         system = {include.name} if include.is_system else set()
         if include.name in tree.files:
-            system = tree.reached_from(include.name)[1]
+            system = tree.system_headers_reached_from(include.name)
         if any(_group_of(name) in ("json", "icu") for name in system):
             yield Finding(file.path, include.line, "inner-types",
                           f"{include.name} brings JSON or ICU types into this header; include it in the .cpp file")
