@@ -13,9 +13,9 @@ from pathlib import Path
 passed, failures, skips = 0, [], []
 
 
-def first_line(element):
-    lines = [line.strip() for line in (element.get("message") or element.text or "").splitlines() if line.strip()]
-    return lines[0] if lines else "no reason given"
+def reason(element, line):
+    lines = [text.strip() for text in (element.get("message") or element.text or "").splitlines() if text.strip()]
+    return lines[line] if lines else "no reason given"
 
 
 def count_case(case, name):
@@ -23,9 +23,9 @@ def count_case(case, name):
     wrong = [child for child in case if child.tag in ("failure", "error")]
     skipped = case.find("skipped")
     if wrong or case.get("status") == "fail":
-        failures.append(f"{name}: {first_line(wrong[0] if wrong else case)}")
+        failures.append(f"{name}: {reason(wrong[0] if wrong else case, 0)}")
     elif skipped is not None or case.get("status") in ("notrun", "disabled"):
-        skips.append(f"{name}: {first_line(skipped if skipped is not None else case)}")
+        skips.append(f"{name}: {reason(skipped if skipped is not None else case, -1)}")  # after its place
     else:
         passed += 1
 
