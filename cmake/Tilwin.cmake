@@ -22,7 +22,7 @@ target_compile_options(TilwinBuildRules INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 if(CMAKE_UNITY_BUILD)
   # Joined, a source looks like a header to GCC, and its locals seem to hide the file-local names of its neighbours.
-  # The release build, which compiles each source on its own, gives these two warnings where they are due.
+  # The release build, which compiles each source on its own, gives these two warnings where they belong.
   target_compile_options(TilwinBuildRules INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
 if(TILWIN_SANITIZE)
