@@ -3,6 +3,7 @@
 #include <QEventLoop>
 #include <QTimer>
 #include <optional>
+#include <set>
 #include <thread>
 
 #include "platform/qt/QtMainQueue.h"
@@ -18,9 +19,9 @@ using desktop::Clock;
 using desktop::Milliseconds;
 
 /// A hand that drags over a real desktop, and a program that is told of it.
-class X11PointerPace : public testing::Test {
+class X11PointerDrag : public testing::Test {
 protected:
-  X11PointerPace() {
+  X11PointerDrag() {
     setenv("DISPLAY", session_.server().display().c_str(), 1);
     x_.emplace(log_);
     held_.emplace(*x_);
@@ -34,6 +35,8 @@ protected:
     (void)pointer_->position();
     return token;
   }
+
+  desktop::Input& hand() { return session_.input(); }
 
   /// Lets the program work for that long.
   static void wait(Milliseconds time) {
@@ -52,6 +55,46 @@ protected:
 
 constexpr Milliseconds pause{30};
 
+class X11PointerPace : public X11PointerDrag {};
+
+using RawEvents = std::set<std::uint16_t>;
+
+const RawEvents nothing;
+const RawEvents keysAndMotion{XCB_INPUT_RAW_KEY_PRESS, XCB_INPUT_RAW_MOTION};
+
+/// A server that sent every key press to this program would let it read along with everything typed.
+class X11PointerPrivacy : public X11PointerDrag {
+protected:
+  X11PointerPrivacy() {
+    x_->onEvent(XCB_GE_GENERIC, [this](const xcb_generic_event_t& event) {
+      sent_.insert(reinterpret_cast<const xcb_ge_generic_event_t&>(event).event_type);
+    });
+    token_ = onMoves([] {});
+  }
+
+  /// What the server sends while the pointer moves and a key is pressed.
+  RawEvents sentForMotionAndKey() {
+    arrive();
+    sent_.clear();
+    hand().movePointer({300, 200});
+    hand().movePointer({310, 220});
+    hand().press("a");
+    arrive();
+    return sent_;
+  }
+
+  /// Handles every event sent so far; what the handlers asked of the server is done when this returns.
+  void arrive() {
+    (void)pointer_->position();
+    x_->dispatchQueued();
+    (void)pointer_->position();
+  }
+
+private:
+  RawEvents sent_;
+  std::unique_ptr<PointerMonitor::Token> token_;
+};
+
 }  // namespace
 
 TEST_F(X11PointerPace, TellsNoMoveSoonerThanAPauseAfterTheLastWasDealtWith) {
@@ -65,14 +108,83 @@ TEST_F(X11PointerPace, TellsNoMoveSoonerThanAPauseAfterTheLastWasDealtWith) {
     noted = Clock::now();
     ++told;
   });
-  auto& hand = session_.input();
-  hand.buttonDown();
+  hand().buttonDown();
   for (int x = 100; x < 200; ++x) {
-    hand.movePointer({x, 100});
+    hand().movePointer({x, 100});
     wait(Milliseconds{4});
   }
-  hand.buttonUp();
+  hand().buttonUp();
   EXPECT_GT(told, 3);
+}
+
+TEST_F(X11PointerPrivacy, KeysAndMotionAreSentOnlyWhileTheLeftButtonIsDown) {
+  EXPECT_EQ(sentForMotionAndKey(), nothing);
+  hand().buttonDown();
+  EXPECT_EQ(sentForMotionAndKey(), keysAndMotion);
+  hand().buttonUp();
+  EXPECT_EQ(sentForMotionAndKey(), nothing);
+}
+
+TEST_F(X11PointerPrivacy, KeysAndMotionAreNotSentAfterADragThatEscapeCalledOff) {
+  hand().buttonDown();
+  ASSERT_EQ(sentForMotionAndKey(), keysAndMotion);
+  hand().press("Escape");
+  arrive();
+  hand().buttonUp();
+  EXPECT_EQ(sentForMotionAndKey(), nothing);
+}
+
+TEST_F(X11PointerPrivacy, KeysAndMotionAreNotSentWhenTheButtonGoesUpBeforeTheNextLook) {
+  hand().buttonDown();
+  ASSERT_EQ(sentForMotionAndKey(), keysAndMotion);
+  hand().buttonUp();
+  arrive();
+  wait(2 * pause);
+  EXPECT_EQ(sentForMotionAndKey(), nothing);
+}
+
+TEST_F(X11PointerPrivacy, KeysAndMotionAreNotSentAfterADragThatCameToRest) {
+  hand().buttonDown();
+  ASSERT_EQ(sentForMotionAndKey(), keysAndMotion);
+  wait(4 * pause);
+  hand().buttonUp();
+  EXPECT_EQ(sentForMotionAndKey(), nothing);
+}
+
+TEST_F(X11PointerPrivacy, KeysAndMotionAreNotSentWhileAnotherButtonIsDown) {
+  hand().buttonDown(3);
+  EXPECT_EQ(sentForMotionAndKey(), nothing);
+  hand().buttonUp(3);
+  EXPECT_EQ(sentForMotionAndKey(), nothing);
+}
+
+TEST_F(X11PointerPrivacy, AListenerAddedDuringADragTakesNothingFromTheOthers) {
+  hand().buttonDown();
+  ASSERT_EQ(sentForMotionAndKey(), keysAndMotion);
+  wait(4 * pause);
+  const auto another = onMoves([] {});
+  EXPECT_EQ(sentForMotionAndKey(), keysAndMotion);
+  hand().buttonUp();
+}
+
+TEST_F(X11PointerPrivacy, NoKeyButEscapeCallsADragOffAndThatOneOnlyDuringADrag) {
+  int calledOff = 0;
+  const auto token = pointer_->addCancelled([&] { ++calledOff; });
+  const auto press = [this](const char* key) {
+    hand().press(key);
+    arrive();
+  };
+  press("Escape");
+  hand().buttonDown();
+  arrive();
+  for (const char* key : {"a", "Return", "Shift", "F1"}) press(key);
+  EXPECT_EQ(calledOff, 0);
+  press("Escape");
+  EXPECT_EQ(calledOff, 1);
+  hand().buttonUp();
+  arrive();
+  press("Escape");
+  EXPECT_EQ(calledOff, 1);
 }
 
 }  // namespace tilwin::x11
