@@ -105,6 +105,21 @@ TEST_F(Displays, APanelOnOneDisplayLeavesTheOtherWhole) {
   EXPECT_TRUE(stands({1440, 40, 960, 1040}));
 }
 
+TEST_F(Displays, APanelAtTheBottomOfTheShorterDisplayLeavesTheOtherWhole) {
+  // Measured from the bottom of the whole desktop, which lies 180 points below that display.
+  const TestWindow panel(session().server().display(), {.title = "Panel",
+                                                        .area = {200, 860, 900, 40},
+                                                        .kind = WindowKind::dock,
+                                                        .strut = {.bottom = 220},
+                                                        .strutSpans = {0, 0, 0, 0, 0, 0, 200, 1099}});
+  ASSERT_TRUE(desktop().activate(window_->id()));
+  place({100, 100, 600, 500});
+  press(leftHalfKeys);
+  EXPECT_TRUE(stands({0, 0, 720, 860}));
+  press(nextDisplayKeys);
+  EXPECT_TRUE(stands({1440, 0, 960, 1080}));
+}
+
 TEST(HandMadeMonitors, AreDisplaysFromTheNextPressOn) {
   Session session({.manager = arguments().manager});
   const TilwinProcess tilwin(session, arguments().tilwin);

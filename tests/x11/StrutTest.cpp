@@ -27,8 +27,21 @@ Numbers partialLeft(std::uint32_t depth, std::uint32_t start, std::uint32_t end)
   return {depth, 0, 0, 0, start, end, 0, 0, 0, 0, 0, 0};
 }
 
+Numbers partialRight(std::uint32_t depth, std::uint32_t start, std::uint32_t end) {
+  return {0, depth, 0, 0, 0, 0, start, end, 0, 0, 0, 0};
+}
+
 Rect leftOf(const Rect& monitor, const Numbers& partial, const Numbers& whole = {}) {
   return visibleFrame(monitor, strutsOf(partial, whole, desktop));
+}
+
+/// Two monitors one upon the other.
+constexpr Rect tower{0, 0, 1920, 2160};
+constexpr Rect upper{0, 0, 1920, 1080};
+constexpr Rect lower{0, 1080, 1920, 1080};
+
+Rect leftInTower(const Rect& monitor, const Numbers& partial) {
+  return visibleFrame(monitor, strutsOf(partial, {}, tower));
 }
 
 }  // namespace
@@ -47,6 +60,34 @@ TEST(Strut, ABottomPanelOnAShorterMonitorIsMeasuredFromTheDesktopsEdge) {
 TEST(Strut, APanelAtTheInnerEdgeOfTheRightMonitorLeavesTheLeftOneAlone) {
   EXPECT_EQ(leftOf(large, partialLeft(1984, 0, 1439)), (Rect{1984, 0, 2496, 1440}));
   EXPECT_EQ(leftOf(small, partialLeft(1984, 0, 1439)), small);
+}
+
+TEST(Strut, APanelAtASideOfOneOfTwoStackedMonitorsLeavesTheOtherOneAlone) {
+  EXPECT_EQ(leftInTower(lower, partialLeft(50, 1080, 2159)), (Rect{50, 1080, 1870, 1080}));
+  EXPECT_EQ(leftInTower(upper, partialLeft(50, 1080, 2159)), upper);
+  EXPECT_EQ(leftInTower(upper, partialRight(50, 0, 1079)), (Rect{0, 0, 1870, 1080}));
+  EXPECT_EQ(leftInTower(lower, partialRight(50, 0, 1079)), lower);
+}
+
+TEST(Strut, APanelAlongPartOfAnEdgeTakesRoomAlongAllOfIt) {
+  EXPECT_EQ(leftOf(small, partialTop(30, 600, 1300)), (Rect{0, 30, 1920, 1050}));
+  EXPECT_EQ(leftOf(large, partialBottom(30, 3000, 3500)), (Rect{1920, 0, 2560, 1410}));
+  EXPECT_EQ(leftInTower(upper, partialLeft(50, 200, 400)), (Rect{50, 0, 1870, 1080}));
+  EXPECT_EQ(leftInTower(lower, partialRight(50, 1200, 1400)), (Rect{0, 1080, 1870, 1080}));
+}
+
+TEST(Strut, TheLastPointOfAPanelBelongsToIt) {
+  EXPECT_EQ(leftOf(large, partialTop(30, 0, 1920)), (Rect{1920, 30, 2560, 1410}));
+  EXPECT_EQ(leftOf(large, partialTop(30, 0, 1919)), large);
+  EXPECT_EQ(leftInTower(lower, partialLeft(50, 0, 1080)), (Rect{50, 1080, 1870, 1080}));
+  EXPECT_EQ(leftInTower(lower, partialLeft(50, 0, 1079)), lower);
+}
+
+TEST(Strut, APanelThatBeginsWhereAMonitorEndsLeavesItAlone) {
+  EXPECT_EQ(leftOf(small, partialTop(30, 1919, 4479)), (Rect{0, 30, 1920, 1050}));
+  EXPECT_EQ(leftOf(small, partialTop(30, 1920, 4479)), small);
+  EXPECT_EQ(leftInTower(upper, partialRight(50, 1079, 2159)), (Rect{0, 0, 1870, 1080}));
+  EXPECT_EQ(leftInTower(upper, partialRight(50, 1080, 2159)), upper);
 }
 
 TEST(Strut, TwoPanelsOnOneEdgeTakeTheDeeperRoom) {
