@@ -74,10 +74,51 @@ TEST(MoveLedger, ARequestThatNobodyAnsweredIsNotBelieved) {
   EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(11)), elsewhere);
 }
 
+TEST(MoveLedger, AManagerHasHalfASecondToAnswer) {
+  MoveLedger ledger;
+  ledger.asked(terminal, {askedFor, {}}, Seconds(10));
+  EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(10.5)), askedFor);
+  EXPECT_TRUE(ledger.configured(terminal, Seconds(10.5)));
+  EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(11)), askedFor);
+}
+
+TEST(MoveLedger, WhatAWindowDoesLaterThanHalfASecondIsNoAnswer) {
+  MoveLedger ledger;
+  ledger.asked(terminal, {askedFor, {}}, Seconds(10));
+  EXPECT_FALSE(ledger.configured(terminal, Seconds(10.501)));
+  EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(10.501)), elsewhere);
+}
+
+TEST(MoveLedger, AnAnswerLastsATenthOfASecondFromItsBeginning) {
+  MoveLedger ledger;
+  ledger.asked(terminal, {askedFor, {}}, Seconds(-0.4));
+  ASSERT_TRUE(ledger.configured(terminal, Seconds(0)));
+  EXPECT_TRUE(ledger.configured(terminal, Seconds(0.05)));
+  EXPECT_TRUE(ledger.configured(terminal, Seconds(0.1)));
+  EXPECT_FALSE(ledger.configured(terminal, Seconds(0.101)));
+}
+
 TEST(MoveLedger, ARequestThatChangesNothingButForWholeCellsNeedsNoAnswer) {
   MoveLedger ledger;
   ledger.asked(terminal, {askedFor, {}}, Seconds(10));
   EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(11)), askedFor);
+}
+
+TEST(MoveLedger, WholeCellsMayTakeSomethingOfOneDirectionOnly) {
+  for (const Rect& rounded : {Rect{0, 0, 955, 1080}, Rect{0, 0, 960, 1069}, askedFor}) {
+    MoveLedger ledger;
+    ledger.asked(terminal, {askedFor, {}}, Seconds(10));
+    EXPECT_EQ(ledger.reported(terminal, rounded, Seconds(11)), askedFor);
+  }
+}
+
+TEST(MoveLedger, ARequestThatTookMoreThanACellOrPutTheWindowElsewhereNeedsAnAnswer) {
+  for (const Rect& other : {Rect{0, 0, 896, 1080}, Rect{0, 0, 960, 1016}, Rect{0, 0, 961, 1080},
+                            Rect{0, 0, 960, 1081}, Rect{1, 0, 960, 1080}, Rect{0, 1, 960, 1080}}) {
+    MoveLedger ledger;
+    ledger.asked(terminal, {askedFor, {}}, Seconds(10));
+    EXPECT_EQ(ledger.reported(terminal, other, Seconds(11)), other);
+  }
 }
 
 TEST(MoveLedger, ARequestCanBeCorrectedForAShortTimeOnly) {
@@ -88,7 +129,8 @@ TEST(MoveLedger, ARequestCanBeCorrectedForAShortTimeOnly) {
   ASSERT_TRUE(request);
   EXPECT_EQ(request->frame, askedFor);
   EXPECT_EQ(request->shape, shape);
-  EXPECT_FALSE(ledger.correctable(terminal, Seconds(11.1)));
+  EXPECT_TRUE(ledger.correctable(terminal, Seconds(11)));
+  EXPECT_FALSE(ledger.correctable(terminal, Seconds(11.001)));
 }
 
 namespace {
