@@ -189,9 +189,11 @@ TEST_F(ShownOverlay, IsARingWithoutACompositor) {
 }
 
 TEST_F(ShownOverlay, KeepsTheRingOnItsEdgeWhenItsSizeChanges) {
-  desk_.overlay().show({0, 0, 200, 200});
-  desk_.overlay().show(sheet);
-  desk_.expect(outlinedSheet());
+  for (const Rect& before : {Rect{0, 0, 200, 200}, Rect{100, 80, 400, 200}, Rect{100, 80, 200, 300}}) {
+    desk_.overlay().show(before);
+    desk_.overlay().show(sheet);
+    desk_.expect(outlinedSheet());
+  }
 }
 
 TEST_F(ShownOverlay, FitsTheNextShowWhenACompositorHasComeOrGone) {
@@ -211,7 +213,7 @@ TEST_P(CompositedOverlay, IsATranslucentSheetWithABorderAndRoundCorners) {
   std::optional<desktop::ChildProcess> compositor;
   if (!GetParam()) compositor = desk.startCompositor();
   desk.overlay().show({0, 0, 200, 200});
-  for (const Rect& at : {sheet, Rect{0, 0, 800, 600}, Rect{400, 0, 400, 600}}) {
+  for (const Rect& at : {sheet, Rect{0, 0, 800, 600}, Rect{400, 0, 400, 600}, Rect{400, 0, 400, 300}}) {
     desk.overlay().show(at);
     desk.expect(translucentSheet(at));
   }

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <xcb/shape.h>
 
 #include "platform/x11/windows/WindowAtPoint.h"
 #include "tests/contract/TestLogs.h"
@@ -21,6 +22,15 @@ protected:
     SilentLog log;
     const X11Connection x(log);
     return managedWindowAt(x, at);
+  }
+
+  /// Leaves nothing of a window but its left part.
+  void cutOff(const desktop::TestWindow& window, std::uint16_t widthLeft) {
+    auto& hand = session.desktop().connection();
+    const xcb_rectangle_t rest{0, 0, widthLeft, 2000};
+    xcb_shape_rectangles(hand.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_UNSORTED,
+                         window.id(), 0, 0, 1, &rest);
+    hand.sync();
   }
 
   desktop::Session session;
@@ -47,6 +57,17 @@ TEST_F(X11WindowAtPoint, WithNothingManagedThereItIsNone) {
   const auto window = session.window({.area = {200, 150, 640, 480}});
   const auto sheet = session.window(unmanaged({0, 0, 1920, 1080}));
   EXPECT_EQ(under({1500, 900}), std::nullopt);
+}
+
+TEST_F(X11WindowAtPoint, AWindowIsNotWhereItsShapeIsNot) {
+  const auto low = session.window({.area = {200, 150, 640, 480}});
+  const auto high = session.window({.area = {200, 150, 640, 480}, .undecorated = true});
+  ASSERT_TRUE(session.desktop().activate(high.id()));
+  ASSERT_EQ(under(inBoth), high.id());
+  cutOff(high, 100);
+  // A manager cuts its frame a moment later.
+  EXPECT_TRUE(session.desktop().waitUntil([&] { return under(inBoth) == low.id(); }));
+  EXPECT_EQ(under({220, 400}), high.id());
 }
 
 TEST_F(X11WindowAtPoint, AWindowThatIsNotShownIsNotThere) {

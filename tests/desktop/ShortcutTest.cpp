@@ -126,6 +126,21 @@ TEST_F(Shortcuts, AfterASwitchOfTheKeyboardLayoutTheKeysKeepTheirPlaces) {
   }
 }
 
+TEST_F(Shortcuts, AKeyHeldWhileTheKeyboardLayoutIsSwitchedActsOnce) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  auto& input = session().input();
+  for (const char* key : {"Control", "Alt", "<LEFT>"}) input.keyDown(key);
+  ASSERT_TRUE(stands(window.id(), leftHalf));
+  session().server().setKeyboardLayout("de");
+  window.settle(Milliseconds{1500});  // a held key repeats after two thirds of a second
+  EXPECT_TRUE(stands(window.id(), leftHalf));
+  for (const char* key : {"<LEFT>", "Alt", "Control"}) input.keyUp(key);
+  session().server().setKeyboardLayout("us");
+  press(leftHalfKeys);
+  EXPECT_TRUE(stands(window.id(), {0, 0, 1280, 1080}));
+}
+
 TEST_F(Shortcuts, TheClientSeesOneSizePerSnap) {
   TestWindow window = session().window();
   focusAtStart(window.id());

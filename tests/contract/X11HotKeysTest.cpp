@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <QEventLoop>
+#include <QTimer>
+#include <optional>
+#include <vector>
+
+#include "platform/qt/QtMainQueue.h"
+#include "platform/x11/input/X11HotKeys.h"
+#include "tests/contract/TestLogs.h"
+#include "tests/desktop/harness/Session.h"
+
+namespace tilwin::x11 {
+
+namespace {
+
+using desktop::Milliseconds;
+
+constexpr std::uint32_t controlOption = HotKeySpec::control | HotKeySpec::option;
+constexpr HotKeySpec left{123, controlOption};
+constexpr HotKeySpec right{124, controlOption};
+
+/// The keymap in force, with one modifier more.
+constexpr const char* scrollLockModifier =
+    "setxkbmap -print | sed 's/inet(evdev)\"/& modifier_map Mod3 { Scroll_Lock };/' | xkbcomp -w 0 - "
+    "$DISPLAY";
+
+/// Longer than two repeats of a held key: the first comes after 660 ms, the others every 40 ms.
+constexpr Milliseconds longHeld{1000};
+constexpr Milliseconds patience{5000};
+
+/// Two hot keys of a program on a real desktop whose keyboard is changed under them.
+class X11HotKeysOnChangedKeyboard : public testing::Test {
+protected:
+  X11HotKeysOnChangedKeyboard() {
+    setenv("DISPLAY", session_.server().display().c_str(), 1);
+    x_.emplace(log_);
+    hotKeys_.emplace(*x_, queue_, log_);
+    queue_.watch(x_->fileDescriptor(), [this] { x_->dispatch(); });
+    queue_.beforeEachSleep([this] { x_->dispatchQueued(); });
+    hotKeys_->setPressHandler([this](std::uint32_t id) { presses_.push_back(id); });
+    EXPECT_TRUE(hotKeys_->add(left, {0, 1}));
+    EXPECT_TRUE(hotKeys_->add(right, {0, 2}));
+  }
+
+  /// Whether exactly these presses have come.
+  testing::AssertionResult pressed(const std::vector<std::uint32_t>& ids) {
+    settle([&] { return presses_.size() >= ids.size(); });
+    if (presses_ == ids) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "pressed " << testing::PrintToString(presses_);
+  }
+
+  void run(const std::vector<std::string>& command) {
+    auto process = session_.start(command.front(), command);
+    ASSERT_EQ(process.waitFor(patience), (desktop::ExitStatus{.code = 0, .signal = std::nullopt}))
+        << process.output();
+  }
+
+  /// From then on it is a lock as Num Lock is.
+  void makeScrollLockAModifier() { run({"sh", "-c", scrollLockModifier}); }
+
+  xcb_keycode_t keyAt(const std::string& position) { return session_.input().keyboard().at(position); }
+
+  /// Whether another program can no longer have the key with Control and Alt and these modifiers.
+  bool isTaken(xcb_keycode_t key, unsigned moreModifiers = 0) {
+    desktop::XConnection other(session_.server().display());
+    const auto modifiers = static_cast<std::uint16_t>(XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 | moreModifiers);
+    const auto cookie = xcb_grab_key_checked(other.get(), 1, other.root(), modifiers, key,
+                                             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const desktop::XcbPtr<xcb_generic_error_t> refusal(xcb_request_check(other.get(), cookie));
+    xcb_ungrab_key(other.get(), key, other.root(), modifiers);
+    other.sync();
+    return refusal != nullptr;
+  }
+
+  /// A press of the left arrow with Control and Alt at that moment, in milliseconds, without its release.
+  void sendPressAt(xcb_timestamp_t time) {
+    desktop::XConnection other(session_.server().display());
+    xcb_key_press_event_t event{};
+    event.response_type = XCB_KEY_PRESS;
+    event.detail = keyAt("LEFT");
+    event.time = time;
+    event.root = event.event = other.root();
+    event.state = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
+    event.same_screen = 1;
+    xcb_send_event(other.get(), 0, other.root(), XCB_EVENT_MASK_PROPERTY_CHANGE,
+                   reinterpret_cast<const char*>(&event));
+    other.sync();
+  }
+
+  bool settle(const std::function<bool()>& condition) {
+    const auto until = desktop::Clock::now() + patience;
+    while (!condition()) {
+      if (desktop::Clock::now() >= until) return false;
+      wait(Milliseconds{5});
+    }
+    return true;
+  }
+
+  static void wait(Milliseconds time) {
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+  }
+
+  desktop::Session session_;
+  FailingLog log_;
+  qt::QtMainQueue queue_;
+  std::optional<X11Connection> x_;
+  std::optional<X11HotKeys> hotKeys_;
+  std::vector<std::uint32_t> presses_;
+};
+
+}  // namespace
+
+TEST_F(X11HotKeysOnChangedKeyboard, AKeyHeldMeanwhileIsOnePressAndTheNextOnesCount) {
+  auto& hand = session_.input();
+  for (const char* key : {"Control", "Alt", "<LEFT>"}) hand.keyDown(key);
+  ASSERT_TRUE(pressed({1}));
+  makeScrollLockAModifier();
+  wait(longHeld);
+  EXPECT_TRUE(pressed({1}));
+  for (const char* key : {"<LEFT>", "Alt", "Control"}) hand.keyUp(key);
+  hand.press("Control+Alt+<RGHT>");
+  hand.press("Control+Alt+<LEFT>");
+  EXPECT_TRUE(pressed({1, 2, 1}));
+}
+
+TEST_F(X11HotKeysOnChangedKeyboard, AKeyThatBecameALockDoesNotGetInTheWay) {
+  makeScrollLockAModifier();
+  for (const char* position : {"LEFT", "RGHT"}) {
+    EXPECT_TRUE(settle([&] { return isTaken(keyAt(position), XCB_MOD_MASK_3); }));
+  }
+  session_.input().press("<SCLK>");
+  session_.input().press("Control+Alt+<LEFT>");
+  session_.input().press("Control+Alt+<RGHT>");
+  EXPECT_TRUE(pressed({1, 2}));
+}
+
+TEST_F(X11HotKeysOnChangedKeyboard, WhatIsALockNoMoreIsGivenBack) {
+  makeScrollLockAModifier();
+  EXPECT_TRUE(settle([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }));
+  session_.server().setKeyboardLayout("us");
+  EXPECT_TRUE(settle([&] { return !isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }));
+  EXPECT_TRUE(isTaken(keyAt("LEFT")));
+}
+
+TEST_F(X11HotKeysOnChangedKeyboard, AKeyWithAnotherCodeIsFollowedAndItsOldCodeGivenBack) {
+  const auto before = keyAt("LEFT");
+  run({"setxkbmap", "-keycodes", "xfree86"});
+  const auto after = keyAt("LEFT");
+  ASSERT_NE(after, before);
+  EXPECT_TRUE(settle([&] { return isTaken(after) && !isTaken(before); }));
+  session_.input().press("Control+Alt+<LEFT>");
+  EXPECT_TRUE(pressed({1}));
+}
+
+TEST_F(X11HotKeysOnChangedKeyboard, APressAfterALongSilenceCountsThoughItsReleaseWasLost) {
+  constexpr xcb_timestamp_t longestSilence = 5000;
+  sendPressAt(1000);
+  ASSERT_TRUE(pressed({1}));
+  sendPressAt(1000 + longestSilence - 1);
+  sendPressAt(1000 + 2 * longestSilence - 1);
+  EXPECT_TRUE(pressed({1, 1}));
+}
+
+}  // namespace tilwin::x11

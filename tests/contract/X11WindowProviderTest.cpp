@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <optional>
+
+#include "platform/qt/QtMainQueue.h"
+#include "platform/x11/windows/X11WindowProvider.h"
+#include "tests/contract/TestLogs.h"
+#include "tests/desktop/harness/Session.h"
+
+namespace tilwin::x11 {
+
+namespace {
+
+using desktop::WindowKind;
+using desktop::WindowState;
+
+/// What X11 alone can tell of windows, on a real desktop.
+class X11Windows : public testing::Test {
+protected:
+  X11Windows() {
+    setenv("DISPLAY", session.server().display().c_str(), 1);
+    x.emplace(log);
+    displays.emplace(*x, queue);
+    held.emplace(*x);
+    provider.emplace(*x, *displays, *held, queue);
+  }
+
+  /// A window of another program.
+  desktop::TestWindow open(desktop::TestWindowOptions options) {
+    options.process = getppid();
+    return session.window(options);
+  }
+
+  /// The title of the window with the focus, once all events so far have been handled.
+  std::optional<std::string> focusedTitle() {
+    x->dispatch();
+    const auto window = provider->focusedWindow();
+    return window ? std::optional(window->title) : std::nullopt;
+  }
+
+  std::optional<std::string> titleAt(Point at) {
+    x->dispatch();
+    const auto window = provider->window(at);
+    return window ? std::optional(window->title) : std::nullopt;
+  }
+
+  std::optional<WindowInfo> listed(const std::string& title) {
+    x->dispatch();
+    for (const auto& window : provider->allWindows()) {
+      if (window.title == title) return window;
+    }
+    return std::nullopt;
+  }
+
+  testing::AssertionResult comesToStandAt(const desktop::TestWindow& window, const Rect& frame) {
+    const bool came = session.desktop().waitUntil([&] {
+      x->dispatch();
+      return session.desktop().frame(window.id()) == frame;
+    });
+    return came ? testing::AssertionSuccess() : testing::AssertionFailure() << "the window never arrived";
+  }
+
+  void removeProperty(const desktop::TestWindow& window, const std::string& name) {
+    auto& witness = session.desktop().connection();
+    xcb_delete_property(witness.get(), window.id(), witness.atom(name));
+    witness.sync();
+  }
+
+  desktop::Session session;
+  FailingLog log;
+  qt::QtMainQueue queue;
+  std::optional<X11Connection> x;
+  std::optional<X11Displays> displays;
+  std::optional<HeldWindow> held;
+  std::optional<X11WindowProvider> provider;
+};
+
+constexpr Point inWindow{500, 400};
+
+}  // namespace
+
+TEST_F(X11Windows, TheDesktopWithTheFocusIsNoWindowToBeMoved) {
+  const auto window = open({.title = "text"});
+  ASSERT_TRUE(session.desktop().activate(window.id()));
+  EXPECT_EQ(focusedTitle(), "text");
+  const auto wallpaper =
+      open({.title = "wallpaper", .area = {0, 0, 1920, 1080}, .kind = WindowKind::desktop});
+  ASSERT_TRUE(session.desktop().activate(wallpaper.id()));
+  EXPECT_EQ(focusedTitle(), std::nullopt);
+}
+
+TEST_F(X11Windows, APanelOrTheDesktopUnderThePointerIsNoWindowToBeDragged) {
+  const auto wallpaper =
+      open({.title = "wallpaper", .area = {0, 0, 1920, 1080}, .kind = WindowKind::desktop});
+  EXPECT_EQ(titleAt(inWindow), std::nullopt);
+  const auto panel = open({.title = "panel", .area = {0, 0, 1920, 40}, .kind = WindowKind::dock});
+  EXPECT_EQ(titleAt({500, 20}), std::nullopt);
+  const auto window = open({.title = "text"});
+  EXPECT_EQ(titleAt(inWindow), "text");
+}
+
+TEST_F(X11Windows, AWindowOfThisProgramIsNeitherMovedNorDraggedNorListed) {
+  const auto own = session.window({.title = "own", .process = getpid()});
+  ASSERT_TRUE(session.desktop().activate(own.id()));
+  EXPECT_EQ(focusedTitle(), std::nullopt);
+  EXPECT_EQ(titleAt(inWindow), std::nullopt);
+  EXPECT_FALSE(listed("own"));
+}
+
+TEST_F(X11Windows, AWindowMaximisedInOneDirectionIsReleasedAndMoved) {
+  const Rect target{300, 200, 500, 400};
+  for (const auto state : {WindowState::maximizedVertically, WindowState::maximizedHorizontally}) {
+    const auto window = open({.title = "text"});
+    ASSERT_TRUE(session.desktop().activate(window.id()));
+    session.desktop().set(window.id(), state, true);
+    ASSERT_TRUE(session.desktop().waitUntil([&] { return session.desktop().has(window.id(), state); }));
+    ASSERT_TRUE(focusedTitle());
+    ASSERT_TRUE(provider->setFrame(provider->focusedWindow()->id, target));
+    EXPECT_TRUE(comesToStandAt(window, target));
+    EXPECT_FALSE(session.desktop().has(window.id(), state));
+  }
+}
+
+TEST_F(X11Windows, AWindowWithoutATypeIsListedUnlessItBelongsToAnother) {
+  const auto plain = open({.title = "plain"});
+  const auto dialog = open({.title = "dialog", .transientFor = plain.id()});
+  removeProperty(plain, "_NET_WM_WINDOW_TYPE");
+  removeProperty(dialog, "_NET_WM_WINDOW_TYPE");
+  EXPECT_TRUE(listed("plain"));
+  EXPECT_FALSE(listed("dialog"));
+}
+
+TEST_F(X11Windows, AWindowWithoutAnEwmhTitleHasItsOlderOne) {
+  const auto window = open({.title = "older"});
+  removeProperty(window, "_NET_WM_NAME");
+  EXPECT_TRUE(listed("older"));
+}
+
+TEST_F(X11Windows, AFrameAskedForAheadIsThatOfItsOwnWindow) {
+  const auto first = open({.title = "first", .area = {100, 100, 400, 300}});
+  const auto second = open({.title = "second", .area = {700, 500, 500, 200}});
+  const auto firstID = listed("first").value_or(WindowInfo()).id;
+  const auto secondID = listed("second").value_or(WindowInfo()).id;
+  const auto frameOf = [&](const desktop::TestWindow& window) {
+    return session.desktop().frame(window.id());
+  };
+  EXPECT_EQ(provider->frame(firstID), frameOf(first));
+  held->askAhead();
+  EXPECT_EQ(provider->frame(secondID), frameOf(second));
+  held->askAhead();
+  EXPECT_EQ(provider->frame(secondID), frameOf(second));
+  EXPECT_EQ(provider->frame(firstID), frameOf(first));
+}
+
+}  // namespace tilwin::x11
