@@ -129,6 +129,27 @@ TEST_F(DragRecordingTest, TurnedOffItForgetsWhatWaitsAndStopsItsTimer) {
   EXPECT_EQ(logText(), "");
 }
 
+TEST_F(DragRecordingTest, NothingOfADragMadeWhileItWasOffIsWrittenOnceItIsOnAgain) {
+  start(true);
+  turn(false);
+  dragToTheEdge();
+  turn(true);
+  quit();
+  EXPECT_EQ(logText(), "");
+}
+
+TEST_F(DragRecordingTest, ADragDuringWhichItWasTurnedOffIsNeverWritten) {
+  start(true);
+  user.grab();
+  user.dragTo({400, 450});
+  user.dragTo({10, 450});
+  turn(false);
+  user.letGo();
+  turn(true);
+  quit();
+  EXPECT_EQ(logText(), "");
+}
+
 TEST_F(DragRecordingTest, QuittingRightAfterItWasTurnedOffWritesNothing) {
   start(true);
   snapToTheLeft();

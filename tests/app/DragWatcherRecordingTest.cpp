@@ -162,6 +162,13 @@ TEST_F(DragWatcherRecords, NothingWhileItIsOff) {
   EXPECT_TRUE(records().empty());
 }
 
+TEST_F(DragWatcherRecords, NothingOfADragDuringWhichItWasTurnedOff) {
+  dragSlowlyTo({10, 450});
+  isOn = false;
+  user.letGo();
+  EXPECT_TRUE(records().empty());
+}
+
 TEST_F(DragWatcherRecords, NothingOfADragWhoseOnlySampleIsTheRelease) {
   isOn = false;
   dragSlowlyTo({10, 450});
