@@ -33,6 +33,7 @@ void expectError(std::string_view text, JsonError::Kind kind, const std::string&
   ASSERT_TRUE(error.has_value()) << text;
   EXPECT_EQ(error->kind, kind) << error->what();
   EXPECT_EQ(error->path, path) << error->what();
+  EXPECT_STRNE(error->what(), "");
 }
 
 template <typename T>

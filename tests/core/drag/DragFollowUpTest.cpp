@@ -2,15 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace tilwin {
 namespace {
 
 TEST(DragFollowUp, IsStoredUnderTheNameOfItsCase) {
-  ASSERT_EQ(DragFollowUps::all().size(), 4U);
   EXPECT_EQ(DragFollowUps::rawValue(DragFollowUp::restoredOrMovedAway), "restoredOrMovedAway");
   EXPECT_EQ(DragFollowUps::rawValue(DragFollowUp::keptSnap), "keptSnap");
   EXPECT_EQ(DragFollowUps::rawValue(DragFollowUp::draggedBackToSameEdge), "draggedBackToSameEdge");
   EXPECT_EQ(DragFollowUps::rawValue(DragFollowUp::leftAlone), "leftAlone");
+}
+
+TEST(DragFollowUp, IsOneOfFourInTheOrderOfTheCases) {
+  const auto all = DragFollowUps::all();
+  EXPECT_EQ(std::vector(all.begin(), all.end()),
+            (std::vector{DragFollowUp::restoredOrMovedAway, DragFollowUp::keptSnap,
+                         DragFollowUp::draggedBackToSameEdge, DragFollowUp::leftAlone}));
 }
 
 TEST(DragFollowUp, IsFoundByItsName) {

@@ -139,6 +139,7 @@ TEST(ShadowVerdict, NeedsEightWinsForTheModel) {
 TEST(ShadowVerdict, NeedsTwoAndAHalfStandardErrorsForTheModel) {
   EXPECT_EQ(verdictAt(15, 3), ShadowSummary::Verdict(ShadowSummary::ModelWouldHelp{})) << "2.83";
   EXPECT_EQ(verdictAt(15, 4), ShadowSummary::Verdict(ShadowSummary::ModelWouldHelp{})) << "2.52";
+  EXPECT_EQ(verdictAt(13, 3), ShadowSummary::Verdict(ShadowSummary::ModelWouldHelp{})) << "2.5";
   EXPECT_EQ(verdictAt(15, 5), ShadowSummary::Verdict(ShadowSummary::NoClearDifference{})) << "2.24";
 }
 

@@ -1,5 +1,6 @@
 #include "core/snap/actions/SnapAction.h"
 
+#include <map>
 #include <set>
 #include <string>
 
@@ -73,6 +74,44 @@ TEST(SnapAction, RegionsAreTheCellsTheirNamesSay) {
   EXPECT_EQ(SnapActions::region(SnapAction::thirdFourth), GridRegion(4, 1, 2, 0, 1, 1));
   EXPECT_EQ(SnapActions::region(SnapAction::rightThreeFourths), GridRegion(4, 1, 1, 0, 3, 1));
   EXPECT_EQ(SnapActions::region(SnapAction::maximize), GridRegion(1, 1, 0, 0, 1, 1));
+}
+
+/// The parts of an area of 1200 by 600 points that the actions on a grid fill.
+const std::map<SnapAction, Rect> parts{
+    {SnapAction::leftHalf, {0, 0, 600, 600}},
+    {SnapAction::rightHalf, {600, 0, 600, 600}},
+    {SnapAction::topHalf, {0, 0, 1200, 300}},
+    {SnapAction::bottomHalf, {0, 300, 1200, 300}},
+    {SnapAction::topLeft, {0, 0, 600, 300}},
+    {SnapAction::topRight, {600, 0, 600, 300}},
+    {SnapAction::bottomLeft, {0, 300, 600, 300}},
+    {SnapAction::bottomRight, {600, 300, 600, 300}},
+    {SnapAction::leftThird, {0, 0, 400, 600}},
+    {SnapAction::centerThird, {400, 0, 400, 600}},
+    {SnapAction::rightThird, {800, 0, 400, 600}},
+    {SnapAction::leftTwoThirds, {0, 0, 800, 600}},
+    {SnapAction::rightTwoThirds, {400, 0, 800, 600}},
+    {SnapAction::topLeftSixth, {0, 0, 400, 300}},
+    {SnapAction::topCenterSixth, {400, 0, 400, 300}},
+    {SnapAction::topRightSixth, {800, 0, 400, 300}},
+    {SnapAction::bottomLeftSixth, {0, 300, 400, 300}},
+    {SnapAction::bottomCenterSixth, {400, 300, 400, 300}},
+    {SnapAction::bottomRightSixth, {800, 300, 400, 300}},
+    {SnapAction::firstFourth, {0, 0, 300, 600}},
+    {SnapAction::secondFourth, {300, 0, 300, 600}},
+    {SnapAction::thirdFourth, {600, 0, 300, 600}},
+    {SnapAction::lastFourth, {900, 0, 300, 600}},
+    {SnapAction::leftThreeFourths, {0, 0, 900, 600}},
+    {SnapAction::rightThreeFourths, {300, 0, 900, 600}},
+    {SnapAction::maximize, {0, 0, 1200, 600}},
+};
+
+TEST(SnapAction, EachOnAGridFillsThePartOfTheAreaThatItsNameSays) {
+  for (const SnapAction action : SnapActions::all()) {
+    if (!SnapActions::region(action)) continue;
+    EXPECT_EQ(SnapActions::frame(action, {}, {0, 0, 1200, 600}, 0, 0), parts.at(action))
+        << SnapActions::rawValue(action);
+  }
 }
 
 TEST(SnapAction, AGridActionFillsItsRegionWhateverTheWindowsFrame) {
