@@ -80,6 +80,21 @@ TEST_F(AppDelegateTest, IgnoredApplicationsAreNotMoved) {
   EXPECT_EQ(pressed(leftHalfKeys), untouched);
 }
 
+TEST_F(AppDelegateTest, AnApplicationTakenOffTheIgnoredListIsMovedAgain) {
+  const std::string ignored = desktop.windows.find(window)->bundleID;
+  startWith({.ignoredApps = {"org.example.Other", ignored}});
+  EXPECT_EQ(pressed(leftHalfKeys), untouched);
+  change({.ignoredApps = {"org.example.Other"}});
+  EXPECT_EQ(pressed(leftHalfKeys), leftHalf);
+}
+
+TEST_F(AppDelegateTest, TheLastApplicationTakenOffTheIgnoredListIsMovedAgain) {
+  startWith({.ignoredApps = {desktop.windows.find(window)->bundleID}});
+  EXPECT_EQ(pressed(leftHalfKeys), untouched);
+  change({});
+  EXPECT_EQ(pressed(leftHalfKeys), leftHalf);
+}
+
 TEST_F(AppDelegateTest, AnAreasShortcutPutsTheWindowThere) {
   startWith(withArea(f5));
   EXPECT_EQ(pressed(f5), (Rect{288, 25, 864, 875}));
