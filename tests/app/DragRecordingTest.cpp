@@ -179,6 +179,15 @@ TEST_F(DragRecordingTest, OtherChangesOfTheSettingsDoNotPutOffItsTimer) {
   EXPECT_TRUE(comesToHold(1));
 }
 
+TEST_F(DragRecordingTest, OtherChangesOfTheSettingsLoseNothingThatWaits) {
+  start(true);
+  snapToTheLeft();
+  delegate->store().settings.set({.gap = 4, .shadowRecording = true});
+  desktop.time.runDue();
+  quit();
+  EXPECT_EQ(ShadowLogFile::read(log).size(), 1);
+}
+
 TEST_F(DragRecordingTest, WithoutAPlaceForTheLogDragsSnapAllTheSame) {
   std::ofstream(share) << "a file where the folder should be";
   start(true);
