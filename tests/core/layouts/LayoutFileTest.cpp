@@ -225,6 +225,14 @@ TEST_F(LayoutFile, IsIntactWhenTheStoreCannotBeWritten) {
   EXPECT_EQ(textOf(path), prettyFile);
 }
 
+TEST_F(LayoutFile, OfTheLargestSizeIsWrittenAndReadBack) {
+  LayoutStore store = oneLayout();
+  store.write(path);
+  store.layouts.front().name.append(LayoutStore::maximumFileSize - fs::file_size(path), 'n');
+  store.write(path);
+  EXPECT_EQ(loaded(), store);
+}
+
 TEST_F(LayoutFile, SaysWhenItsFolderCannotBeMade) {
   writeText(folder.path() / "Tilwin", "a file where the folder should be");
   EXPECT_THROW(oneLayout().write(path), fs::filesystem_error);

@@ -1,6 +1,7 @@
 #include "core/support/LocalizedDate.h"
 
 #include <gtest/gtest.h>
+#include <unicode/locid.h>
 
 #include "tests/core/EnvironmentVariable.h"
 
@@ -46,6 +47,18 @@ TEST_F(LocalizedDay, IsEnglishWithoutALocale) {
     const EnvironmentVariable locale("LC_ALL", posix);
     EXPECT_EQ(LocalizedDate::medium(lateInTheEvening), "Mar 1, 2026") << posix;
   }
+}
+
+TEST_F(LocalizedDay, IsEnglishWithoutALocaleForDatesWhateverTheLanguage) {
+  const icu::Locale before;
+  UErrorCode error = U_ZERO_ERROR;
+  icu::Locale::setDefault(icu::Locale::getGermany(), error);
+  for (const char* posix : {"C", "POSIX", "C.UTF-8"}) {
+    const EnvironmentVariable dates("LC_TIME", posix);
+    EXPECT_EQ(LocalizedDate::medium(lateInTheEvening), "Mar 1, 2026") << posix;
+  }
+  icu::Locale::setDefault(before, error);
+  EXPECT_EQ(error, U_ZERO_ERROR);
 }
 
 TEST_F(LocalizedDay, IsTheDayThatTheUserHadThen) {
