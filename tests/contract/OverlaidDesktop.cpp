@@ -94,6 +94,7 @@ desktop::ChildProcess OverlaidDesktop::startCompositor() {
 void OverlaidDesktop::end(desktop::ChildProcess& compositor) {
   compositor.end();
   EXPECT_TRUE(desktop().waitUntil([this] { return !desktop().composited(); }));
+  x_->dispatch();  // logs what the server found wrong with the requests so far
 }
 
 }  // namespace tilwin::x11

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "platform/ports/SystemLog.h"
 
 namespace tilwin {
@@ -16,6 +20,14 @@ public:
 class FailingLog : public SystemLog {
 public:
   void write(std::string_view line) override { ADD_FAILURE() << "logged: " << line; }
+};
+
+/// For tests that say what is logged.
+class KeptLog : public SystemLog {
+public:
+  void write(std::string_view line) override { lines.emplace_back(line); }
+
+  std::vector<std::string> lines;
 };
 
 }  // namespace tilwin

@@ -43,6 +43,8 @@ protected:
     EXPECT_TRUE(hotKeys_->add(right, {0, 2}));
   }
 
+  void TearDown() override { EXPECT_EQ(log_.lines, toBeLogged_); }
+
   /// Whether exactly these presses have come.
   testing::AssertionResult pressed(const std::vector<std::uint32_t>& ids) {
     settle([&] { return presses_.size() >= ids.size(); });
@@ -104,7 +106,8 @@ protected:
   }
 
   desktop::Session session_;
-  FailingLog log_;
+  KeptLog log_;
+  std::vector<std::string> toBeLogged_;
   qt::QtMainQueue queue_;
   std::optional<X11Connection> x_;
   std::optional<X11HotKeys> hotKeys_;
@@ -153,6 +156,28 @@ TEST_F(X11HotKeysOnChangedKeyboard, AKeyWithAnotherCodeIsFollowedAndItsOldCodeGi
   EXPECT_TRUE(settle([&] { return isTaken(after) && !isTaken(before); }));
   session_.input().press("Control+Alt+<LEFT>");
   EXPECT_TRUE(pressed({1}));
+}
+
+TEST_F(X11HotKeysOnChangedKeyboard, ACombinationTakenOnTheNewOneIsToldOfAndWorksAgainOnTheNextOne) {
+  const desktop::XConnection other(session_.server().display());
+  constexpr xcb_keycode_t leftOfXFree86 = 100;
+  xcb_grab_key(other.get(), 1, other.root(), XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1, leftOfXFree86,
+               XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  xcb_flush(other.get());
+  ASSERT_TRUE(settle([&] { return isTaken(leftOfXFree86); }));
+  const auto before = keyAt("LEFT");
+  run({"setxkbmap", "-keycodes", "xfree86"});
+  ASSERT_EQ(keyAt("LEFT"), leftOfXFree86);
+  toBeLogged_ = {"Tilwin: 1 shortcuts are taken on the new keyboard layout"};
+  EXPECT_TRUE(settle([&] { return log_.lines == toBeLogged_; }));
+  session_.input().press("Control+Alt+<LEFT>");
+  session_.input().press("Control+Alt+<RGHT>");
+  EXPECT_TRUE(pressed({2}));
+  session_.server().setKeyboardLayout("us");
+  ASSERT_TRUE(settle([&] { return isTaken(before) && isTaken(keyAt("RGHT")); }));
+  session_.input().press("Control+Alt+<LEFT>");
+  session_.input().press("Control+Alt+<RGHT>");
+  EXPECT_TRUE(pressed({2, 1, 2}));
 }
 
 TEST_F(X11HotKeysOnChangedKeyboard, APressAfterALongSilenceCountsThoughItsReleaseWasLost) {

@@ -4,7 +4,9 @@
 #include <QTimer>
 #include <optional>
 #include <set>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/qt/QtMainQueue.h"
 #include "platform/x11/input/X11Pointer.h"
@@ -37,6 +39,16 @@ protected:
   }
 
   desktop::Input& hand() { return session_.input(); }
+
+  /// Handles every event sent so far; what the handlers asked of the server is done when this returns.
+  void arrive() {
+    (void)pointer_->position();
+    x_->dispatchQueued();
+    (void)pointer_->position();
+  }
+
+  /// The number of the request made by this call; each request counts one.
+  unsigned sequence() { return xcb_no_operation(x_->get()).sequence; }
 
   /// Lets the program work for that long.
   static void wait(Milliseconds time) {
@@ -83,13 +95,6 @@ protected:
     return sent_;
   }
 
-  /// Handles every event sent so far; what the handlers asked of the server is done when this returns.
-  void arrive() {
-    (void)pointer_->position();
-    x_->dispatchQueued();
-    (void)pointer_->position();
-  }
-
 private:
   RawEvents sent_;
   std::unique_ptr<PointerMonitor::Token> token_;
@@ -115,6 +120,26 @@ TEST_F(X11PointerPace, TellsNoMoveSoonerThanAPauseAfterTheLastWasDealtWith) {
   }
   hand().buttonUp();
   EXPECT_GT(told, 3);
+}
+
+TEST_F(X11PointerPace, ThePlaceOfTheHeldWindowComesWithTheLookAtThePointer) {
+  const auto window = session_.window({.area = {400, 300, 500, 400}});
+  const auto frame = held_->frame(window.id());
+  ASSERT_TRUE(frame);
+  std::optional<Rect> seen;
+  unsigned requests = 0;
+  const auto token = onMoves([&] {
+    const unsigned before = sequence();
+    seen = held_->frame(window.id());
+    requests = sequence() - before - 1;
+  });
+  hand().buttonDown();
+  arrive();
+  hand().movePointer({100, 50});
+  arrive();
+  hand().buttonUp();
+  EXPECT_EQ(seen, frame);
+  EXPECT_EQ(requests, 0) << "the frame was asked for by itself";
 }
 
 TEST_F(X11PointerPrivacy, KeysAndMotionAreSentOnlyWhileTheLeftButtonIsDown) {

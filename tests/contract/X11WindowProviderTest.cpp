@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <array>
 #include <optional>
+#include <string>
 
 #include "platform/qt/QtMainQueue.h"
 #include "platform/x11/windows/X11WindowProvider.h"
@@ -65,6 +67,17 @@ protected:
     auto& witness = session.desktop().connection();
     xcb_delete_property(witness.get(), window.id(), witness.atom(name));
     witness.sync();
+  }
+
+  /// The data of the first client message of that type that has come.
+  static std::array<std::uint32_t, 5> messageTo(desktop::XConnection& client, const std::string& type) {
+    const auto wanted = client.atom(type);
+    while (const desktop::XcbPtr<xcb_generic_event_t> event{xcb_poll_for_event(client.get())}) {
+      const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(*event);
+      if ((event->response_type & 0x7f) != XCB_CLIENT_MESSAGE || message.type != wanted) continue;
+      return std::to_array(message.data.data32);
+    }
+    return {};
   }
 
   desktop::Session session;
@@ -135,6 +148,23 @@ TEST_F(X11Windows, AWindowWithoutAnEwmhTitleHasItsOlderOne) {
   const auto window = open({.title = "older"});
   removeProperty(window, "_NET_WM_NAME");
   EXPECT_TRUE(listed("older"));
+}
+
+TEST_F(X11Windows, AManagerIsAskedForAFrameAsAPagerAsksInTheSightOfOtherClients) {
+  desktop::XConnection other(session.server().display());
+  const std::uint32_t substructure = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+  xcb_change_window_attributes(other.get(), other.root(), XCB_CW_EVENT_MASK, &substructure);
+  const auto window = open({.title = "text", .undecorated = true});
+  other.sync();
+  ASSERT_TRUE(provider->setFrame(listed("text").value_or(WindowInfo()).id, {-30, 200, 500, 400}));
+  (void)provider->focusedWindow();  // answered after the request has been sent on
+  other.sync();
+  constexpr std::uint32_t northWest = 1;
+  constexpr std::uint32_t positionAndSize = 0xf00;
+  constexpr std::uint32_t fromPager = 0x2000;
+  EXPECT_EQ(messageTo(other, "_NET_MOVERESIZE_WINDOW"),
+            (std::array<std::uint32_t, 5>{northWest | positionAndSize | fromPager,
+                                          static_cast<std::uint32_t>(-30), 200, 500, 400}));
 }
 
 TEST_F(X11Windows, AFrameAskedForAheadIsThatOfItsOwnWindow) {
