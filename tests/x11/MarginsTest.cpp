@@ -7,7 +7,7 @@ namespace tilwin::x11 {
 namespace {
 
 const FrameShape decorated{.decoration = {.left = 1, .right = 2, .top = 20, .bottom = 5}, .shadow = {}};
-const FrameShape shadowed{.decoration = {}, .shadow = {.left = 26, .right = 26, .top = 23, .bottom = 29}};
+const FrameShape shadowed{.decoration = {}, .shadow = {.left = 26, .right = 30, .top = 23, .bottom = 29}};
 
 }  // namespace
 
@@ -16,7 +16,7 @@ TEST(FrameShape, TheFrameOfADecoratedWindowTakesInItsDecoration) {
 }
 
 TEST(FrameShape, TheFrameOfAWindowThatDrawsAShadowLeavesTheShadowOut) {
-  EXPECT_EQ(shadowed.frameOfClient({-26, -23, 852, 652}), (Rect{0, 0, 800, 600}));
+  EXPECT_EQ(shadowed.frameOfClient({-26, -23, 856, 652}), (Rect{0, 0, 800, 600}));
 }
 
 TEST(FrameShape, ADecoratedWindowIsAskedForByItsOuterCornerAndItsClientSize) {
@@ -24,7 +24,7 @@ TEST(FrameShape, ADecoratedWindowIsAskedForByItsOuterCornerAndItsClientSize) {
 }
 
 TEST(FrameShape, AWindowWithAShadowIsAskedToReachBeyondItsFrame) {
-  EXPECT_EQ(shadowed.requestForFrame({0, 0, 800, 600}), (Rect{-26, -23, 852, 652}));
+  EXPECT_EQ(shadowed.requestForFrame({0, 0, 800, 600}), (Rect{-26, -23, 856, 652}));
 }
 
 TEST(FrameShape, AFrameSmallerThanItsDecorationAsksForOnePoint) {
