@@ -95,11 +95,15 @@ function(tilwin_test_program name)
   tilwin_precompiled(${name})
 endfunction()
 
-# tilwin_precompiled(TARGET): the target shares the tests' precompiled headers. Sharing wants one kind of code
-# everywhere, and Qt wants -fPIC of who uses it.
+# tilwin_precompiled(TARGET): the target shares the tests' precompiled headers, of which tests/Printing.h is one; builds
+# without them include that one all the same. Sharing requires the same code generation options everywhere, and
+# Qt requires -fPIC of its users.
 function(tilwin_precompiled target)
   target_compile_options(${target} PRIVATE -fPIC)
   target_precompile_headers(${target} REUSE_FROM TilwinTestHeaders)
+  if(CMAKE_DISABLE_PRECOMPILE_HEADERS)
+    target_compile_options(${target} PRIVATE "SHELL:-include ${CMAKE_SOURCE_DIR}/tests/Printing.h")
+  endif()
 endfunction()
 
 # tilwin_test_run(RUN COMMAND program ... [LABELS preset ...]): one run of a test program. It leaves its results as XML in

@@ -7,7 +7,6 @@
 
 #include "app/windows/AXWindowProvider.h"
 #include "platform/simulated/SimulatedAccessibleDesktop.h"
-#include "tests/Printing.h"
 
 namespace tilwin {
 

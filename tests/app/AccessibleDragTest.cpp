@@ -4,7 +4,6 @@
 #include "app/windows/AXWindowProvider.h"
 #include "platform/simulated/SimulatedAccessibleDesktop.h"
 #include "platform/simulated/SimulatedDesktop.h"
-#include "tests/Printing.h"
 
 namespace tilwin {
 namespace {

@@ -7,7 +7,6 @@
 
 #include "app/drag/DragWatcher.h"
 #include "platform/simulated/SimulatedDesktop.h"
-#include "tests/Printing.h"
 
 namespace tilwin {
 

@@ -12,7 +12,6 @@
 #include "core/geometry/GeometryCoding.h"
 #include "core/settings/SettingsCoding.h"
 #include "platform/simulated/SimulatedDesktop.h"
-#include "tests/Printing.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/drag/Reference.h"
 

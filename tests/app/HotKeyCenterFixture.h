@@ -9,7 +9,6 @@
 
 #include "app/keys/HotKeyCenter.h"
 #include "platform/simulated/SimulatedDesktop.h"
-#include "tests/Printing.h"
 
 namespace tilwin {
 

@@ -1,5 +1,8 @@
 #include "app/settings/SettingsStore.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <limits>
 
 #include "core/settings/SettingsCoding.h"
@@ -127,14 +130,12 @@ TEST_F(SettingsStoreTest, WhatItCouldNotReadAgainItDoesNotWrite) {
   EXPECT_EQ(stored(), written(TilwinSettings{.gap = 4}));
 }
 
-TEST(SettingsStoreProperties, WhateverIsAssignedIsThereInRangeAtTheNextStart) {
-  EXPECT_TRUE(rc::check([] {
-    SimulatedUserDefaults disk;
-    TilwinSettings settings = arbitrary::settings();
-    SettingsStore(disk).settings.set(settings);
-    settings.clamp();
-    RC_ASSERT(SettingsStore(disk).settings.get() == settings);
-  }));
+RC_GTEST_PROP(SettingsStoreProperties, WhateverIsAssignedIsThereInRangeAtTheNextStart, ()) {
+  SimulatedUserDefaults disk;
+  TilwinSettings settings = arbitrary::settings();
+  SettingsStore(disk).settings.set(settings);
+  settings.clamp();
+  RC_ASSERT(SettingsStore(disk).settings.get() == settings);
 }
 
 }  // namespace

@@ -1,3 +1,6 @@
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <chrono>
 
 #include "app/settings/SettingsStore.h"
@@ -120,44 +123,40 @@ std::string anyValue() {
   return values[static_cast<std::size_t>(arbitrary::whole(0, static_cast<int>(values.size()) - 1))];
 }
 
-TEST(UnreadableSettingsProperties, NoMixtureOfGoodAndBrokenFieldsLosesAGoodOne) {
-  EXPECT_TRUE(rc::check([] {
-    TilwinSettings good = arbitrary::settings();
-    good.clamp();
-    const auto whole = JsonReader::parse(written(good));
-    const std::string brokenKey = whole.keys()[static_cast<std::size_t>(arbitrary::whole(0, 10))];
-    // The last of two equal keys counts.
-    std::string text = written(good);
-    text.pop_back();
-    text += ",\"" + brokenKey + "\":" + anyValue() + "}";
-    SimulatedUserDefaults disk;
-    disk.store(SettingsStore::key, text);
-    TilwinSettings loaded = SettingsStore(disk).settings.get();
-    const auto keep = [&](const char* key, auto member) {
-      if (brokenKey == key) loaded.*member = good.*member;
-    };
-    keep("gap", &TilwinSettings::gap);
-    keep("outer", &TilwinSettings::outer);
-    keep("cycleWidths", &TilwinSettings::cycleWidths);
-    keep("dragToSnap", &TilwinSettings::dragToSnap);
-    keep("shadowRecording", &TilwinSettings::shadowRecording);
-    keep("showMenuBarIcon", &TilwinSettings::showMenuBarIcon);
-    keep("restoreOnDisplayChange", &TilwinSettings::restoreOnDisplayChange);
-    keep("shortcuts", &TilwinSettings::shortcuts);
-    keep("disabled", &TilwinSettings::disabled);
-    keep("ignoredApps", &TilwinSettings::ignoredApps);
-    keep("customAreas", &TilwinSettings::customAreas);
-    RC_ASSERT(loaded == good);
-  }));
+RC_GTEST_PROP(UnreadableSettingsProperties, NoMixtureOfGoodAndBrokenFieldsLosesAGoodOne, ()) {
+  TilwinSettings good = arbitrary::settings();
+  good.clamp();
+  const auto whole = JsonReader::parse(written(good));
+  const std::string brokenKey = whole.keys()[static_cast<std::size_t>(arbitrary::whole(0, 10))];
+  // The last of two equal keys counts.
+  std::string text = written(good);
+  text.pop_back();
+  text += ",\"" + brokenKey + "\":" + anyValue() + "}";
+  SimulatedUserDefaults disk;
+  disk.store(SettingsStore::key, text);
+  TilwinSettings loaded = SettingsStore(disk).settings.get();
+  const auto keep = [&](const char* key, auto member) {
+    if (brokenKey == key) loaded.*member = good.*member;
+  };
+  keep("gap", &TilwinSettings::gap);
+  keep("outer", &TilwinSettings::outer);
+  keep("cycleWidths", &TilwinSettings::cycleWidths);
+  keep("dragToSnap", &TilwinSettings::dragToSnap);
+  keep("shadowRecording", &TilwinSettings::shadowRecording);
+  keep("showMenuBarIcon", &TilwinSettings::showMenuBarIcon);
+  keep("restoreOnDisplayChange", &TilwinSettings::restoreOnDisplayChange);
+  keep("shortcuts", &TilwinSettings::shortcuts);
+  keep("disabled", &TilwinSettings::disabled);
+  keep("ignoredApps", &TilwinSettings::ignoredApps);
+  keep("customAreas", &TilwinSettings::customAreas);
+  RC_ASSERT(loaded == good);
 }
 
-TEST(UnreadableSettingsProperties, NoBytesHarmTheStart) {
-  EXPECT_TRUE(rc::check([](const std::string& blob) {
-    SimulatedUserDefaults disk;
-    disk.store(SettingsStore::key, blob);
-    SettingsStore store(disk);
-    store.settings.set(store.settings.get());
-  }));
+RC_GTEST_PROP(UnreadableSettingsProperties, NoBytesHarmTheStart, (const std::string& blob)) {
+  SimulatedUserDefaults disk;
+  disk.store(SettingsStore::key, blob);
+  SettingsStore store(disk);
+  store.settings.set(store.settings.get());
 }
 
 }  // namespace

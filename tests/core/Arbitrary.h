@@ -11,7 +11,6 @@
 #include "core/geometry/NormalizedRect.h"
 #include "core/geometry/Rect.h"
 #include "core/snap/actions/SnapAction.h"
-#include "tests/Printing.h"
 
 /// Values for properties that must hold whatever the values are.
 

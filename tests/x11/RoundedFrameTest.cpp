@@ -1,7 +1,7 @@
 #include "platform/x11/overlay/RoundedFrame.h"
 
 #include <gtest/gtest.h>
-#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
 
 #include <array>
 #include <map>
@@ -62,19 +62,17 @@ TEST(RoundedFrame, MeetsItsStraightBordersWithoutAStep) {
   EXPECT_NEAR(frame.cornerCover(9, 2).inside, 1, 0.02);
 }
 
-TEST(RoundedFrame, HasARingThatOverlapsNowhereAndLooksTheSameFromAllSides) {
-  EXPECT_TRUE(rc::check([] {
-    const int width = *rc::gen::inRange(1, 70);
-    const int height = *rc::gen::inRange(1, 70);
-    const auto pixels = pixelsOf(RoundedFrame(width, height, 10, 2).ring());
-    for (const auto& [at, times] : pixels) {
-      const auto [x, y] = at;
-      RC_ASSERT(times == 1);
-      RC_ASSERT(x >= 0 && x < width && y >= 0 && y < height);
-      RC_ASSERT(pixels.contains({width - 1 - x, y}));
-      RC_ASSERT(pixels.contains({x, height - 1 - y}));
-    }
-  }));
+RC_GTEST_PROP(RoundedFrame, HasARingThatOverlapsNowhereAndLooksTheSameFromAllSides, ()) {
+  const int width = *rc::gen::inRange(1, 70);
+  const int height = *rc::gen::inRange(1, 70);
+  const auto pixels = pixelsOf(RoundedFrame(width, height, 10, 2).ring());
+  for (const auto& [at, times] : pixels) {
+    const auto [x, y] = at;
+    RC_ASSERT(times == 1);
+    RC_ASSERT(x >= 0 && x < width && y >= 0 && y < height);
+    RC_ASSERT(pixels.contains({width - 1 - x, y}));
+    RC_ASSERT(pixels.contains({x, height - 1 - y}));
+  }
 }
 
 TEST(RoundedFrame, HasARingOfThePixelsThatTheBorderMostlyCovers) {

@@ -1,5 +1,8 @@
 #include "core/geometry/NormalizedRect.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include "tests/core/Arbitrary.h"
 
 namespace tilwin {
@@ -35,29 +38,24 @@ TEST(NormalizedRect, DoesNotRunPastTheAreasEdges) {
   EXPECT_EQ((NormalizedRect{0.75, 0.5, 0.5, 3}).rect({100, 100, 1000, 800}), (Rect{850, 500, 250, 400}));
 }
 
-TEST(NormalizedRectProperties, ItsPointsAlwaysLieInTheAreaAndFillATwentiethOfIt) {
-  EXPECT_TRUE(rc::check([] {
-    const NormalizedRect shares{arbitrary::share(), arbitrary::share(), arbitrary::share(),
-                                arbitrary::share()};
-    const Rect area = arbitrary::area();
-    const Rect rect = shares.rect(area);
-    RC_ASSERT(rect == rect.rounded());
-    RC_ASSERT(rect.x >= area.x);
-    RC_ASSERT(rect.y >= area.y);
-    // The origin and the size are rounded apart.
-    RC_ASSERT(rect.maxX() <= area.maxX() + 1);
-    RC_ASSERT(rect.maxY() <= area.maxY() + 1);
-    RC_ASSERT(rect.width >= 0.05 * area.width - 0.5 - 1e-9);
-    RC_ASSERT(rect.height >= 0.05 * area.height - 0.5 - 1e-9);
-  }));
+RC_GTEST_PROP(NormalizedRectProperties, ItsPointsAlwaysLieInTheAreaAndFillATwentiethOfIt, ()) {
+  const NormalizedRect shares{arbitrary::share(), arbitrary::share(), arbitrary::share(), arbitrary::share()};
+  const Rect area = arbitrary::area();
+  const Rect rect = shares.rect(area);
+  RC_ASSERT(rect == rect.rounded());
+  RC_ASSERT(rect.x >= area.x);
+  RC_ASSERT(rect.y >= area.y);
+  // The origin and the size are rounded apart.
+  RC_ASSERT(rect.maxX() <= area.maxX() + 1);
+  RC_ASSERT(rect.maxY() <= area.maxY() + 1);
+  RC_ASSERT(rect.width >= 0.05 * area.width - 0.5 - 1e-9);
+  RC_ASSERT(rect.height >= 0.05 * area.height - 0.5 - 1e-9);
 }
 
-TEST(NormalizedRectProperties, WholePointsInsideTheAreaComeBackUnchanged) {
-  EXPECT_TRUE(rc::check([] {
-    const Rect area = arbitrary::area();
-    const Rect rect = arbitrary::inside(area);
-    RC_ASSERT(NormalizedRect::of(rect, area).rect(area) == rect);
-  }));
+RC_GTEST_PROP(NormalizedRectProperties, WholePointsInsideTheAreaComeBackUnchanged, ()) {
+  const Rect area = arbitrary::area();
+  const Rect rect = arbitrary::inside(area);
+  RC_ASSERT(NormalizedRect::of(rect, area).rect(area) == rect);
 }
 
 }  // namespace

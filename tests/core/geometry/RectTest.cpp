@@ -1,5 +1,8 @@
 #include "core/geometry/Rect.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <limits>
 #include <unordered_set>
 
@@ -90,40 +93,32 @@ TEST(Rect, IsHashable) {
   EXPECT_EQ(seen.size(), 3);
 }
 
-TEST(RectProperties, WhatIsMovedIntoAnAreaLiesInItAndStaysThere) {
-  EXPECT_TRUE(rc::check([] {
-    const Rect area = arbitrary::area();
-    const Rect moved = arbitrary::nearby(area).moved(area);
-    RC_ASSERT(liesIn(moved, area));
-    RC_ASSERT(moved.moved(area) == moved);
-  }));
+RC_GTEST_PROP(RectProperties, WhatIsMovedIntoAnAreaLiesInItAndStaysThere, ()) {
+  const Rect area = arbitrary::area();
+  const Rect moved = arbitrary::nearby(area).moved(area);
+  RC_ASSERT(liesIn(moved, area));
+  RC_ASSERT(moved.moved(area) == moved);
 }
 
-TEST(RectProperties, WhatLiesInTheAreaIsNotMoved) {
-  EXPECT_TRUE(rc::check([] {
-    const Rect area = arbitrary::area();
-    const Rect rect = arbitrary::inside(area);
-    RC_ASSERT(rect.moved(area) == rect);
-  }));
+RC_GTEST_PROP(RectProperties, WhatLiesInTheAreaIsNotMoved, ()) {
+  const Rect area = arbitrary::area();
+  const Rect rect = arbitrary::inside(area);
+  RC_ASSERT(rect.moved(area) == rect);
 }
 
-TEST(RectProperties, OverlapFractionIsAShare) {
-  EXPECT_TRUE(rc::check([] {
-    const Rect area = arbitrary::area();
-    const Rect rect = arbitrary::nearby(area);
-    const double share = rect.overlapFraction(area);
-    RC_ASSERT(share >= 0);
-    RC_ASSERT(share <= 1);
-    RC_ASSERT(rect.overlapFraction(rect) == 1);
-    RC_ASSERT((share == 1) == liesIn(rect, area));
-  }));
+RC_GTEST_PROP(RectProperties, OverlapFractionIsAShare, ()) {
+  const Rect area = arbitrary::area();
+  const Rect rect = arbitrary::nearby(area);
+  const double share = rect.overlapFraction(area);
+  RC_ASSERT(share >= 0);
+  RC_ASSERT(share <= 1);
+  RC_ASSERT(rect.overlapFraction(rect) == 1);
+  RC_ASSERT((share == 1) == liesIn(rect, area));
 }
 
-TEST(RectProperties, RoundingTwiceChangesNothingMore) {
-  EXPECT_TRUE(rc::check([] {
-    const Rect rounded = arbitrary::anyRect().rounded();
-    RC_ASSERT(rounded.rounded() == rounded);
-  }));
+RC_GTEST_PROP(RectProperties, RoundingTwiceChangesNothingMore, ()) {
+  const Rect rounded = arbitrary::anyRect().rounded();
+  RC_ASSERT(rounded.rounded() == rounded);
 }
 
 TEST(Rect, IsPlaceableUpTo32767PointsFromTheOriginOnEachSide) {

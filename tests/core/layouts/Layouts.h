@@ -10,7 +10,6 @@
 #include "core/layouts/Layout.h"
 #include "core/layouts/LayoutPlanner.h"
 #include "platform/simulated/DisplayText.h"
-#include "tests/Printing.h"
 
 /// The words that tests of layouts are written in.
 

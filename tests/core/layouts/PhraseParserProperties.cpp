@@ -1,3 +1,6 @@
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <algorithm>
 
 #include "core/layouts/PhraseParser.h"
@@ -97,45 +100,39 @@ TEST(PhraseParserProperties, TheScanReadsAsRegularExpressionsDo) {
   EXPECT_GT(clauses, 100) << "else the sentences were no test";
 }
 
-TEST(PhraseParserProperties, TheScanReadsAnyBytesAsRegularExpressionsDo) {
-  const PlainParser plain;
-  EXPECT_TRUE(rc::check([&] {
-    const std::string text = arbitrary::bytes();
-    RC_ASSERT(PhraseParser::parse(text) == plain.parse(text));
-  }));
+RC_GTEST_PROP(PhraseParserProperties, TheScanReadsAnyBytesAsRegularExpressionsDo, ()) {
+  static const PlainParser plain;
+  const std::string text = arbitrary::bytes();
+  RC_ASSERT(PhraseParser::parse(text) == plain.parse(text));
 }
 
-TEST(PhraseParserProperties, EveryPieceIsEitherAClauseOrUnreadable) {
-  const PlainParser plain;
-  const Texts pieces = piecesOfSentences();
-  EXPECT_TRUE(rc::check([&] {
-    const std::string text = arbitrary::textOf(pieces);
-    const PhraseParser::Result result = PhraseParser::parse(text);
-    const Texts whole = plain.pieces(text);
-    RC_ASSERT(result.clauses.size() + result.unreadable.size() == whole.size());
-    auto from = whole.begin();
-    for (const std::string& piece : result.unreadable) {
-      from = std::find(from, whole.end(), piece);
-      RC_ASSERT(from != whole.end());
-      ++from;
-    }
-  }));
+RC_GTEST_PROP(PhraseParserProperties, EveryPieceIsEitherAClauseOrUnreadable, ()) {
+  static const PlainParser plain;
+  static const Texts pieces = piecesOfSentences();
+  const std::string text = arbitrary::textOf(pieces);
+  const PhraseParser::Result result = PhraseParser::parse(text);
+  const Texts whole = plain.pieces(text);
+  RC_ASSERT(result.clauses.size() + result.unreadable.size() == whole.size());
+  auto from = whole.begin();
+  for (const std::string& piece : result.unreadable) {
+    from = std::find(from, whole.end(), piece);
+    RC_ASSERT(from != whole.end());
+    ++from;
+  }
 }
 
-TEST(PhraseParserProperties, EveryClauseEndsInASlotOrUnresolved) {
-  const Texts names{"Mail", "Mailplane", "notes", "a b", "é", "Left", "日本", ""};
-  EXPECT_TRUE(rc::check([&] {
-    std::vector<PhraseParser::AppCandidate> apps;
-    for (const std::string& name : *rc::gen::container<Texts>(rc::gen::elementOf(names))) {
-      apps.push_back({name, name});
-    }
-    const auto result = PhraseParser::parse(arbitrary::textOf(piecesOfSentences()));
-    const auto [slots, unresolved] = PhraseParser::slots(result, apps);
-    RC_ASSERT(slots.size() + unresolved.size() == result.clauses.size());
-    for (const std::string& query : unresolved) {
-      RC_ASSERT(!PhraseParser::resolve(query, apps).has_value());
-    }
-  }));
+RC_GTEST_PROP(PhraseParserProperties, EveryClauseEndsInASlotOrUnresolved, ()) {
+  static const Texts names{"Mail", "Mailplane", "notes", "a b", "é", "Left", "日本", ""};
+  std::vector<PhraseParser::AppCandidate> apps;
+  for (const std::string& name : *rc::gen::container<Texts>(rc::gen::elementOf(names))) {
+    apps.push_back({name, name});
+  }
+  const auto result = PhraseParser::parse(arbitrary::textOf(piecesOfSentences()));
+  const auto [slots, unresolved] = PhraseParser::slots(result, apps);
+  RC_ASSERT(slots.size() + unresolved.size() == result.clauses.size());
+  for (const std::string& query : unresolved) {
+    RC_ASSERT(!PhraseParser::resolve(query, apps).has_value());
+  }
 }
 
 }  // namespace

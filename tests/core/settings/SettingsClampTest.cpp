@@ -1,3 +1,6 @@
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <cmath>
 #include <limits>
 
@@ -86,23 +89,21 @@ TEST(SettingsClamp, LeavesEverythingElseAlone) {
   EXPECT_EQ(settings, before);
 }
 
-TEST(SettingsClampProperties, WhateverIsGivenEndsInRangeAndClampingAgainChangesNothing) {
-  EXPECT_TRUE(rc::check([] {
-    TilwinSettings settings = arbitrary::settings();
-    settings.clamp();
-    for (const double distance : {settings.gap, settings.outer}) {
-      RC_ASSERT(distance >= 0 && distance <= 64);
-    }
-    RC_ASSERT(settings.customAreas.size() <= 12);
-    for (const CustomArea& area : settings.customAreas) {
-      const NormalizedRect& rect = area.rect;
-      RC_ASSERT(rect.width >= 0.05 && rect.height >= 0.05 && rect.x >= 0 && rect.y >= 0);
-      RC_ASSERT(rect.x + rect.width <= 1 && rect.y + rect.height <= 1);
-    }
-    TilwinSettings again = settings;
-    again.clamp();
-    RC_ASSERT(again == settings);
-  }));
+RC_GTEST_PROP(SettingsClampProperties, WhateverIsGivenEndsInRangeAndClampingAgainChangesNothing, ()) {
+  TilwinSettings settings = arbitrary::settings();
+  settings.clamp();
+  for (const double distance : {settings.gap, settings.outer}) {
+    RC_ASSERT(distance >= 0 && distance <= 64);
+  }
+  RC_ASSERT(settings.customAreas.size() <= 12);
+  for (const CustomArea& area : settings.customAreas) {
+    const NormalizedRect& rect = area.rect;
+    RC_ASSERT(rect.width >= 0.05 && rect.height >= 0.05 && rect.x >= 0 && rect.y >= 0);
+    RC_ASSERT(rect.x + rect.width <= 1 && rect.y + rect.height <= 1);
+  }
+  TilwinSettings again = settings;
+  again.clamp();
+  RC_ASSERT(again == settings);
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "core/settings/SettingsCoding.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <cmath>
 
 #include "tests/core/ArbitrarySettings.h"
@@ -157,12 +160,10 @@ TEST(SettingsCoding, WhatJsonCannotExpressIsNotWritten) {
   EXPECT_TRUE(std::holds_alternative<JsonError>(encodeJson(TilwinSettings{.gap = HUGE_VAL})));
 }
 
-TEST(SettingsCodingProperties, ClampedSettingsAreAlwaysWrittenAndReadBackEqual) {
-  EXPECT_TRUE(rc::check([] {
-    TilwinSettings settings = arbitrary::settings();
-    settings.clamp();
-    RC_ASSERT(read<TilwinSettings>(written(settings)) == settings);
-  }));
+RC_GTEST_PROP(SettingsCodingProperties, ClampedSettingsAreAlwaysWrittenAndReadBackEqual, ()) {
+  TilwinSettings settings = arbitrary::settings();
+  settings.clamp();
+  RC_ASSERT(read<TilwinSettings>(written(settings)) == settings);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "core/settings/TilwinSettings.h"
-#include "tests/Printing.h"
 
 namespace tilwin {
 namespace {

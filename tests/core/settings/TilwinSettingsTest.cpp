@@ -7,7 +7,6 @@
 
 #include "core/settings/KeyNames.h"
 #include "core/settings/ShortcutRules.h"
-#include "tests/Printing.h"
 
 namespace tilwin {
 namespace {

@@ -1,3 +1,6 @@
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <cmath>
 
 #include "tests/core/Arbitrary.h"
@@ -137,19 +140,17 @@ TEST_F(CaptureArea, IsNothingWithoutAFocusedWindow) {
   EXPECT_EQ(controller.captureFocusedWindow("Notes"), std::nullopt);
 }
 
-TEST(CustomAreaProperties, AWindowCapturedInsideItsScreenComesBackToItsPlace) {
-  EXPECT_TRUE(rc::check([] {
-    Snapping snapping;
-    snapping.controller.outer = arbitrary::whole(0, 64);
-    const double outer = snapping.controller.outer;
-    const Rect place = arbitrary::inside({outer, 25 + outer, 1440 - 2 * outer, 875 - 2 * outer});
-    const auto window = snapping.open(place);
-    const auto area = snapping.controller.captureFocusedWindow("Here");
-    RC_ASSERT(area.has_value());
-    snapping.desktop.windows.moveByHand(window, {300, 300, 300, 300});
-    RC_ASSERT(snapping.controller.snap(*area));
-    RC_ASSERT(snapping.frame(window).isClose(place, 1));
-  }));
+RC_GTEST_PROP(CustomAreaProperties, AWindowCapturedInsideItsScreenComesBackToItsPlace, ()) {
+  Snapping snapping;
+  snapping.controller.outer = arbitrary::whole(0, 64);
+  const double outer = snapping.controller.outer;
+  const Rect place = arbitrary::inside({outer, 25 + outer, 1440 - 2 * outer, 875 - 2 * outer});
+  const auto window = snapping.open(place);
+  const auto area = snapping.controller.captureFocusedWindow("Here");
+  RC_ASSERT(area.has_value());
+  snapping.desktop.windows.moveByHand(window, {300, 300, 300, 300});
+  RC_ASSERT(snapping.controller.snap(*area));
+  RC_ASSERT(snapping.frame(window).isClose(place, 1));
 }
 
 }  // namespace

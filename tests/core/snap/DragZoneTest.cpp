@@ -1,12 +1,10 @@
 #include "core/snap/DragZone.h"
 
 #include <gtest/gtest.h>
-#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
 
 #include <cmath>
 #include <set>
-
-#include "tests/Printing.h"
 
 namespace tilwin {
 namespace {
@@ -100,13 +98,11 @@ TEST(DragZone, OnADisplayNarrowerThanItsCornersTheFirstOneCounts) {
   EXPECT_EQ(at(50, 100, tiny), SnapAction::bottomLeft);
 }
 
-TEST(DragZone, AWiderBandHoldsTheNarrowerOne) {
-  EXPECT_TRUE(rc::check([](double across, double down) {
-    const Point point{std::fmod(std::fabs(across), 1440), std::fmod(std::fabs(down), 900)};
-    const auto narrow = DragZone::action(point, screen, 6, 60);
-    const auto wide = DragZone::action(point, screen, 24, 60);
-    RC_ASSERT(!narrow || wide);
-  }));
+RC_GTEST_PROP(DragZone, AWiderBandHoldsTheNarrowerOne, (double across, double down)) {
+  const Point point{std::fmod(std::fabs(across), 1440), std::fmod(std::fabs(down), 900)};
+  const auto narrow = DragZone::action(point, screen, 6, 60);
+  const auto wide = DragZone::action(point, screen, 24, 60);
+  RC_ASSERT(!narrow || wide);
 }
 
 TEST(DragZone, NoZoneGivesTheTopHalfAThirdAFourthOrASixth) {

@@ -1,5 +1,8 @@
 #include "core/snap/actions/GridRegion.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <limits>
 #include <unordered_set>
 
@@ -98,62 +101,55 @@ Grid fittingGrid() {
           .rows = arbitrary::whole(1, 6)};
 }
 
-TEST(GridRegionProperties, AnyArgumentsGiveARegionInsideItsGrid) {
-  EXPECT_TRUE(rc::check([](std::int64_t columns, std::int64_t rows, std::int64_t col, std::int64_t row,
-                           std::int64_t colSpan, std::int64_t rowSpan) {
-    const GridRegion region(columns, rows, col, row, colSpan, rowSpan);
-    RC_ASSERT(region.columns >= 1);
-    RC_ASSERT(region.rows >= 1);
-    RC_ASSERT(region.col >= 0);
-    RC_ASSERT(region.row >= 0);
-    RC_ASSERT(region.colSpan >= 1);
-    RC_ASSERT(region.rowSpan >= 1);
-    RC_ASSERT(region.col <= region.columns - region.colSpan);
-    RC_ASSERT(region.row <= region.rows - region.rowSpan);
-  }));
+RC_GTEST_PROP(GridRegionProperties, AnyArgumentsGiveARegionInsideItsGrid,
+              (std::int64_t columns, std::int64_t rows, std::int64_t col, std::int64_t row,
+               std::int64_t colSpan, std::int64_t rowSpan)) {
+  const GridRegion region(columns, rows, col, row, colSpan, rowSpan);
+  RC_ASSERT(region.columns >= 1);
+  RC_ASSERT(region.rows >= 1);
+  RC_ASSERT(region.col >= 0);
+  RC_ASSERT(region.row >= 0);
+  RC_ASSERT(region.colSpan >= 1);
+  RC_ASSERT(region.rowSpan >= 1);
+  RC_ASSERT(region.col <= region.columns - region.colSpan);
+  RC_ASSERT(region.row <= region.rows - region.rowSpan);
 }
 
-TEST(GridRegionProperties, EveryRegionLiesInTheAreaLessItsMargins) {
-  EXPECT_TRUE(rc::check([] {
-    const Grid grid = fittingGrid();
-    const int col = arbitrary::whole(0, grid.columns - 1);
-    const int row = arbitrary::whole(0, grid.rows - 1);
-    const Rect frame = grid.cell(col, row, arbitrary::whole(1, grid.columns), arbitrary::whole(1, grid.rows));
-    RC_ASSERT(frame.x >= grid.area.x + grid.outer);
-    RC_ASSERT(frame.y >= grid.area.y + grid.outer);
-    // The origin and the size are rounded apart.
-    RC_ASSERT(frame.maxX() <= grid.area.maxX() - grid.outer + 1);
-    RC_ASSERT(frame.maxY() <= grid.area.maxY() - grid.outer + 1);
-  }));
+RC_GTEST_PROP(GridRegionProperties, EveryRegionLiesInTheAreaLessItsMargins, ()) {
+  const Grid grid = fittingGrid();
+  const int col = arbitrary::whole(0, grid.columns - 1);
+  const int row = arbitrary::whole(0, grid.rows - 1);
+  const Rect frame = grid.cell(col, row, arbitrary::whole(1, grid.columns), arbitrary::whole(1, grid.rows));
+  RC_ASSERT(frame.x >= grid.area.x + grid.outer);
+  RC_ASSERT(frame.y >= grid.area.y + grid.outer);
+  // The origin and the size are rounded apart.
+  RC_ASSERT(frame.maxX() <= grid.area.maxX() - grid.outer + 1);
+  RC_ASSERT(frame.maxY() <= grid.area.maxY() - grid.outer + 1);
 }
 
-TEST(GridRegionProperties, CellsTileTheAreaWithinOnePoint) {
-  EXPECT_TRUE(rc::check([] {
-    const Grid grid = fittingGrid();
-    for (int col = 0; col + 1 < grid.columns; ++col) {
-      const double space = grid.cell(col + 1, 0).x - grid.cell(col, 0).maxX();
-      RC_ASSERT(std::abs(space - grid.gap) <= 1);
-    }
-    for (int row = 0; row + 1 < grid.rows; ++row) {
-      const double space = grid.cell(0, row + 1).y - grid.cell(0, row).maxY();
-      RC_ASSERT(std::abs(space - grid.gap) <= 1);
-    }
-    const Rect last = grid.cell(grid.columns - 1, grid.rows - 1);
-    RC_ASSERT(grid.cell(0, 0).x == grid.area.x + grid.outer);
-    RC_ASSERT(std::abs(last.maxX() - (grid.area.maxX() - grid.outer)) <= 1);
-    RC_ASSERT(std::abs(last.maxY() - (grid.area.maxY() - grid.outer)) <= 1);
-  }));
+RC_GTEST_PROP(GridRegionProperties, CellsTileTheAreaWithinOnePoint, ()) {
+  const Grid grid = fittingGrid();
+  for (int col = 0; col + 1 < grid.columns; ++col) {
+    const double space = grid.cell(col + 1, 0).x - grid.cell(col, 0).maxX();
+    RC_ASSERT(std::abs(space - grid.gap) <= 1);
+  }
+  for (int row = 0; row + 1 < grid.rows; ++row) {
+    const double space = grid.cell(0, row + 1).y - grid.cell(0, row).maxY();
+    RC_ASSERT(std::abs(space - grid.gap) <= 1);
+  }
+  const Rect last = grid.cell(grid.columns - 1, grid.rows - 1);
+  RC_ASSERT(grid.cell(0, 0).x == grid.area.x + grid.outer);
+  RC_ASSERT(std::abs(last.maxX() - (grid.area.maxX() - grid.outer)) <= 1);
+  RC_ASSERT(std::abs(last.maxY() - (grid.area.maxY() - grid.outer)) <= 1);
 }
 
-TEST(GridRegionProperties, ASpanReachesFromItsFirstCellToItsLast) {
-  EXPECT_TRUE(rc::check([] {
-    const Grid grid = fittingGrid();
-    const int first = arbitrary::whole(0, grid.columns - 1);
-    const int last = arbitrary::whole(first, grid.columns - 1);
-    const Rect span = grid.cell(first, 0, last - first + 1);
-    RC_ASSERT(span.x == grid.cell(first, 0).x);
-    RC_ASSERT(std::abs(span.maxX() - grid.cell(last, 0).maxX()) <= 1);
-  }));
+RC_GTEST_PROP(GridRegionProperties, ASpanReachesFromItsFirstCellToItsLast, ()) {
+  const Grid grid = fittingGrid();
+  const int first = arbitrary::whole(0, grid.columns - 1);
+  const int last = arbitrary::whole(first, grid.columns - 1);
+  const Rect span = grid.cell(first, 0, last - first + 1);
+  RC_ASSERT(span.x == grid.cell(first, 0).x);
+  RC_ASSERT(std::abs(span.maxX() - grid.cell(last, 0).maxX()) <= 1);
 }
 
 }  // namespace

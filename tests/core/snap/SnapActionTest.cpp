@@ -1,6 +1,9 @@
 #include "core/snap/actions/SnapAction.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 #include <map>
+
 #include <set>
 #include <string>
 
@@ -186,33 +189,27 @@ TEST(SnapAction, RestoreAndTheDisplayMovesHaveNoFrameOfTheirOwn) {
   }
 }
 
-TEST(SnapActionProperties, EveryFrameIsInWholePoints) {
-  EXPECT_TRUE(rc::check([] {
-    const Rect in = arbitrary::area();
-    const auto result = SnapActions::frame(arbitrary::action(), arbitrary::nearby(in), in,
-                                           arbitrary::whole(0, 640) / 10.0, arbitrary::whole(0, 640) / 10.0);
-    if (result) RC_ASSERT(*result == result->rounded());
-  }));
+RC_GTEST_PROP(SnapActionProperties, EveryFrameIsInWholePoints, ()) {
+  const Rect in = arbitrary::area();
+  const auto result = SnapActions::frame(arbitrary::action(), arbitrary::nearby(in), in,
+                                         arbitrary::whole(0, 640) / 10.0, arbitrary::whole(0, 640) / 10.0);
+  if (result) RC_ASSERT(*result == result->rounded());
 }
 
-TEST(SnapActionProperties, LargerAlwaysEndsInsideTheArea) {
-  EXPECT_TRUE(rc::check([] {
-    const Rect in = arbitrary::area();
-    const auto result = SnapActions::frame(SnapAction::larger, arbitrary::nearby(in), in, 0, 0);
-    RC_ASSERT(result.has_value());
-    RC_ASSERT(result->moved(in) == *result);
-  }));
+RC_GTEST_PROP(SnapActionProperties, LargerAlwaysEndsInsideTheArea, ()) {
+  const Rect in = arbitrary::area();
+  const auto result = SnapActions::frame(SnapAction::larger, arbitrary::nearby(in), in, 0, 0);
+  RC_ASSERT(result.has_value());
+  RC_ASSERT(result->moved(in) == *result);
 }
 
-TEST(SnapActionProperties, SmallerNeverGrowsAWindow) {
-  EXPECT_TRUE(rc::check([] {
-    const Rect in = arbitrary::area();
-    const Rect current = arbitrary::nearby(in);
-    const auto result = SnapActions::frame(SnapAction::smaller, current, in, 0, 0);
-    RC_ASSERT(result.has_value());
-    RC_ASSERT(result->width <= current.width);
-    RC_ASSERT(result->height <= current.height);
-  }));
+RC_GTEST_PROP(SnapActionProperties, SmallerNeverGrowsAWindow, ()) {
+  const Rect in = arbitrary::area();
+  const Rect current = arbitrary::nearby(in);
+  const auto result = SnapActions::frame(SnapAction::smaller, current, in, 0, 0);
+  RC_ASSERT(result.has_value());
+  RC_ASSERT(result->width <= current.width);
+  RC_ASSERT(result->height <= current.height);
 }
 
 }  // namespace

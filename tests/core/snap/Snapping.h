@@ -8,7 +8,6 @@
 
 #include "core/snap/SnapController.h"
 #include "platform/simulated/SimulatedDesktop.h"
-#include "tests/Printing.h"
 
 namespace tilwin {
 

@@ -1,3 +1,6 @@
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <limits>
 
 #include "core/geometry/GeometryCoding.h"
@@ -158,35 +161,30 @@ TEST(Json, AnActionIsItsRawValue) {
   expectError<SnapAction>("3", Kind::wrongType, "");
 }
 
-TEST(JsonProperties, RectanglesReadBackToTheSameBits) {
-  EXPECT_TRUE(rc::check([] {
-    const Rect rect = arbitrary::anyRect();
-    const Rect back = read<Rect>(written(rect));
-    RC_ASSERT(back == rect);
-    RC_ASSERT(std::signbit(back.x) == std::signbit(rect.x));
-    const NormalizedRect shares{rect.x, rect.y, rect.width, rect.height};
-    RC_ASSERT(read<NormalizedRect>(written(shares)) == shares);
-  }));
+RC_GTEST_PROP(JsonProperties, RectanglesReadBackToTheSameBits, ()) {
+  const Rect rect = arbitrary::anyRect();
+  const Rect back = read<Rect>(written(rect));
+  RC_ASSERT(back == rect);
+  RC_ASSERT(std::signbit(back.x) == std::signbit(rect.x));
+  const NormalizedRect shares{rect.x, rect.y, rect.width, rect.height};
+  RC_ASSERT(read<NormalizedRect>(written(shares)) == shares);
 }
 
 TEST(JsonProperties, ZeroKeepsItsSign) { EXPECT_TRUE(std::signbit(read<double>(written(-0.0)))); }
 
-TEST(JsonProperties, DisplaysAndRegionsReadBackEqual) {
-  EXPECT_TRUE(rc::check([](std::uint32_t id, bool isPrimary, std::int64_t columns, std::int64_t col) {
-    const DisplayInfo display{id, arbitrary::anyRect(), arbitrary::anyRect(), isPrimary};
-    RC_ASSERT(read<DisplayInfo>(written(display)) == display);
-    GridRegion region;
-    region.columns = columns;
-    region.col = col;
-    RC_ASSERT(read<GridRegion>(written(region)) == region);
-  }));
+RC_GTEST_PROP(JsonProperties, DisplaysAndRegionsReadBackEqual,
+              (std::uint32_t id, bool isPrimary, std::int64_t columns, std::int64_t col)) {
+  const DisplayInfo display{id, arbitrary::anyRect(), arbitrary::anyRect(), isPrimary};
+  RC_ASSERT(read<DisplayInfo>(written(display)) == display);
+  GridRegion region;
+  region.columns = columns;
+  region.col = col;
+  RC_ASSERT(read<GridRegion>(written(region)) == region);
 }
 
-TEST(JsonProperties, NoTextHarmsTheReader) {
-  EXPECT_TRUE(rc::check([](const std::string& text) {
-    (void)decodeJson<DisplayInfo>(text);
-    (void)decodeJson<SnapAction>(text);
-  }));
+RC_GTEST_PROP(JsonProperties, NoTextHarmsTheReader, (const std::string& text)) {
+  (void)decodeJson<DisplayInfo>(text);
+  (void)decodeJson<SnapAction>(text);
 }
 
 }  // namespace

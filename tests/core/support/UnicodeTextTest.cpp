@@ -1,5 +1,8 @@
 #include "core/support/UnicodeText.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <unicode/unistr.h>
 
 #include "tests/core/support/RegularExpression.h"
@@ -159,43 +162,37 @@ TEST(UnicodeTextIllFormed, BytesCountAsTheReplacementCharacter) {
   EXPECT_TRUE(UnicodeText::equalIgnoringCase("\xFF", "\uFFFD"));
 }
 
-TEST(UnicodeTextProperties, AsciiTakesAShortWayToTheSameResult) {
+RC_GTEST_PROP(UnicodeTextProperties, AsciiTakesAShortWayToTheSameResult, ()) {
   // The appended letter sends the whole text the long way, and does not touch what stands before it.
-  EXPECT_TRUE(rc::check([] {
-    const std::string text = arbitrary::asciiText();
-    RC_ASSERT(UnicodeText::caseKey(text + composedE) == UnicodeText::caseKey(text) + decomposedE);
-    RC_ASSERT(UnicodeText::baseKey(text + composedE) == UnicodeText::baseKey(text) + "e");
-    RC_ASSERT(UnicodeText::lowerCased(text + composedE) == UnicodeText::lowerCased(text) + composedE);
-    RC_ASSERT(UnicodeText::composed(text + composedE) == UnicodeText::composed(text) + composedE);
-    const std::string other = arbitrary::asciiText();
-    RC_ASSERT(UnicodeText::equalIgnoringCase(text, other) ==
-              (UnicodeText::caseKey(text + composedE) == UnicodeText::caseKey(other + composedE)));
-  }));
+  const std::string text = arbitrary::asciiText();
+  RC_ASSERT(UnicodeText::caseKey(text + composedE) == UnicodeText::caseKey(text) + decomposedE);
+  RC_ASSERT(UnicodeText::baseKey(text + composedE) == UnicodeText::baseKey(text) + "e");
+  RC_ASSERT(UnicodeText::lowerCased(text + composedE) == UnicodeText::lowerCased(text) + composedE);
+  RC_ASSERT(UnicodeText::composed(text + composedE) == UnicodeText::composed(text) + composedE);
+  const std::string other = arbitrary::asciiText();
+  RC_ASSERT(UnicodeText::equalIgnoringCase(text, other) ==
+            (UnicodeText::caseKey(text + composedE) == UnicodeText::caseKey(other + composedE)));
 }
 
-TEST(UnicodeTextProperties, KeysAreKeysOfThemselvesAndBlindToTheForm) {
-  const std::vector<std::string> pieces{
+RC_GTEST_PROP(UnicodeTextProperties, KeysAreKeysOfThemselvesAndBlindToTheForm, ()) {
+  static const std::vector<std::string> pieces{
       "a",  "E",      composedE, decomposedE, "ß", "İ", "ı",    "Σ", "ς", "が", "か\u3099",
       "한", "\u0301", "\u0323",  "\u0345",    "ᾳ", "😀", "\xFF", " ", "ǰ", "ŉ",  "Å"};
-  EXPECT_TRUE(rc::check([&] {
-    const std::string text = arbitrary::textOf(pieces);
-    RC_ASSERT(UnicodeText::caseKey(UnicodeText::caseKey(text)) == UnicodeText::caseKey(text));
-    RC_ASSERT(UnicodeText::baseKey(UnicodeText::baseKey(text)) == UnicodeText::baseKey(text));
-    RC_ASSERT(UnicodeText::caseKey(UnicodeText::composed(text)) == UnicodeText::caseKey(text));
-    RC_ASSERT(UnicodeText::baseKey(UnicodeText::composed(text)) == UnicodeText::baseKey(text));
-  }));
+  const std::string text = arbitrary::textOf(pieces);
+  RC_ASSERT(UnicodeText::caseKey(UnicodeText::caseKey(text)) == UnicodeText::caseKey(text));
+  RC_ASSERT(UnicodeText::baseKey(UnicodeText::baseKey(text)) == UnicodeText::baseKey(text));
+  RC_ASSERT(UnicodeText::caseKey(UnicodeText::composed(text)) == UnicodeText::caseKey(text));
+  RC_ASSERT(UnicodeText::baseKey(UnicodeText::composed(text)) == UnicodeText::baseKey(text));
 }
 
-TEST(UnicodeTextProperties, NoBytesBreakAnything) {
-  EXPECT_TRUE(rc::check([] {
-    const std::string text = arbitrary::bytes();
-    RC_ASSERT(UnicodeText::equalIgnoringCase(text, UnicodeText::caseKey(text)));
-    RC_ASSERT(contains(text + "x", text));
-    RC_ASSERT(UnicodeText::trimmed(UnicodeText::trimmed(text)) == UnicodeText::trimmed(text));
-    std::size_t size = static_cast<std::size_t>(std::count(text.begin(), text.end(), ' '));
-    for (const std::string_view word : UnicodeText::words(text)) size += word.size();
-    RC_ASSERT(size == text.size());
-  }));
+RC_GTEST_PROP(UnicodeTextProperties, NoBytesBreakAnything, ()) {
+  const std::string text = arbitrary::bytes();
+  RC_ASSERT(UnicodeText::equalIgnoringCase(text, UnicodeText::caseKey(text)));
+  RC_ASSERT(contains(text + "x", text));
+  RC_ASSERT(UnicodeText::trimmed(UnicodeText::trimmed(text)) == UnicodeText::trimmed(text));
+  std::size_t size = static_cast<std::size_t>(std::count(text.begin(), text.end(), ' '));
+  for (const std::string_view word : UnicodeText::words(text)) size += word.size();
+  RC_ASSERT(size == text.size());
 }
 
 TEST(ReplacingMatches, ReplacesEveryMatchOfTheExpression) {

@@ -1,5 +1,8 @@
 #include "core/support/Utf8.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include "tests/core/support/Texts.h"
 
 namespace tilwin {
@@ -54,11 +57,9 @@ TEST(Utf8, ATextIsAsciiUntilOneByteIsNot) {
   }
 }
 
-TEST(Utf8Properties, BothDirectionsSeeTheSameCharacters) {
-  EXPECT_TRUE(rc::check([] {
-    const std::string text = arbitrary::bytes();
-    RC_ASSERT(forward(text) == backward(text));
-  }));
+RC_GTEST_PROP(Utf8Properties, BothDirectionsSeeTheSameCharacters, ()) {
+  const std::string text = arbitrary::bytes();
+  RC_ASSERT(forward(text) == backward(text));
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "core/support/Uuid.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <unordered_set>
 
 #include "tests/core/Arbitrary.h"
@@ -39,11 +42,9 @@ TEST(Uuid, RandomOnesAreDifferentAndSaySo) {
   EXPECT_EQ(seen.size(), 1000);
 }
 
-TEST(UuidProperties, TextReadsBackToTheSameIdentifier) {
-  EXPECT_TRUE(rc::check([](const std::array<std::uint8_t, 16>& bytes) {
-    const Uuid uuid{bytes};
-    RC_ASSERT(Uuid::parse(uuid.text()) == uuid);
-  }));
+RC_GTEST_PROP(UuidProperties, TextReadsBackToTheSameIdentifier, (const std::array<std::uint8_t, 16>& bytes)) {
+  const Uuid uuid{bytes};
+  RC_ASSERT(Uuid::parse(uuid.text()) == uuid);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "tests/Printing.h"
 #include "tests/desktop/layouts/LayoutDesktop.h"
 
 namespace tilwin::desktop {

@@ -11,7 +11,6 @@
 
 #include "platform/qt/QtMainQueue.h"
 #include "platform/x11/windows/X11WindowProvider.h"
-#include "tests/Printing.h"
 #include "tests/contract/TestLogs.h"
 
 namespace tilwin::desktop {
