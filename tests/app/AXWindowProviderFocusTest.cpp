@@ -56,7 +56,7 @@ TEST_F(AXWindowProviderTest, TheFocusedWindowGoesBeforeTheMainOne) {
   const Node document = desktop.open(editor, {.title = "document"});
   desktop.open(editor, {.title = "palette"});
   tree.give(applicationNode(editor), "AXMainWindow", tree.reference(document));
-  EXPECT_EQ(provider.focusedWindow()->title, "palette");
+  EXPECT_EQ(provider.focusedWindow().value().title, "palette");
 }
 
 TEST_F(AXWindowProviderTest, WithoutAFocusedWindowTheMainOneIsTaken) {
@@ -64,13 +64,13 @@ TEST_F(AXWindowProviderTest, WithoutAFocusedWindowTheMainOneIsTaken) {
   desktop.open(editor, {.title = "palette"});
   tree.give(applicationNode(editor), "AXMainWindow", tree.reference(document));
   tree.take(applicationNode(editor), "AXFocusedWindow");
-  EXPECT_EQ(provider.focusedWindow()->title, "document");
+  EXPECT_EQ(provider.focusedWindow().value().title, "document");
 }
 
 TEST_F(AXWindowProviderTest, AFocusedWindowThatIsNoElementCountsAsMissing) {
   desktop.open(editor, {.title = "document"});
   tree.give(applicationNode(editor), "AXFocusedWindow", "document");
-  EXPECT_EQ(provider.focusedWindow()->title, "document");
+  EXPECT_EQ(provider.focusedWindow().value().title, "document");
   tree.give(applicationNode(editor), "AXMainWindow", true);
   EXPECT_FALSE(provider.focusedWindow());
 }
@@ -88,7 +88,7 @@ TEST_F(AXWindowProviderTest, TheMainWindowIsNotTakenForAFocusedOneThatCannotBeRe
 
 TEST_F(AXWindowProviderTest, AWindowOfAnySubroleCanHaveTheFocus) {
   desktop.open(editor, {.title = "Save changes?", .subrole = "AXDialog"});
-  EXPECT_EQ(provider.focusedWindow()->title, "Save changes?");
+  EXPECT_EQ(provider.focusedWindow().value().title, "Save changes?");
 }
 
 TEST_F(AXWindowProviderTest, AWindowWithoutAPositionOrASizeIsNone) {
@@ -112,15 +112,15 @@ TEST_F(AXWindowProviderTest, APositionThatIsNoPointOrASizeThatIsNoSizeCountsAsMi
 TEST_F(AXWindowProviderTest, ATitleOrAMinimizedStateThatIsMissingOrOfAnotherKindIsEmptyOrFalse) {
   opened = desktop.open(editor, {.title = "text", .isMinimized = true});
   tree.give(applicationNode(editor), "AXFocusedWindow", tree.reference(opened));
-  EXPECT_TRUE(provider.focusedWindow()->isMinimized);
+  EXPECT_TRUE(provider.focusedWindow().value().isMinimized);
   tree.give(opened, "AXTitle", true);
   tree.give(opened, "AXMinimized", "true");
-  EXPECT_EQ(provider.focusedWindow()->title, "");
-  EXPECT_FALSE(provider.focusedWindow()->isMinimized);
+  EXPECT_EQ(provider.focusedWindow().value().title, "");
+  EXPECT_FALSE(provider.focusedWindow().value().isMinimized);
   tree.take(opened, "AXTitle");
   tree.take(opened, "AXMinimized");
-  EXPECT_EQ(provider.focusedWindow()->title, "");
-  EXPECT_FALSE(provider.focusedWindow()->isMinimized);
+  EXPECT_EQ(provider.focusedWindow().value().title, "");
+  EXPECT_FALSE(provider.focusedWindow().value().isMinimized);
 }
 
 TEST_F(AXWindowProviderTest, WithoutPermissionNoWindowHasTheFocus) {
@@ -131,7 +131,7 @@ TEST_F(AXWindowProviderTest, WithoutPermissionNoWindowHasTheFocus) {
 
 TEST_F(AXWindowProviderTest, TheLargestPositiveHashIsAnId) {
   tree.setHash(desktop.open(editor), 0x7fffffffffffffff);
-  EXPECT_EQ(provider.focusedWindow()->id, 0x7fffffffffffffff);
+  EXPECT_EQ(provider.focusedWindow().value().id, 0x7fffffffffffffff);
 }
 
 using AXWindowProviderDeathTest = AXWindowProviderTest;

@@ -15,9 +15,9 @@ TEST_F(AXWindowProviderTest, AnIdNobodyWasGivenMeansNothing) {
 
 TEST_F(AXWindowProviderTest, AWindowHasTheSameIdHoweverItIsAskedFor) {
   const auto id = openFocused({.frame = {0, 0, 100, 100}});
-  EXPECT_EQ(provider.window({50, 50})->id, id);
+  EXPECT_EQ(provider.window({50, 50}).value().id, id);
   EXPECT_EQ(provider.allWindows().at(0).id, id);
-  EXPECT_EQ(provider.focusedWindow()->id, id);
+  EXPECT_EQ(provider.focusedWindow().value().id, id);
 }
 
 TEST_F(AXWindowProviderTest, ListingForgetsTheIdOfAWindowThatIsGone) {
@@ -48,10 +48,10 @@ TEST_F(AXWindowProviderTest, AskingForTheFocusedWindowOrAPointForgetsNothing) {
 TEST_F(AXWindowProviderTest, AnIdThatComesAgainMeansTheLastWindowItWasGivenFor) {
   const Node first = desktop.open(editor, {.frame = {0, 0, 100, 100}});
   tree.setHash(first, 7);
-  ASSERT_EQ(provider.focusedWindow()->id, 7);
+  ASSERT_EQ(provider.focusedWindow().value().id, 7);
   const Node second = desktop.open(editor, {.frame = {200, 0, 100, 100}});
   tree.setHash(second, 7);
-  ASSERT_EQ(provider.focusedWindow()->id, 7);
+  ASSERT_EQ(provider.focusedWindow().value().id, 7);
   EXPECT_TRUE(provider.setFrame(7, somewhere));
   EXPECT_EQ(desktop.standing(first), (Rect{0, 0, 100, 100}));
   EXPECT_EQ(desktop.standing(second), somewhere);

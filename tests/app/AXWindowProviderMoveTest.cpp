@@ -75,7 +75,7 @@ TEST_F(AXWindowProviderMove, AProgramThatRefusesEverythingFailsTheMove) {
 TEST_F(AXWindowProviderMove, TheEnhancedInterfaceIsOffWhileAWindowMoves) {
   enhance(editor);
   EXPECT_TRUE(provider.setFrame(id, moveTarget));
-  EXPECT_EQ(writes(), (Writes{"AXEnhancedUserInterface false", "AXPosition 720,25", "AXSize 360,805",
+  ASSERT_EQ(writes(), (Writes{"AXEnhancedUserInterface false", "AXPosition 720,25", "AXSize 360,805",
                               "AXPosition 720,25", "AXEnhancedUserInterface true"}));
   EXPECT_EQ(tree.writes().front().node, applicationNode(editor));
   EXPECT_EQ(tree.writes().back().node, applicationNode(editor));

@@ -71,7 +71,7 @@ TEST_F(AXWindowProviderPoint, DeeperBelowItsWindowTheEighthAncestorIsFoundInstea
   EXPECT_EQ(titleAt(onElement), "nothing") << "a pane without a frame is no window";
   giveFrame(tree, ancestors[8], {10, 10, 50, 50});
   EXPECT_EQ(titleAt(onElement), "pane");
-  EXPECT_EQ(provider.window(onElement)->frame, (Rect{10, 10, 50, 50}));
+  EXPECT_EQ(provider.window(onElement).value().frame, (Rect{10, 10, 50, 50}));
 }
 
 TEST_F(AXWindowProviderPoint, TheNearestOfTwoWindowsAboveCounts) {
@@ -141,7 +141,7 @@ TEST_F(AXWindowProviderPoint, TheElementThatWasFoundDecidesWhoseWindowItIs) {
   const Node embedded = tree.add(helper);
   tree.give(embedded, "AXParent", tree.reference(window));
   tree.cover({50, 50, 20, 20}, embedded);
-  EXPECT_EQ(provider.window(onElement)->appName, "Editor");
+  EXPECT_EQ(provider.window(onElement).value().appName, "Editor");
 }
 
 TEST_F(AXWindowProviderPoint, AWindowWithoutAFrameIsNone) {

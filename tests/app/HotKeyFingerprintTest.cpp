@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/core/SettingsFields.h"
+
 namespace tilwin {
 namespace {
 
@@ -32,20 +34,20 @@ TEST_F(Fingerprint, HoldsOverridesDisabledActionsAndEveryAreaInItsOrder) {
 }
 
 TEST_F(Fingerprint, StaysTheSameWhateverElseChanges) {
-  changed = {.gap = 8,
-             .outer = 9,
-             .cycleWidths = false,
-             .dragToSnap = false,
-             .shadowRecording = true,
-             .showMenuBarIcon = false,
-             .restoreOnDisplayChange = false,
-             .shortcuts = before.shortcuts,
-             .disabled = before.disabled,
-             .ignoredApps = {"org.example.Editor"},
-             .customAreas = before.customAreas};
+  for (const SettingsField& field : settingsFields) {
+    if (!field.isAboutHotKeys) field.choose(changed);
+  }
   changed.customAreas[0].name = "Renamed";
   changed.customAreas[0].rect = {0, 0, 1, 1};
   EXPECT_TRUE(isSame());
+}
+
+TEST_F(Fingerprint, ChangesWithEverySettingThatIsAboutHotKeysAndNoOther) {
+  for (const SettingsField& field : settingsFields) {
+    TilwinSettings chosen;
+    field.choose(chosen);
+    EXPECT_EQ(HotKeyFingerprint::of(chosen) != HotKeyFingerprint::of({}), field.isAboutHotKeys) << field.key;
+  }
 }
 
 TEST_F(Fingerprint, ChangesWithAnOverride) {

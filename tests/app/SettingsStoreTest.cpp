@@ -7,8 +7,8 @@
 
 #include "core/settings/SettingsCoding.h"
 #include "platform/simulated/SimulatedSystem.h"
-#include "tests/core/ArbitrarySettings.h"
 #include "tests/core/JsonText.h"
+#include "tests/core/SettingsFields.h"
 
 namespace tilwin {
 namespace {
@@ -61,9 +61,8 @@ TEST_F(SettingsStoreTest, EveryAssignmentIsStoredAtOnceAsCompactJson) {
 }
 
 TEST_F(SettingsStoreTest, WhatWasAssignedIsThereAtTheNextStart) {
-  TilwinSettings settings{.gap = 4, .shadowRecording = true};
-  settings.customAreas = {CustomArea::starter("Notes")};
-  EXPECT_EQ(settings.assign({96, 0}, SnapAction::centerLarge), std::nullopt);
+  TilwinSettings settings = everySettingChosen();
+  EXPECT_EQ(settings.assign({97, 0}, SnapAction::centerLarge), std::nullopt);
   SettingsStore(disk).settings.set(settings);
   EXPECT_EQ(SettingsStore(disk).settings.get(), settings);
 }

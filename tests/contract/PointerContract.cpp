@@ -28,7 +28,8 @@ void PointerContract::watch(PointerEvent events) {
 testing::AssertionResult PointerContract::received(const std::vector<PointerEvent>& events) {
   world->settle([&] { return seen.size() >= events.size(); });
   if (seen == events) return testing::AssertionSuccess();
-  return testing::AssertionFailure() << "received " << testing::PrintToString(seen);
+  return testing::AssertionFailure() << "wanted " << testing::PrintToString(events) << ", but received "
+                                     << testing::PrintToString(seen);
 }
 
 /// One more press and release: whatever comes, comes before them.
@@ -37,7 +38,7 @@ void PointerContract::letArrive() {
   const auto last = add(up, [&](PointerEvent) { ++releases; });
   world->buttonDown();
   world->buttonUp();
-  ASSERT_TRUE(world->settle([&] { return releases == 1; }));
+  ASSERT_TRUE(world->comesTo(1, [&] { return releases; }));
 }
 
 TEST_P(PointerContract, APressAMoveAndAReleaseAreToldInTheirOrder) {
@@ -109,9 +110,10 @@ TEST_P(PointerContract, WhereAFastPointerComesToRestIsTold) {
   ASSERT_TRUE(received({down}));
   for (double step = 1; step <= 20; ++step) world->movePointer({here.x + 10 * step, here.y});
   world->movePointer(there);
-  EXPECT_TRUE(world->settle([&] { return !told.empty() && told.back() == there; }));
+  const auto last = [&] { return told.empty() ? std::nullopt : std::optional(told.back()); };
+  EXPECT_TRUE(world->comesTo(std::optional(there), last));
   world->movePointer(here);
-  EXPECT_TRUE(world->settle([&] { return told.back() == here; }));
+  EXPECT_TRUE(world->comesTo(std::optional(here), last));
   world->buttonUp();
 }
 
@@ -130,7 +132,7 @@ TEST_P(PointerContract, ADragThatIsCalledOffIsTold) {
   world->buttonDown();
   ASSERT_TRUE(received({down}));
   world->callOffDrag();
-  EXPECT_TRUE(world->settle([&] { return calledOff == 1; }));
+  EXPECT_TRUE(world->comesTo(1, [&] { return calledOff; }));
   EXPECT_TRUE(received({down}));
   world->buttonUp();
   EXPECT_TRUE(received({down, up}));

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "tests/Printing.h"
-
 namespace tilwin {
 namespace {
 
@@ -24,6 +22,7 @@ TEST(SimulatedDesktop, StrutsAreTakenOffTheVisibleFrame) {
   EXPECT_TRUE(desktop.windows.reserve(2, {.left = 10, .right = 20, .top = 30, .bottom = 40}));
   EXPECT_FALSE(desktop.windows.reserve(3, {.left = 10}));
   const auto displays = desktop.provider()->displays();
+  ASSERT_EQ(displays.size(), 2);
   EXPECT_EQ(displays[0].visibleFrame, displays[0].frame);
   EXPECT_EQ(displays[1].visibleFrame, (Rect{1450, 130, 970, 730}));
 }
@@ -34,7 +33,7 @@ TEST(SimulatedDesktop, AWindowThatIgnoresRequestsIsReportedWhereItStands) {
   const auto window = desktop.provider()->focusedWindow();
   ASSERT_TRUE(window.has_value());
   EXPECT_TRUE(desktop.provider()->setFrame(window->id, {9, 9, 99, 99}));
-  EXPECT_EQ(desktop.provider()->focusedWindow()->frame, (Rect{1, 2, 300, 400}));
+  EXPECT_EQ(desktop.provider()->focusedWindow().value().frame, (Rect{1, 2, 300, 400}));
 }
 
 TEST(SimulatedDesktop, ListingTheWindowsForgetsTheIdsOfThoseThatAreNotListed) {

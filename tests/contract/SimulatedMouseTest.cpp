@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/simulated/SimulatedDesktop.h"
-#include "tests/Printing.h"
 
 namespace tilwin {
 namespace {
@@ -106,15 +105,15 @@ TEST_F(SimulatedWindowUnderAPoint, IsNoneWhereThisProgramsOwnIsOnTop) {
 
 TEST_F(SimulatedWindowUnderAPoint, HasTheFrameItStandsAtAndNotTheOneAskedFor) {
   desktop.windows.find(above)->widthStep = 9;
-  const auto id = windows->focusedWindow()->id;
+  const auto id = windows->focusedWindow().value().id;
   EXPECT_TRUE(windows->setFrame(id, {200, 200, 500, 300}));
-  EXPECT_EQ(windows->focusedWindow()->frame, (Rect{200, 200, 500, 300}));
-  EXPECT_EQ(windows->window({300, 250})->frame, (Rect{200, 200, 495, 300}));
+  EXPECT_EQ(windows->focusedWindow().value().frame, (Rect{200, 200, 500, 300}));
+  EXPECT_EQ(windows->window({300, 250}).value().frame, (Rect{200, 200, 495, 300}));
   EXPECT_EQ(windows->frame(id), (Rect{200, 200, 495, 300}));
 }
 
 TEST_F(SimulatedWindowUnderAPoint, MayBeMovedAndHasNoFrameOnceItIsClosed) {
-  const auto id = windows->window({150, 150})->id;
+  const auto id = windows->window({150, 150}).value().id;
   EXPECT_TRUE(windows->setFrame(id, {0, 0, 400, 300}));
   EXPECT_EQ(windows->frame(id), (Rect{0, 0, 400, 300}));
   desktop.windows.close(below);

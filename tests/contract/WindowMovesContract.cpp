@@ -37,22 +37,20 @@ TEST_P(WindowProviderContract, AnIdStaysTheSameWhenItsWindowMovesAndIsListed) {
 TEST_P(WindowProviderContract, AListedWindowCanBeMovedWithoutTheFocus) {
   const auto window = openFocused({.title = "behind"});
   openFocused({.title = "in front"});
-  ASSERT_TRUE(world->settle([&] { return listed("behind").has_value(); }));
+  std::optional<WindowInfo> behind;
+  ASSERT_TRUE(world->settle([&] { return (behind = listed("behind")).has_value(); })) << "it is not listed";
   const Rect target = place(0, 0, 0.5, 0.5);
-  ASSERT_TRUE(provider->setFrame(listed("behind")->id, target));
-  EXPECT_TRUE(world->settle([&] { return world->standing(window)->isClose(target, borderSlack); }));
+  ASSERT_TRUE(provider->setFrame(behind->id, target));
+  EXPECT_TRUE(comesNear(window, target));
 }
 
 TEST_P(ReportedFrameContract, AWindowThatRoundsItsSizeIsReportedAtTheFrameAskedFor) {
-  const auto window = openFocused({.title = "shell", .widthStep = 37, .heightStep = 41});
+  const auto window = openFocused({.title = "shell", .widthStep = widthStep, .heightStep = heightStep});
   const Rect target = place(0.1, 0.1, 0.6, 0.6);
   ASSERT_TRUE(provider->setFrame(focused().id, target));
-  EXPECT_TRUE(world->settle([&] {
-    const Rect standing = *world->standing(window);
-    return std::abs(standing.x - target.x) <= borderSlack &&
-           std::abs(standing.width - target.width) <= 37 + borderSlack && focused().frame == target;
-  }));
-  EXPECT_NE(*world->standing(window), target) << "the steps happen to fit this frame and show nothing";
+  EXPECT_TRUE(world->settled([&] { return isNearInSteps(world->standing(window), target); }));
+  EXPECT_TRUE(world->comesTo(target, [&] { return focused().frame; }));
+  EXPECT_NE(world->standing(window), target) << "the steps happen to fit this frame and show nothing";
 }
 
 TEST_P(ReportedFrameContract, AWindowThatRefusesToShrinkIsReportedAtTheFrameAskedFor) {
@@ -61,28 +59,37 @@ TEST_P(ReportedFrameContract, AWindowThatRefusesToShrinkIsReportedAtTheFrameAske
   const Rect target = place(0.1, 0.1, 0.2, 0.4);
   ASSERT_TRUE(provider->setFrame(focused().id, target));
   EXPECT_TRUE(world->settle([&] {
-    return std::abs(world->standing(window)->y - target.y) <= borderSlack && focused().frame == target;
-  }));
-  EXPECT_GE(world->standing(window)->width, least);
+    const auto standing = world->standing(window);
+    return standing && std::abs(standing->y - target.y) <= borderSlack;
+  })) << "stands at "
+      << testing::PrintToString(world->standing(window)) << " after it was asked for " << target;
+  EXPECT_TRUE(world->comesTo(target, [&] { return focused().frame; }));
+  const auto standing = world->standing(window);
+  ASSERT_TRUE(standing.has_value());
+  EXPECT_GE(standing->width, least);
 }
 
 TEST_P(ReportedFrameContract, AWindowMovedByHandIsReportedWhereItStands) {
-  const auto window = openFocused({.title = "shell", .widthStep = 37, .heightStep = 41});
+  const auto window = openFocused({.title = "shell", .widthStep = widthStep, .heightStep = heightStep});
   const Rect asked = place(0.1, 0.1, 0.6, 0.6);
   ASSERT_TRUE(provider->setFrame(focused().id, asked));
-  ASSERT_TRUE(world->settle([&] { return focused().frame == asked; }));
+  ASSERT_TRUE(world->comesTo(asked, [&] { return focused().frame; }));
   const Rect byHand = place(0.2, 0.3, 0.4, 0.4);
   world->moveByHand(window, byHand);
-  EXPECT_TRUE(world->settle([&] {
-    const Rect standing = *world->standing(window);
-    return std::abs(standing.x - byHand.x) <= borderSlack && focused().frame.isClose(standing, borderSlack);
+  EXPECT_TRUE(world->settled([&] {
+    const auto standing = world->standing(window);
+    if (!standing || std::abs(standing->x - byHand.x) > borderSlack) {
+      return testing::AssertionFailure()
+             << "stands at " << testing::PrintToString(standing) << ", not at " << byHand;
+    }
+    return isNear(focused().frame, *standing);
   }));
 }
 
 TEST_P(WindowProviderContract, AMaximizedWindowIsReleasedAndThenMoved) {
   const auto window = openFocused({.title = "text"});
   world->maximize(window);
-  ASSERT_TRUE(world->settle([&] { return world->isMaximized(window); }));
+  ASSERT_TRUE(world->settle([&] { return world->isMaximized(window); })) << "never maximised";
   moveFocusedTo(window, place(0, 0, 0.5, 1));
   EXPECT_FALSE(world->isMaximized(window));
   EXPECT_EQ(focused().frame, place(0, 0, 0.5, 1));
@@ -92,8 +99,8 @@ TEST_P(WindowProviderContract, AWindowThatClosesBetweenTheQueryAndTheMoveIsNotMo
   const auto window = openFocused({.title = "gone"});
   const auto id = focused().id;
   world->close(window);
-  ASSERT_TRUE(world->settle([&] { return !world->standing(window); }));
-  EXPECT_TRUE(world->settle([&] { return !provider->setFrame(id, place(0, 0, 0.5, 0.5)); }));
+  ASSERT_TRUE(world->comesTo(std::optional<Rect>(), [&] { return world->standing(window); }));
+  EXPECT_TRUE(world->comesTo(false, [&] { return provider->setFrame(id, place(0, 0, 0.5, 0.5)); }));
 }
 
 TEST_P(WindowProviderContract, AWindowThatClosesWithoutWarningHarmsNothing) {
@@ -103,7 +110,7 @@ TEST_P(WindowProviderContract, AWindowThatClosesWithoutWarningHarmsNothing) {
   world->close(window);
   provider->setFrame(id, place(0, 0, 0.5, 0.5));
   world->focus(other);
-  ASSERT_TRUE(world->settle([&] { return hasFocus("other"); }));
+  ASSERT_TRUE(world->comesTo(std::optional<std::string>("other"), [&] { return focusedTitle(); }));
   moveFocusedTo(other, place(0.5, 0, 0.5, 0.5));
 }
 
@@ -115,22 +122,22 @@ TEST_P(WindowProviderContract, AnIdThatWasNeverIssuedIsNotMoved) {
 TEST_P(WindowProviderContract, AFrameThatNoDesktopHoldsIsRefusedAndTheWindowStays) {
   const auto window = openFocused({.title = "text"});
   const auto id = focused().id;
-  const Rect before = *world->standing(window);
+  const auto before = world->standing(window);
   constexpr double nowhere = std::numeric_limits<double>::quiet_NaN();
   constexpr double endless = std::numeric_limits<double>::infinity();
   for (const Rect& frame : {Rect{nowhere, 0, 400, 300}, Rect{0, endless, 400, 300}, Rect{0, 0, nowhere, 300},
                             Rect{0, 0, 400, endless}, Rect{-40000, 0, 400, 300}, Rect{0, 0, 400, 1e300}}) {
-    EXPECT_FALSE(provider->setFrame(id, frame));
+    EXPECT_FALSE(provider->setFrame(id, frame)) << frame;
   }
   EXPECT_EQ(focused().frame, before);
-  EXPECT_EQ(*world->standing(window), before);
+  EXPECT_EQ(world->standing(window), before);
 }
 
 TEST_P(WindowProviderContract, ListingTheWindowsForgetsTheIdsOfThoseThatAreGone) {
   const auto window = openFocused({.title = "gone"});
   const auto id = focused().id;
   world->close(window);
-  ASSERT_TRUE(world->settle([&] { return !listed("gone"); }));
+  ASSERT_TRUE(world->comesTo(std::optional<WindowInfo>(), [&] { return listed("gone"); }));
   EXPECT_FALSE(provider->setFrame(id, place(0, 0, 0.5, 0.5)));
 }
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 #include "tests/contract/World.h"
@@ -7,14 +8,14 @@ namespace tilwin::contract {
 World::Window WindowProviderContract::openFocused(const NewWindow& window) {
   const auto opened = world->open(window);
   world->focus(opened);
-  EXPECT_TRUE(world->settle([&] { return hasFocus(window.title); }))
-      << window.title << " never got the focus";
+  EXPECT_TRUE(world->comesTo(std::optional(window.title), [&] { return focusedTitle(); }))
+      << "the title of the focused window";
   return opened;
 }
 
-bool WindowProviderContract::hasFocus(const std::string& title) {
+std::optional<std::string> WindowProviderContract::focusedTitle() {
   const auto window = provider->focusedWindow();
-  return window && window->title == title;
+  return window ? std::optional(window->title) : std::nullopt;
 }
 
 WindowInfo WindowProviderContract::focused() {
@@ -31,16 +32,32 @@ std::optional<WindowInfo> WindowProviderContract::listed(const std::string& titl
   return *found;
 }
 
+testing::AssertionResult WindowProviderContract::isNear(const std::optional<Rect>& seen, const Rect& wanted) {
+  if (seen && seen->isClose(wanted, borderSlack)) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "wanted " << wanted << ", but saw " << testing::PrintToString(seen);
+}
+
+testing::AssertionResult WindowProviderContract::comesNear(World::Window window, const Rect& wanted) {
+  return world->settled([&] { return isNear(world->standing(window), wanted); });
+}
+
+testing::AssertionResult ReportedFrameContract::isNearInSteps(const std::optional<Rect>& seen,
+                                                              const Rect& asked) {
+  if (seen && std::abs(seen->x - asked.x) <= borderSlack &&
+      std::abs(seen->width - asked.width) <= widthStep + borderSlack) {
+    return testing::AssertionSuccess();
+  }
+  return testing::AssertionFailure() << "wanted about " << asked << ", but saw "
+                                     << testing::PrintToString(seen);
+}
+
 void WindowProviderContract::moveFocusedTo(World::Window window, const Rect& frame) {
   ASSERT_TRUE(provider->setFrame(focused().id, frame));
-  ASSERT_TRUE(world->settle([&] {
-    const auto standing = world->standing(window);
-    return standing && standing->isClose(frame, borderSlack);
-  })) << "the window never arrived";
+  ASSERT_TRUE(comesNear(window, frame));
 }
 
 Rect WindowProviderContract::place(double x, double y, double width, double height) {
-  const Rect area = provider->displays().front().visibleFrame;
+  const Rect area = provider->displays().at(0).visibleFrame;
   return Rect{area.x + x * area.width, area.y + y * area.height, width * area.width, height * area.height}
       .rounded();
 }
@@ -64,8 +81,8 @@ TEST_P(WindowProviderContract, DisplaysHaveDifferentNumbersAndVisibleFramesInsid
 }
 
 TEST_P(WindowProviderContract, NoWindowHasTheFocusOnAnEmptyDesktop) {
-  EXPECT_TRUE(world->settle([&] { return !provider->focusedWindow(); }));
-  EXPECT_TRUE(provider->allWindows().empty());
+  EXPECT_TRUE(world->comesTo(std::optional<WindowInfo>(), [&] { return provider->focusedWindow(); }));
+  EXPECT_EQ(provider->allWindows(), std::vector<WindowInfo>{});
 }
 
 TEST_P(WindowProviderContract, TheFocusedWindowIsDescribed) {
@@ -78,7 +95,7 @@ TEST_P(WindowProviderContract, TheFocusedWindowIsDescribed) {
   EXPECT_EQ(info.zOrder, 0);
   const auto standing = world->standing(window);
   ASSERT_TRUE(standing.has_value());
-  EXPECT_TRUE(info.frame.isClose(*standing, borderSlack));
+  EXPECT_TRUE(isNear(info.frame, *standing));
 }
 
 TEST_P(WindowProviderContract, TheFocusedWindowFollowsTheFocus) {
@@ -87,20 +104,20 @@ TEST_P(WindowProviderContract, TheFocusedWindowFollowsTheFocus) {
   openFocused({.title = "second"});
   EXPECT_NE(focused().id, firstID);
   world->focus(first);
-  EXPECT_TRUE(world->settle([&] { return hasFocus("first"); }));
+  EXPECT_TRUE(world->comesTo(std::optional<std::string>("first"), [&] { return focusedTitle(); }));
   EXPECT_EQ(focused().id, firstID);
 }
 
 TEST_P(WindowProviderContract, AClosedWindowHasTheFocusNoLonger) {
   const auto window = openFocused({.title = "short-lived"});
   world->close(window);
-  EXPECT_TRUE(world->settle([&] { return !hasFocus("short-lived"); }));
+  EXPECT_TRUE(world->settle([&] { return focusedTitle() != "short-lived"; })) << "still focused";
 }
 
 TEST_P(WindowProviderContract, AllWindowsListsEveryStandardWindowOnce) {
   openFocused({.bundleID = "ContractReader", .title = "page"});
   openFocused({.bundleID = "ContractEditor", .title = "text"});
-  EXPECT_TRUE(world->settle([&] { return provider->allWindows().size() == 2; }));
+  EXPECT_TRUE(world->comesTo(std::size_t{2}, [&] { return provider->allWindows().size(); }));
   EXPECT_TRUE(listed("page").has_value());
   EXPECT_TRUE(listed("text").has_value());
 }
@@ -108,8 +125,9 @@ TEST_P(WindowProviderContract, AllWindowsListsEveryStandardWindowOnce) {
 TEST_P(WindowProviderContract, AllWindowsRanksTheFrontmostApplicationFirstAndCountsUpFromZero) {
   openFocused({.bundleID = "ContractAtlas", .title = "behind"});
   openFocused({.bundleID = "ContractZebra", .title = "in front"});
-  ASSERT_TRUE(world->settle([&] { return provider->allWindows().size() == 2; }));
+  ASSERT_TRUE(world->comesTo(std::size_t{2}, [&] { return provider->allWindows().size(); }));
   const auto windows = provider->allWindows();
+  ASSERT_EQ(windows.size(), 2);
   EXPECT_EQ(windows.front().title, "in front");
   EXPECT_EQ(windows.front().zOrder, 0);
   EXPECT_EQ(windows.back().zOrder, 1);
@@ -118,16 +136,23 @@ TEST_P(WindowProviderContract, AllWindowsRanksTheFrontmostApplicationFirstAndCou
 TEST_P(WindowProviderContract, AllWindowsLeavesDialogsOut) {
   openFocused({.title = "document"});
   world->open({.title = "Save changes?", .isDialog = true});
-  EXPECT_TRUE(world->settle([&] { return provider->allWindows().size() == 1; }));
-  EXPECT_EQ(provider->allWindows().front().title, "document");
+  EXPECT_TRUE(world->comesTo(std::vector<std::string>{"document"}, [&] {
+    std::vector<std::string> titles;
+    for (const WindowInfo& window : provider->allWindows()) titles.push_back(window.title);
+    return titles;
+  }));
 }
 
 TEST_P(WindowProviderContract, AMinimizedWindowIsListedAsSuchAndHasNoFocus) {
   const auto window = openFocused({.title = "away"});
   world->minimize(window);
-  EXPECT_TRUE(world->settle([&] {
+  EXPECT_TRUE(world->settled([&] {
     const auto found = listed("away");
-    return found && found->isMinimized && !hasFocus("away");
+    const auto focus = focusedTitle();
+    if (found && found->isMinimized && focus != "away") return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << "wanted it minimised and without the focus, but saw " << testing::PrintToString(found)
+           << " and the focus on " << testing::PrintToString(focus);
   }));
 }
 

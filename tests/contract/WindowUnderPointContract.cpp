@@ -41,52 +41,57 @@ TEST_P(WindowProviderContract, TheWindowUnderAPointIsDescribedAsTheFocusedOneIs)
 
 TEST_P(WindowProviderContract, AWindowFoundUnderAPointCanBeMoved) {
   const auto window = openFocused({.title = "to be moved"});
-  const auto found = provider->window(grip(*world->standing(window)));
+  const auto standing = world->standing(window);
+  ASSERT_TRUE(standing);
+  const auto found = provider->window(grip(*standing));
   ASSERT_TRUE(found);
   const Rect target = place(0, 0, 0.5, 1);
   ASSERT_TRUE(provider->setFrame(found->id, target));
-  EXPECT_TRUE(world->settle([&] { return world->standing(window)->isClose(target, borderSlack); }));
+  EXPECT_TRUE(comesNear(window, target));
 }
 
 TEST_P(WindowProviderContract, TheFrameOfAWindowIsWhereItStandsAtThatMoment) {
   const auto window = openFocused({.title = "wandering"});
   const auto id = focused().id;
-  EXPECT_TRUE(provider->frame(id)->isClose(*world->standing(window), borderSlack));
+  const auto standing = world->standing(window);
+  ASSERT_TRUE(standing);
+  EXPECT_TRUE(isNear(provider->frame(id), *standing));
   const Rect elsewhere = place(0.3, 0.3, 0.4, 0.4);
   world->moveByHand(window, elsewhere);
-  EXPECT_TRUE(world->settle([&] { return provider->frame(id)->isClose(elsewhere, borderSlack); }));
+  EXPECT_TRUE(world->settled([&] { return isNear(provider->frame(id), elsewhere); }));
 }
 
 TEST_P(ReportedFrameContract, AWindowThatKeepsToStepsIsDraggedFromWhereItReallyStands) {
-  const auto window = openFocused({.title = "shell", .widthStep = 37, .heightStep = 41});
+  const auto window = openFocused({.title = "shell", .widthStep = widthStep, .heightStep = heightStep});
   const auto id = focused().id;
   const Rect asked = place(0.1, 0.1, 0.6, 0.6);
   ASSERT_TRUE(provider->setFrame(id, asked));
-  Rect standing;
-  const auto isSeen = [&](const std::optional<Rect>& frame) {
-    return frame && frame->isClose(standing, borderSlack);
-  };
-  EXPECT_TRUE(world->settle([&] {
-    standing = *world->standing(window);
-    const auto pointedAt = provider->window(grip(standing));
-    return std::abs(standing.x - asked.x) <= borderSlack &&
-           std::abs(standing.width - asked.width) <= 37 + borderSlack && focused().frame == asked &&
-           isSeen(provider->frame(id)) && pointedAt && isSeen(pointedAt->frame);
+  std::optional<Rect> standing;
+  ASSERT_TRUE(world->settled([&] { return isNearInSteps(standing = world->standing(window), asked); }));
+  EXPECT_TRUE(world->comesTo(asked, [&] { return focused().frame; }));
+  EXPECT_TRUE(world->settled([&] {
+    standing = world->standing(window);
+    const auto pointedAt = provider->window(grip(standing.value_or(asked)));
+    const auto near = isNear(provider->frame(id), standing.value_or(asked));
+    return near ? isNear(pointedAt ? std::optional(pointedAt->frame) : std::nullopt, standing.value_or(asked))
+                : near;
   }));
-  EXPECT_FALSE(standing.isClose(asked, borderSlack)) << "the steps happen to fit this frame and show nothing";
+  EXPECT_FALSE(isNear(standing, asked)) << "the steps happen to fit this frame and show nothing";
 }
 
 TEST_P(WindowProviderContract, AClosedWindowHasNoFrameAndIsUnderNoPoint) {
   const auto window = openFocused({.title = "short-lived"});
   const auto id = focused().id;
-  const Point where = middle(*world->standing(window));
+  const auto standing = world->standing(window);
+  ASSERT_TRUE(standing);
+  const Point where = middle(*standing);
   world->close(window);
-  EXPECT_TRUE(world->settle([&] { return !provider->frame(id); }));
-  EXPECT_FALSE(provider->window(where));
+  EXPECT_TRUE(world->comesTo(std::optional<Rect>(), [&] { return provider->frame(id); }));
+  EXPECT_EQ(provider->window(where), std::nullopt);
 }
 
 TEST_P(WindowProviderContract, AWindowThatWasNeverHandedOutHasNoFrame) {
-  EXPECT_FALSE(provider->frame(987654));
+  EXPECT_EQ(provider->frame(987654), std::nullopt);
 }
 
 }  // namespace tilwin::contract

@@ -16,7 +16,6 @@
 #include "platform/ports/MainQueue.h"
 #include "platform/ports/PointerMonitor.h"
 #include "platform/ports/ScreenChanges.h"
-#include "tests/Printing.h"
 
 /// What every adapter of a desktop must do, whatever the desktop. The suites of this folder are written
 /// against a `World`; each adapter brings one and runs the same suites in it.
@@ -85,6 +84,23 @@ public:
   /// Lets the desktop and the main queue work until the condition holds. False when it does not within the
   /// world's patience.
   virtual bool settle(const std::function<bool()>& condition) = 0;
+
+  /// The same for a check that can say what it wanted and what it saw. Returns the result of its last run.
+  testing::AssertionResult settled(const std::function<testing::AssertionResult()>& check) {
+    testing::AssertionResult last = testing::AssertionFailure() << "nothing was checked";
+    settle([&] { return static_cast<bool>(last = check()); });
+    return last;
+  }
+  /// Whether `see` returns the wanted value in the end.
+  template <typename Wanted, typename See>
+  testing::AssertionResult comesTo(const Wanted& wanted, See see) {
+    return settled([&] {
+      const Wanted seen = see();
+      if (seen == wanted) return testing::AssertionSuccess();
+      return testing::AssertionFailure()
+             << "wanted " << testing::PrintToString(wanted) << ", but saw " << testing::PrintToString(seen);
+    });
+  }
 };
 
 using WorldMaker = std::unique_ptr<World> (*)();
@@ -102,10 +118,15 @@ protected:
 
   /// Opens a window, gives it the focus and waits until the provider says so.
   World::Window openFocused(const NewWindow& window);
-  bool hasFocus(const std::string& title);
+  /// The title of the focused window, as the provider sees it.
+  std::optional<std::string> focusedTitle();
   WindowInfo focused();
   /// The window with this title among all windows.
   std::optional<WindowInfo> listed(const std::string& title);
+  /// Whether the frame is the wanted one, give or take the borders.
+  static testing::AssertionResult isNear(const std::optional<Rect>& seen, const Rect& wanted);
+  /// Whether the window comes to stand there.
+  testing::AssertionResult comesNear(World::Window window, const Rect& wanted);
   /// Moves the focused window and waits until it stands at the frame, give or take a few points.
   void moveFocusedTo(World::Window window, const Rect& frame);
   /// A frame well inside the primary display: the shares of its visible frame, in whole points.
@@ -115,7 +136,15 @@ protected:
 };
 
 /// For adapters that report a window whose size did not follow a request at the frame that was asked for.
-class ReportedFrameContract : public WindowProviderContract {};
+class ReportedFrameContract : public WindowProviderContract {
+protected:
+  /// For windows that keep to steps of 37 by 41 points.
+  static constexpr double widthStep = 37;
+  static constexpr double heightStep = 41;
+
+  /// Whether the window stands where it was asked to, but for less than a step of its width.
+  static testing::AssertionResult isNearInSteps(const std::optional<Rect>& seen, const Rect& asked);
+};
 
 class HotKeysContract : public Contract {
 protected:
@@ -123,7 +152,7 @@ protected:
   void TearDown() override;
 
   [[nodiscard]] std::optional<HotKeys::Reference> add(const HotKeySpec& spec, std::uint32_t id);
-  /// Whether exactly these presses have come, in this order; waits until there are as many.
+  /// Waits until there are as many presses; they must be exactly these, in this order.
   testing::AssertionResult received(const std::vector<std::uint32_t>& ids);
 
   HotKeys& hotKeys = world->hotKeys();
@@ -137,7 +166,7 @@ protected:
                                                            PointerMonitor::Handler handler);
   /// Keeps note of these events, from now on.
   void watch(PointerEvent events);
-  /// Whether exactly these events have come, in this order; waits until there are as many.
+  /// Waits until there are as many events; they must be exactly these, in this order.
   testing::AssertionResult received(const std::vector<PointerEvent>& events);
   /// Lets everything that is under way arrive.
   void letArrive();

@@ -90,7 +90,9 @@ TEST_F(Trouble, AtRestTilwinNeverWakesNorWhenTheMouseIsMoved) {
   desktop().waitUntil([] { return false; }, Milliseconds{2000});
   session().input().glide({1900, 1000}, 60);
   session().input().glide({10, 10}, 60);
-  EXPECT_EQ(useOf(tilwin().process().pid())->wakeUps, before->wakeUps);
+  const auto after = useOf(tilwin().process().pid());
+  ASSERT_TRUE(after);
+  EXPECT_EQ(after->wakeUps, before->wakeUps);
 }
 
 }  // namespace tilwin::desktop

@@ -65,6 +65,7 @@ TEST(CornerImage, HasItsBytesInTheOrderTheServerWants) {
   const auto big = cornerImage(corneredFrame, cornerAccent, {}, XCB_IMAGE_ORDER_MSB_FIRST);
   for (auto pixel = little.begin(); pixel != little.end(); pixel += 4) std::reverse(pixel, pixel + 4);
   EXPECT_EQ(little, big);
+  ASSERT_FALSE(big.empty());
   EXPECT_EQ(big.back(), premultiplied(cornerAccent, 0.22) & 0xffU);
 }
 

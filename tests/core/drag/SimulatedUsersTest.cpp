@@ -31,6 +31,7 @@ TEST(SimulatedUsers, AreToldThatAModelHelpsWhenTheySnapFromFartherAwayOrParkAtEd
   constexpr std::array<std::size_t, 2> drags{200, 1000};
   for (const Kind kind : {snapsFromFartherAway, parksAtEdges}) {
     const auto rows = verdicts(kind, drags, 25);
+    ASSERT_EQ(rows.size(), drags.size());
     EXPECT_GT(rows.front().share<Helps>(), 0.1) << SimulatedUser::all()[kind].name;
     EXPECT_GT(rows.back().share<Helps>(), 0.9) << SimulatedUser::all()[kind].name;
   }

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/core/ArbitrarySettings.h"
+#include "tests/core/SettingsFields.h"
 
 namespace tilwin {
 namespace {
@@ -77,6 +77,12 @@ TEST(SettingsClamp, WhatIsNotANumberBecomesTheSmallestValue) {
 
 TEST(SettingsClamp, AnAreaThatFitsIsLeftAsItIs) {
   EXPECT_EQ(CustomArea::clamped({0.2, 0, 0.6, 1}), (NormalizedRect{0.2, 0, 0.6, 1}));
+}
+
+TEST(SettingsClamp, LeavesWhatIsInRangeAlone) {
+  TilwinSettings settings = everySettingChosen();
+  settings.clamp();
+  EXPECT_EQ(settings, everySettingChosen());
 }
 
 TEST(SettingsClamp, LeavesEverythingElseAlone) {

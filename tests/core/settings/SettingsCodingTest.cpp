@@ -4,52 +4,46 @@
 #include <rapidcheck/gtest.h>
 
 #include <cmath>
+#include <functional>
 
-#include "tests/core/ArbitrarySettings.h"
 #include "tests/core/JsonText.h"
+#include "tests/core/SettingsFields.h"
+#include "tests/printing/Reflection.h"
 
 namespace tilwin {
 namespace {
 
 using Kind = JsonError::Kind;
 
-constexpr const char* allKeys =
-    R"({"gap":4,"outer":8.5,"cycleWidths":false,"dragToSnap":false,"shadowRecording":true,)"
-    R"("showMenuBarIcon":false,"restoreOnDisplayChange":false,)"
-    R"("shortcuts":{"leftHalf":{"keyCode":0,"modifiers":4096}},"disabled":["restore","topLeft"],)"
-    R"("ignoredApps":["org.example.Editor"],"customAreas":[)"
-    R"({"id":"01234567-89AB-CDEF-FEDC-BA9876543210","name":"Notes",)"
-    R"("rect":{"x":0.25,"y":0,"width":0.5,"height":1},"shortcut":{"keyCode":96,"modifiers":0}},)"
-    R"({"id":"11234567-89AB-CDEF-FEDC-BA9876543210","name":"","rect":{"x":0,"y":0,"width":1,"height":1}}]})";
+/// An object with these texts as the values of all keys, in the order of the table.
+std::string objectOf(const std::function<std::string(const SettingsField&)>& value) {
+  std::string text;
+  for (const SettingsField& field : settingsFields)
+    text += (text.empty() ? "{\"" : ",\"") + field.key + "\":" + value(field);
+  return text + "}";
+}
 
-TilwinSettings allChosen() {
-  TilwinSettings settings{.gap = 4,
-                          .outer = 8.5,
-                          .cycleWidths = false,
-                          .dragToSnap = false,
-                          .shadowRecording = true,
-                          .showMenuBarIcon = false,
-                          .restoreOnDisplayChange = false};
-  settings.shortcuts["leftHalf"] = {0, 4096};
-  settings.disabled = {"topLeft", "restore"};
-  settings.ignoredApps = {"org.example.Editor"};
-  settings.customAreas = {{.id = *Uuid::parse("01234567-89AB-CDEF-FEDC-BA9876543210"),
-                           .name = "Notes",
-                           .rect = {0.25, 0, 0.5, 1},
-                           .shortcut = HotKeySpec{96, 0}},
-                          {.id = *Uuid::parse("11234567-89AB-CDEF-FEDC-BA9876543210"), .rect = {0, 0, 1, 1}}};
-  return settings;
+std::string presetOf(const SettingsField& field) { return field.preset; }
+std::string chosenOf(const SettingsField& field) { return field.chosen; }
+
+TEST(SettingsCoding, TheTableOfTheTestsHasEverySetting) {
+  EXPECT_EQ(settingsFields.size(), printing::fieldCount<TilwinSettings>());
+  for (const SettingsField& field : settingsFields) {
+    EXPECT_EQ(field.json(TilwinSettings()), field.preset) << field.key;
+    EXPECT_EQ(field.json(everySettingChosen()), field.chosen) << field.key;
+    EXPECT_NE(field.preset, field.chosen) << field.key;
+  }
 }
 
 TEST(SettingsCoding, AllElevenKeysAreWrittenInTheirOrder) {
-  EXPECT_EQ(written(allChosen()), allKeys);
-  EXPECT_EQ(written(TilwinSettings()),
-            R"({"gap":0,"outer":0,"cycleWidths":true,"dragToSnap":true,"shadowRecording":false,)"
-            R"("showMenuBarIcon":true,"restoreOnDisplayChange":true,"shortcuts":{},"disabled":[],)"
-            R"("ignoredApps":[],"customAreas":[]})");
+  EXPECT_EQ(settingsFields.size(), 11);
+  EXPECT_EQ(written(everySettingChosen()), objectOf(chosenOf));
+  EXPECT_EQ(written(TilwinSettings()), objectOf(presetOf));
 }
 
-TEST(SettingsCoding, WhatIsWrittenIsReadBack) { EXPECT_EQ(read<TilwinSettings>(allKeys), allChosen()); }
+TEST(SettingsCoding, WhatIsWrittenIsReadBack) {
+  EXPECT_EQ(read<TilwinSettings>(objectOf(chosenOf)), everySettingChosen());
+}
 
 TEST(SettingsCoding, AnEmptyObjectIsTheDefaults) { EXPECT_EQ(read<TilwinSettings>("{}"), TilwinSettings()); }
 
@@ -78,37 +72,14 @@ TEST(SettingsCoding, AnOverflowingNumberIsABrokenFieldToo) {
 }
 
 TEST(SettingsCoding, EveryFieldSurvivesAllOthersBeingBroken) {
-  struct Field {
-    std::string key;
-    std::string good;
-    std::string broken;
-  };
-  const std::vector<Field> fields{
-      {"gap", "4", "true"},
-      {"outer", "8.5", "[8]"},
-      {"cycleWidths", "false", "0"},
-      {"dragToSnap", "false", "\"no\""},
-      {"shadowRecording", "true", "1"},
-      {"showMenuBarIcon", "false", "{}"},
-      {"restoreOnDisplayChange", "false", "[]"},
-      {"shortcuts", R"({"leftHalf":{"keyCode":0,"modifiers":4096}})", "[]"},
-      {"disabled", R"(["restore"])", "{}"},
-      {"ignoredApps", R"(["org.example.Editor"])", "\"org.example.Editor\""},
-      {"customAreas",
-       R"([{"id":"01234567-89AB-CDEF-FEDC-BA9876543210","name":"","rect":{"x":0,"y":0,"width":1,"height":1}}])",
-       "7"}};
-  EXPECT_EQ(fields.size(), 11);
-  const auto member = [](const std::string& key, const std::string& value) {
-    return "\"" + key + "\":" + value;
-  };
-  for (const Field& kept : fields) {
-    std::string text;
-    for (const Field& field : fields) {
-      text += (text.empty() ? "{" : ",") + member(field.key, &field == &kept ? field.good : field.broken);
-    }
-    const auto alone = read<TilwinSettings>("{" + member(kept.key, kept.good) + "}");
-    EXPECT_NE(alone, TilwinSettings()) << kept.key;
-    EXPECT_EQ(read<TilwinSettings>(text + "}"), alone) << kept.key;
+  for (const SettingsField& kept : settingsFields) {
+    TilwinSettings alone;
+    kept.choose(alone);
+    EXPECT_EQ(read<TilwinSettings>(objectOf([&](const SettingsField& field) {
+                return field.key == kept.key ? field.chosen : field.broken;
+              })),
+              alone)
+        << kept.key;
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include "core/settings/KeyNames.h"
 #include "core/settings/ShortcutRules.h"
+#include "tests/core/SettingsFields.h"
 
 namespace tilwin {
 namespace {
@@ -19,16 +20,8 @@ std::string shown(SnapAction action) {
 }
 
 TEST(TilwinSettings, AFreshRecordTilesEdgeToEdge) {
-  const TilwinSettings settings;
-  EXPECT_EQ(settings.gap, 0);
-  EXPECT_EQ(settings.outer, 0);
-  EXPECT_TRUE(settings.cycleWidths);
-  EXPECT_TRUE(settings.dragToSnap);
-  EXPECT_FALSE(settings.shadowRecording);
-  EXPECT_TRUE(settings.showMenuBarIcon);
-  EXPECT_TRUE(settings.restoreOnDisplayChange);
-  EXPECT_TRUE(settings.shortcuts.empty() && settings.disabled.empty());
-  EXPECT_TRUE(settings.ignoredApps.empty() && settings.customAreas.empty());
+  for (const SettingsField& field : settingsFields)
+    EXPECT_EQ(field.json(TilwinSettings()), field.preset) << field.key;
 }
 
 TEST(DefaultShortcuts, ThereAreTwentyNineAndNoTwoAreTheSame) {

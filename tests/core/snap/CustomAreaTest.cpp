@@ -55,7 +55,7 @@ TEST_F(SnapToArea, OnADisplaySmallerThanItsMarginsAWindowIsOnePointWide) {
 TEST_F(SnapToArea, RestoreBringsTheWindowBack) {
   EXPECT_TRUE(controller.snap(CustomArea::starter("Notes")));
   EXPECT_TRUE(controller.snap(areaAt({0, 0, 0.5, 0.5})));
-  EXPECT_EQ(controller.originalFrame(desktop.provider()->focusedWindow()->id), somewhere);
+  EXPECT_EQ(controller.originalFrame(desktop.provider()->focusedWindow().value().id), somewhere);
   EXPECT_TRUE(controller.perform(SnapAction::restore));
   EXPECT_EQ(frame(window), somewhere);
 }
@@ -92,7 +92,7 @@ TEST_F(SnapToArea, FailsWithoutAFocusedWindow) {
 TEST_F(SnapToArea, AMoveThatFailsIsRememberedAllTheSame) {
   desktop.windows.find(window)->answer = SimulatedWindow::Answer::refuses;
   EXPECT_FALSE(controller.snap(CustomArea::starter("Notes")));
-  EXPECT_EQ(controller.originalFrame(desktop.provider()->focusedWindow()->id), somewhere);
+  EXPECT_EQ(controller.originalFrame(desktop.provider()->focusedWindow().value().id), somewhere);
 }
 
 TEST(SnapToAreaWithoutProvider, Fails) {
@@ -110,18 +110,18 @@ TEST_F(CaptureArea, IsWhereTheFocusedWindowStands) {
   EXPECT_EQ(area->name, "Notes");
   EXPECT_EQ(area->rect, (NormalizedRect{0.2, 0, 0.6, 1}));
   EXPECT_EQ(area->shortcut, std::nullopt);
-  EXPECT_NE(area->id, controller.captureFocusedWindow("Notes")->id);
+  EXPECT_NE(area->id, controller.captureFocusedWindow("Notes").value().id);
 }
 
 TEST_F(CaptureArea, CountsFromTheMargin) {
   controller.outer = 20;
   desktop.windows.moveByHand(window, {20, 45, 700, 835});
-  EXPECT_EQ(controller.captureFocusedWindow("Left")->rect, (NormalizedRect{0, 0, 0.5, 1}));
+  EXPECT_EQ(controller.captureFocusedWindow("Left").value().rect, (NormalizedRect{0, 0, 0.5, 1}));
 }
 
 TEST_F(CaptureArea, OfAWindowPartlyOffTheScreenIsPushedOntoIt) {
   desktop.windows.moveByHand(window, {-100, -200, 720, 3000});
-  EXPECT_EQ(controller.captureFocusedWindow("Left")->rect, (NormalizedRect{0, 0, 0.5, 1}));
+  EXPECT_EQ(controller.captureFocusedWindow("Left").value().rect, (NormalizedRect{0, 0, 0.5, 1}));
 }
 
 TEST_F(CaptureArea, NeitherMovesNorRemembersTheWindow) {

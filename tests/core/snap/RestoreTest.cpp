@@ -43,6 +43,7 @@ TEST_F(Restore, RemembersNothingItself) {
 TEST_F(Restore, IsReportedLikeAnyAction) {
   controller.perform(SnapAction::leftHalf);
   controller.perform(SnapAction::restore);
+  ASSERT_FALSE(events.empty());
   EXPECT_EQ(events.back(), Event(window, SnapAction::restore));
 }
 

@@ -21,7 +21,7 @@ Rect frame(SnapAction action, const Rect& current, double outer = 0, double gap 
 }
 
 TEST(SnapAction, ThereAreThirtySix) {
-  EXPECT_EQ(SnapActions::all().size(), 36);
+  ASSERT_EQ(SnapActions::all().size(), 36);
   EXPECT_EQ(SnapActions::all().front(), SnapAction::leftHalf);
   EXPECT_EQ(SnapActions::all().back(), SnapAction::previousDisplay);
 }

@@ -27,7 +27,7 @@ struct LineFileTest : testing::Test {
     EXPECT_TRUE(file->append(line));
   }
 
-  [[nodiscard]] std::size_t count() const { return LineFile::take(path)->count(); }
+  [[nodiscard]] std::size_t count() const { return LineFile::take(path).value().count(); }
 };
 
 fs::perms permissionsOf(const fs::path& path) { return fs::status(path).permissions(); }
@@ -185,7 +185,7 @@ TEST_F(LineFileTest, EndsTheTurnOfWhoeverIsMovedOrReplaced) {
   auto first = LineFile::take(path);
   auto second = std::move(first);
   second = LineFile::take(folder.path() / "other.jsonl");
-  EXPECT_TRUE(LineFile::take(path)->isHeldAlone());
+  EXPECT_TRUE(LineFile::take(path).value().isHeldAlone());
 }
 
 }  // namespace

@@ -64,7 +64,7 @@ TEST_F(LineFileTurns, EndWithTheProcessHoweverItEnds) {
   });
   ASSERT_TRUE(holder.waitForStop());
   holder.kill();
-  EXPECT_TRUE(LineFile::take(path)->isHeldAlone());
+  EXPECT_TRUE(LineFile::take(path).value().isHeldAlone());
 }
 
 /// Whoever waits for a file that is then replaced or removed must write to the one that is there now.
@@ -117,7 +117,7 @@ TEST_F(LineFileTurns, OfManyProcessesAreAllHad) {
   ChildProcess three(write);
   ChildProcess four(write);
   for (auto* process : {&one, &two, &three, &four}) EXPECT_TRUE(process->endsWell());
-  EXPECT_EQ(LineFile::take(path)->count(), std::size_t{4} * each);
+  EXPECT_EQ(LineFile::take(path).value().count(), std::size_t{4} * each);
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ TEST_F(Drags, AWindowThatMovesItselfUnderAHeldButtonIsSnapped) {
     hand().glide({inside.x - 70 * step, inside.y}, 1, Milliseconds{40});
     window.moveTo({static_cast<int>(startFrame.x) - 30 * step, static_cast<int>(startFrame.y)});
   }
-  ASSERT_TRUE(desktop().waitUntil([&] { return desktop().frame(window.id())->x == 0; }));
+  ASSERT_TRUE(desktop().waitUntil([&] { return desktop().frame(window.id()).value().x == 0; }));
   moveTo(atLeftEdge);
   EXPECT_TRUE(previews(leftHalf));
   letGo();

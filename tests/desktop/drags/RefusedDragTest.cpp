@@ -91,7 +91,7 @@ TEST_F(Drags, AWindowThatMovesItselfWithNoButtonDownIsLeftAlone) {
   focusAtStart(window.id());
   moveTo(atLeftEdge);
   window.moveTo({0, 300});
-  ASSERT_TRUE(desktop().waitUntil([&] { return desktop().frame(window.id())->x == 0; }));
+  ASSERT_TRUE(desktop().waitUntil([&] { return desktop().frame(window.id()).value().x == 0; }));
   hand().movePointer({0, 560});
   EXPECT_TRUE(previewsNothing());
   EXPECT_TRUE(keepsItsSize(window.id()));

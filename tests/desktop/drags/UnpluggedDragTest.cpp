@@ -25,7 +25,7 @@ TEST(UnpluggedDrags, AWindowHeldInAZoneOfADisplayThatGoesIsNotPutWhereNobodySees
   session.input().comeToRest({3359, 540});
   const auto preview = [&] { return desktop.unmanagedOfClass("Tilwin"); };
   ASSERT_TRUE(desktop.waitUntil([&] { return preview().has_value(); })) << tilwin.log();
-  EXPECT_EQ(desktop.topLevelArea(*preview()), (Rect{2400, 0, 960, 1080}));
+  EXPECT_EQ(desktop.topLevelArea(preview().value()), (Rect{2400, 0, 960, 1080}));
   session.server().unplug("DUMMY1");
   EXPECT_TRUE(desktop.waitUntil([&] { return !preview(); }));
   session.input().buttonUp();

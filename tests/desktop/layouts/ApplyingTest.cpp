@@ -164,7 +164,7 @@ TEST_F(ALayoutFromAFile, WithADisplayGoneGoesToTheOneThatIsLeft) {
   const auto cells = open("Cells", "Cells");
   session().server().unplug("DUMMY1");
   ASSERT_TRUE(eventually([&] { return provider().displays().size() == 1; }));
-  const auto place = provider().displays().front().visibleFrame;
+  const auto place = provider().displays().at(0).visibleFrame;
   controller().apply(withSlots(cellsAndFractions));
   EXPECT_TRUE(stands(cells, {place.x + 720, place.y, 720, 900}));
 }

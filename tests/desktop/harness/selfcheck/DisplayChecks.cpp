@@ -60,7 +60,7 @@ TEST_P(PluggedIn, DisplaysAreExchangedInOneGo) {
   // The server lists the primary one first.
   const std::vector<Rect> exchanged{{1280, 0, 1080, 1920}, {0, 0, 1280, 1024}};
   EXPECT_TRUE(session_->desktop().waitUntil([&] { return frames() == exchanged; }));
-  EXPECT_TRUE(session_->desktop().monitors().front().primary);
+  EXPECT_TRUE(session_->desktop().monitors().at(0).primary);
 }
 
 TEST(VirtualScreen, IsCutIntoMonitors) {
@@ -90,7 +90,7 @@ TEST(VisibleFrame, KeepsOffADockOfAManagedDesktop) {
                                                      .strutSpans = {0, 0, 0, 0, 0, 1919, 0, 0}});
   Desktop& desktop = session.desktop();
   EXPECT_TRUE(desktop.waitUntil([&] { return desktop.workArea() == Rect{0, 32, 1920, 1048}; }));
-  EXPECT_EQ(desktop.visibleFrame(desktop.monitors().front()), (Rect{0, 32, 1920, 1048}));
+  EXPECT_EQ(desktop.visibleFrame(desktop.monitors().at(0)), (Rect{0, 32, 1920, 1048}));
 }
 
 }  // namespace tilwin::desktop

@@ -107,6 +107,7 @@ TEST_P(UnderEachManager, ADragToAnEdgeMovesTheWindowAndTilesNothing) {
     session_.input().drag(desktop_.titleBar(window.id()), edge);
     desktop_.settle();
     const auto after = desktop_.frame(window.id());
+    ASSERT_TRUE(after.has_value());
     EXPECT_EQ(after->width, start.width);
     EXPECT_EQ(after->height, start.height);
     EXPECT_GT(std::abs(after->x - start.x) + std::abs(after->y - start.y), 100);

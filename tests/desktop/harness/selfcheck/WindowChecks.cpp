@@ -34,15 +34,15 @@ TEST_F(OwnWindows, OfAFixedSizeKeepIt) {
   const TestWindow window(session_.server().display(), {.fixedSize = true});
   desktop_.place(window.id(), {0, 0, 960, 1080});
   desktop_.settle();
-  EXPECT_EQ(desktop_.clientArea(window.id())->width, 640);
-  EXPECT_EQ(desktop_.clientArea(window.id())->height, 480);
+  EXPECT_EQ(desktop_.clientArea(window.id()).value().width, 640);
+  EXPECT_EQ(desktop_.clientArea(window.id()).value().height, 480);
 }
 
 TEST_F(OwnWindows, WithASmallestSizeDoNotGoBelowIt) {
   const TestWindow window(session_.server().display(), {.minimum = {500, 400}});
   desktop_.place(window.id(), {0, 0, 300, 300});
   desktop_.settle();
-  EXPECT_EQ(desktop_.clientArea(window.id())->width, 500);
+  EXPECT_EQ(desktop_.clientArea(window.id()).value().width, 500);
 }
 
 TEST_F(OwnWindows, WithIncrementsTakeWholeSteps) {
@@ -50,6 +50,7 @@ TEST_F(OwnWindows, WithIncrementsTakeWholeSteps) {
   desktop_.place(window.id(), {0, 0, 960, 1080});
   desktop_.settle();
   const auto area = desktop_.clientArea(window.id());
+  ASSERT_TRUE(area.has_value());
   EXPECT_EQ((static_cast<int>(area->width) - 4) % 10, 0);
   EXPECT_EQ((static_cast<int>(area->height) - 6) % 20, 0);
 }
@@ -79,9 +80,9 @@ TEST_F(OwnWindows, GoAndComeBack) {
 TEST_F(OwnWindows, MoveAndResizeThemselves) {
   TestWindow window(session_.server().display());
   window.moveTo({700, 300});
-  EXPECT_TRUE(desktop_.waitUntil([&] { return desktop_.frame(window.id())->x == 700; }));
+  EXPECT_TRUE(desktop_.waitUntil([&] { return desktop_.frame(window.id()).value().x == 700; }));
   window.resizeTo({321, 234});
-  EXPECT_TRUE(desktop_.waitUntil([&] { return desktop_.clientArea(window.id())->width == 321; }));
+  EXPECT_TRUE(desktop_.waitUntil([&] { return desktop_.clientArea(window.id()).value().width == 321; }));
 }
 
 TEST_F(OwnWindows, ComeUpWithoutAnyManager) {
