@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "bench/drag/SimulatedDrag.h"
+#include "bench/drag/SimulatedUser.h"
 #include "core/drag/DragFeatures.h"
 #include "core/drag/DragIntentModel.h"
 #include "core/drag/ShadowRecorder.h"

@@ -1,4 +1,4 @@
-#include "bench/drag/SimulatedDrag.h"
+#include "bench/drag/SimulatedUser.h"
 
 #include <algorithm>
 #include <array>

@@ -1,12 +1,43 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <random>
 #include <span>
 #include <string_view>
 
-#include "bench/drag/Chance.h"
+#include "core/drag/DragTrace.h"
+#include "core/drag/NeighbourEdges.h"
+#include "core/geometry/Rect.h"
+#include "core/snap/actions/SnapAction.h"
 
 namespace tilwin {
+
+/// Where values of one kind lie: about a mean, two thirds of them within the spread on either side.
+struct Spread {
+  double mean = 0;
+  double spread = 0;
+
+  bool operator==(const Spread&) const = default;
+};
+
+/// Chance that can be repeated. The generator is the standard's, the shapes are our own: those of the
+/// standard library differ from one implementation to the next.
+class Chance {
+public:
+  /// Each pair of numbers gives a sequence of its own.
+  Chance(std::uint32_t who, std::uint32_t seed);
+
+  /// From 0, never 1, all values alike.
+  double share();
+  double between(double least, double most) { return least + (most - least) * share(); }
+  bool happens(double probability) { return share() < probability; }
+  /// Bell-shaped, and never farther than three and a half spreads from the mean.
+  double about(const Spread& values);
+
+private:
+  std::mt19937_64 generator_;
+};
 
 /// One way in which somebody lets windows go near an edge.
 struct DragHabit {
@@ -35,6 +66,20 @@ struct SimulatedUser {
 
   /// Whom the rule suits; who snaps from farther away; who parks windows at edges.
   [[nodiscard]] static std::span<const SimulatedUser> all();
+};
+
+/// One drag of a window to somewhere near an edge, as the pointer's path. The display has another one to its
+/// right.
+struct SimulatedDrag {
+  static constexpr Rect display{0, 0, 1440, 900};
+  static constexpr NeighbourEdges neighbours{.right = true};
+
+  DragTrace trace{};                       ///< as the program samples it; the last sample is the release
+  SnapAction zone = SnapAction::leftHalf;  ///< what the edge stands for
+  double lastChecked = 0;                  ///< points from that edge at the last sample before the release
+  bool wantsSnap = false;
+
+  [[nodiscard]] static SimulatedDrag make(const SimulatedUser& user, Chance& chance);
 };
 
 }  // namespace tilwin

@@ -1,4 +1,4 @@
-#include "bench/drag/VerdictPlot.h"
+#include "bench/drag/VerdictTable.h"
 
 #include <algorithm>
 #include <array>

@@ -46,4 +46,11 @@ struct VerdictTable {
   [[nodiscard]] static std::string markdown(const std::vector<VerdictRow>& rows);
 };
 
+/// Draws the verdicts as stacked bars: a panel for each kind of user, a bar for each number of drags.
+struct VerdictPlot {
+  /// A whole SVG document. The rows of one kind of user stand together, and all are of as many users, whose
+  /// windows snapped as told.
+  [[nodiscard]] static std::string svg(const std::vector<VerdictRow>& rows, DragSimulation::SnapsBy by);
+};
+
 }  // namespace tilwin

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "bench/drag/SimulatedUser.h"
-#include "bench/drag/VerdictPlot.h"
 #include "bench/drag/VerdictTable.h"
 
 namespace tilwin {

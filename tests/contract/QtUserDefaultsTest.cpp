@@ -12,7 +12,7 @@
 #include <sstream>
 #include <vector>
 
-#include "tests/contract/UserDefaultsContract.h"
+#include "tests/contract/UserFilesContract.h"
 
 namespace tilwin::contract {
 namespace {

@@ -1,7 +1,7 @@
 #include "platform/qt/XdgBundle.h"
 
 #include "tests/TemporaryFolder.h"
-#include "tests/contract/BundleContract.h"
+#include "tests/contract/UserFilesContract.h"
 #include "tests/core/EnvironmentVariable.h"
 
 namespace tilwin::contract {

@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "tests/core/drag/Lessons.h"
+#include "tests/core/drag/Records.h"
 
 namespace tilwin {
 namespace {

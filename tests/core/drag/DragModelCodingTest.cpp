@@ -4,7 +4,7 @@
 #include <string>
 #include <variant>
 
-#include "tests/core/drag/Lessons.h"
+#include "tests/core/drag/Records.h"
 
 namespace tilwin {
 namespace {

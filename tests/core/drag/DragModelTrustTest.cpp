@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "tests/core/drag/Lessons.h"
+#include "tests/core/drag/Records.h"
 
 namespace tilwin {
 namespace {

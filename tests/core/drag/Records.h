@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/drag/DragIntentModel.h"
 #include "core/drag/ShadowRecord.h"
 
 namespace tilwin {
@@ -42,6 +43,16 @@ inline std::vector<ShadowRecord> logOf(const std::vector<std::pair<std::size_t, 
   std::vector<ShadowRecord> records;
   for (const auto& [count, record] : parts) records.insert(records.end(), count, record);
   return records;
+}
+
+inline DragFeatures releasedAt(double distance) { return {.distance = distance, .settled = 1}; }
+
+/// A model that would snap everywhere within its reach, and has been for long.
+inline DragIntentModel sureOfSnapping() {
+  DragIntentModel model;
+  model.weights = {10, 0, 0, 0, 0, 0, 0};
+  model.averaged = model.weights;
+  return model;
 }
 
 }  // namespace tilwin

@@ -6,7 +6,6 @@
 #include "core/layouts/PhraseParser.h"
 #include "core/layouts/PhraseTable.h"
 #include "core/support/UnicodeText.h"
-#include "tests/core/layouts/Phrases.h"
 #include "tests/core/support/RegularExpression.h"
 #include "tests/core/support/Texts.h"
 

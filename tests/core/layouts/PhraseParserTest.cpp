@@ -3,11 +3,12 @@
 #include <set>
 
 #include "core/layouts/PhraseTable.h"
-#include "tests/core/layouts/Phrases.h"
 #include "tests/core/support/Texts.h"
 
 namespace tilwin {
 namespace {
+
+using Clauses = std::vector<PhraseParser::Clause>;
 
 using enum SnapAction;
 

@@ -1,5 +1,5 @@
 #include "core/layouts/PhraseParser.h"
-#include "tests/core/layouts/Phrases.h"
+#include "tests/core/support/Texts.h"
 
 namespace tilwin {
 namespace {
@@ -18,7 +18,7 @@ std::string found(std::string_view query, const Texts& names) {
   return app ? app->name : "";
 }
 
-PhraseParser::Slots slots(const Clauses& clauses, const Texts& names) {
+PhraseParser::Slots slots(const std::vector<PhraseParser::Clause>& clauses, const Texts& names) {
   return PhraseParser::slots({clauses, {}}, named(names));
 }
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
-#include <map>
 
+#include <map>
 #include <set>
 #include <string>
 

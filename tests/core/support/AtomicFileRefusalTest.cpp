@@ -5,8 +5,8 @@
 
 #include "core/support/AtomicFile.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/core/support/ChildProcess.h"
 #include "tests/core/support/FileText.h"
-#include "tests/core/support/InChild.h"
 #include "tests/core/support/RefusedCalls.h"
 
 namespace tilwin {

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "tests/TemporaryFolder.h"
+#include "tests/core/support/ChildProcess.h"
 #include "tests/core/support/FileText.h"
-#include "tests/core/support/InChild.h"
 
 namespace tilwin {
 namespace {

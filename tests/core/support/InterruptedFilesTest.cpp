@@ -9,8 +9,8 @@
 #include "core/support/AtomicFile.h"
 #include "core/support/LineFile.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/core/support/ChildProcess.h"
 #include "tests/core/support/FileText.h"
-#include "tests/core/support/InChild.h"
 #include "tests/core/support/InterruptedCalls.h"
 
 namespace tilwin {

@@ -7,8 +7,8 @@
 #include <csignal>
 
 #include "tests/TemporaryFolder.h"
+#include "tests/core/support/ChildProcess.h"
 #include "tests/core/support/FileText.h"
-#include "tests/core/support/InChild.h"
 
 namespace tilwin {
 namespace {

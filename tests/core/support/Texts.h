@@ -8,6 +8,8 @@
 
 namespace tilwin {
 
+using Texts = std::vector<std::string>;
+
 /// Bytes that are not UTF-8, one of every sort.
 inline const std::vector<std::string>& illFormedTexts() {
   static const std::vector<std::string> texts{

@@ -8,7 +8,6 @@
 
 #include "tests/desktop/harness/ExitGuard.h"
 #include "tests/desktop/harness/HarnessError.h"
-#include "tests/desktop/harness/Spawn.h"
 
 namespace tilwin::desktop {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/desktop/harness/Descriptor.h"
 #include "tests/desktop/harness/Environment.h"
-#include "tests/desktop/harness/ProcessHandle.h"
 #include "tests/desktop/harness/Waiting.h"
 
 namespace tilwin::desktop {
@@ -83,5 +83,9 @@ private:
 
 /// The last lines of a text, for a message.
 std::string lastLines(const std::string& text, std::size_t count);
+
+/// Starts the program as the leader of a new process group and returns its process id; throws HarnessError
+/// when it cannot be executed. ChildProcess is the owner to use.
+pid_t spawn(const Launch& launch);
 
 }  // namespace tilwin::desktop

@@ -13,13 +13,25 @@ public:
   void unset(const std::string& name) { values_.erase(name); }
 
   /// The value, or empty text when the variable is not set.
-  std::string get(const std::string& name) const;
+  std::string get(const std::string& name) const {
+    const auto found = values_.find(name);
+    return found == values_.end() ? std::string() : found->second;
+  }
 
   /// This environment with the other's variables added, the other's winning.
-  Environment with(const Environment& other) const;
+  Environment with(const Environment& other) const {
+    Environment both = *this;
+    for (const auto& [name, value] : other.values_) both.values_[name] = value;
+    return both;
+  }
 
   /// The variables as "NAME=value", in the form execve takes.
-  std::vector<std::string> strings() const;
+  std::vector<std::string> strings() const {
+    std::vector<std::string> result;
+    result.reserve(values_.size());
+    for (const auto& [name, value] : values_) result.emplace_back(name).append("=").append(value);
+    return result;
+  }
 
   bool operator==(const Environment&) const = default;
 

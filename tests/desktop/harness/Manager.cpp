@@ -1,7 +1,6 @@
 #include "tests/desktop/harness/Manager.h"
 
 #include "tests/desktop/harness/HarnessError.h"
-#include "tests/desktop/harness/ManagerSettings.h"
 
 namespace tilwin::desktop {
 

@@ -52,4 +52,10 @@ const ManagerTraits& traits(Manager manager);
 /// The manager with that name in the table; nothing when there is none.
 std::optional<Manager> managerNamed(std::string_view name);
 
+/// Each writes one manager's own settings files into the home, as ManagerSetup describes.
+void configureOpenbox(const PrivateHome& home, const ManagerSetup& setup);
+void configureXfwm4(const PrivateHome& home, const ManagerSetup& setup);
+void configureMetacity(const PrivateHome& home, const ManagerSetup& setup);
+void configureKwin(const PrivateHome& home, const ManagerSetup& setup);
+
 }  // namespace tilwin::desktop

@@ -1,4 +1,4 @@
-#include "tests/desktop/harness/ManagerSettings.h"
+#include "tests/desktop/harness/Manager.h"
 
 namespace tilwin::desktop {
 

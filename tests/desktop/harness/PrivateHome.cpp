@@ -11,9 +11,9 @@
 #include <fstream>
 #include <sstream>
 
+#include "tests/desktop/harness/Descriptor.h"
 #include "tests/desktop/harness/ExitGuard.h"
 #include "tests/desktop/harness/HarnessError.h"
-#include "tests/desktop/harness/ProcessHandle.h"
 
 namespace tilwin::desktop {
 

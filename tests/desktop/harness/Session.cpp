@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/Session.h"
 
 #include "tests/desktop/harness/HarnessError.h"
+#include "tests/desktop/harness/ReadyLine.h"
 
 namespace tilwin::desktop {
 
@@ -50,6 +51,23 @@ TestWindow Session::window(const TestWindowOptions& options) {
 
 void Session::screenshot(const std::filesystem::path& file, const std::optional<Rect>& area) {
   saveScreenshot(desktop_.connection(), file, area);
+}
+
+SessionBus::SessionBus(const PrivateHome& home, const Environment& environment)
+    : address_("unix:path=" + (home.runtime() / "bus").string()) {
+  const Launch launch{.argv = {"dbus-daemon", "--session", "--nofork", "--nopidfile", "--nosyslog",
+                               "--address=" + address_, "--print-address=" + std::to_string(readyDescriptor)},
+                      .environment = environment,
+                      .outputFile = home.log("dbus-daemon")};
+  auto ready = startReady(launch);
+  address_ = ready.line;
+  process_ = std::move(ready.process);
+}
+
+Environment SessionBus::environment() const {
+  Environment environment;
+  environment.set("DBUS_SESSION_BUS_ADDRESS", address_);
+  return environment;
 }
 
 }  // namespace tilwin::desktop

@@ -1,4 +1,3 @@
-#include "tests/desktop/harness/Spawn.h"
 
 #include <fcntl.h>
 #include <linux/close_range.h>

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "tests/desktop/harness/HarnessError.h"
-#include "tests/desktop/harness/TestWindowSetup.h"
 
 namespace tilwin::desktop {
 

@@ -88,4 +88,9 @@ private:
   EventRecorder recorder_;
 };
 
+/// Makes the window that the options describe, with all its properties, not yet mapped.
+WindowId makeWindow(XConnection& connection, const TestWindowOptions& options);
+
+void setWindowTitle(XConnection& connection, WindowId window, const std::string& title);
+
 }  // namespace tilwin::desktop

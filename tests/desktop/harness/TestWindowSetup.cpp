@@ -1,4 +1,4 @@
-#include "tests/desktop/harness/TestWindowSetup.h"
+#include "tests/desktop/harness/TestWindow.h"
 
 #include <unistd.h>
 #include <xcb/xcb_icccm.h>

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 
+#include "platform/ports/Bundle.h"
 #include "platform/ports/UserDefaults.h"
 
 namespace tilwin::contract {
@@ -31,6 +33,25 @@ using UserDefaultsWorldMaker = std::unique_ptr<UserDefaultsWorld> (*)();
 class UserDefaultsContract : public testing::TestWithParam<UserDefaultsWorldMaker> {
 protected:
   std::unique_ptr<UserDefaultsWorld> world = GetParam()();
+};
+
+/// A user whose Application Support folder is not there yet, and the adapter under test.
+class BundleWorld {
+public:
+  BundleWorld() = default;
+  BundleWorld(const BundleWorld&) = delete;
+  BundleWorld& operator=(const BundleWorld&) = delete;
+  virtual ~BundleWorld() = default;
+
+  virtual Bundle& bundle() = 0;
+  [[nodiscard]] virtual std::filesystem::path folder() const = 0;
+};
+
+using BundleWorldMaker = std::unique_ptr<BundleWorld> (*)();
+
+class BundleContract : public testing::TestWithParam<BundleWorldMaker> {
+protected:
+  std::unique_ptr<BundleWorld> world = GetParam()();
 };
 
 }  // namespace tilwin::contract

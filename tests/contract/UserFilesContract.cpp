@@ -1,7 +1,8 @@
-#include "tests/contract/UserDefaultsContract.h"
+#include "tests/contract/UserFilesContract.h"
 
 #include <rapidcheck.h>
 
+#include <fstream>
 #include <string>
 
 namespace tilwin::contract {
@@ -91,6 +92,27 @@ TEST_P(UserDefaultsContract, AfterAFailureTheNextWriteWorksAgain) {
   world->defaults().setData(key, "second");
   world->restart();
   EXPECT_EQ(world->defaults().data(key), "second");
+}
+
+namespace fs = std::filesystem;
+
+TEST_P(BundleContract, ApplicationSupportIsMadeWhereItIsMissing) {
+  EXPECT_EQ(world->bundle().applicationSupport(), world->folder());
+  EXPECT_TRUE(fs::is_directory(world->folder()));
+}
+
+TEST_P(BundleContract, ApplicationSupportThatIsThereStaysAsItIs) {
+  fs::create_directories(world->folder() / "Others");
+  fs::permissions(world->folder(), fs::perms::owner_all | fs::perms::group_read);
+  EXPECT_EQ(world->bundle().applicationSupport(), world->folder());
+  EXPECT_TRUE(fs::is_directory(world->folder() / "Others"));
+  EXPECT_EQ(fs::status(world->folder()).permissions(), fs::perms::owner_all | fs::perms::group_read);
+}
+
+TEST_P(BundleContract, ThereIsNoApplicationSupportWhereItCannotBeMade) {
+  fs::create_directories(world->folder().parent_path());
+  std::ofstream(world->folder()) << "a file in its place";
+  EXPECT_EQ(world->bundle().applicationSupport(), std::nullopt);
 }
 
 }  // namespace tilwin::contract
