@@ -5,9 +5,11 @@
 
 #include <array>
 #include <chrono>
+#include <concepts>
 #include <ctime>
 #include <exception>
 #include <iomanip>
+#include <iterator>
 #include <ostream>
 #include <string_view>
 #include <tuple>
@@ -126,7 +128,9 @@ struct PlainPrinter {
     } else if constexpr (isPrintedByField<T>()) {
       printFields(value, *out);
     } else {
-      // An object known by its identity, such as the one behind a smart pointer.
+      static_assert(!std::equality_comparable<T> || std::input_or_output_iterator<T>,
+                    "a value that can be compared needs an operator<< to print");
+      // An iterator, or an object without a value, such as the one behind a smart pointer.
       *out << "a " << testing::internal::GetTypeName<T>();
     }
   }

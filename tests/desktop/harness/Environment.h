@@ -1,24 +1,25 @@
 #pragma once
 
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
 namespace tilwin::desktop {
 
-/// The environment variables of a program to start; nothing is inherited besides.
+/// The environment variables of a program to start; nothing else is inherited.
 class Environment {
 public:
   void set(const std::string& name, const std::string& value) { values_[name] = value; }
   void unset(const std::string& name) { values_.erase(name); }
 
-  /// The value, or empty text when the variable is not set.
+  /// The value; empty if the variable is not set.
   std::string get(const std::string& name) const {
     const auto found = values_.find(name);
     return found == values_.end() ? std::string() : found->second;
   }
 
-  /// This environment with the other's variables added, the other's winning.
+  /// Both environments together; where both have a variable, the other's value wins.
   Environment with(const Environment& other) const {
     Environment both = *this;
     for (const auto& [name, value] : other.values_) both.values_[name] = value;
@@ -34,6 +35,11 @@ public:
   }
 
   bool operator==(const Environment&) const = default;
+
+  friend std::ostream& operator<<(std::ostream& out, const Environment& environment) {
+    for (const std::string& variable : environment.strings()) out << variable << '\n';
+    return out;
+  }
 
 private:
   std::map<std::string, std::string> values_;

@@ -156,7 +156,7 @@ TEST_P(UnderEachManager, AScreenshotShowsTheWindowsWhereTheyStand) {
   const auto file = session_.home().path() / "desktop.png";
   session_.screenshot(file);
   const QImage image(QString::fromStdString(file.string()));
-  EXPECT_EQ(image.size(), QSize(1920, 1080));
+  EXPECT_EQ((PixelSize{image.width(), image.height()}), (PixelSize{1920, 1080}));
   EXPECT_GT(colourCount(image), 10);
 }
 
