@@ -6,7 +6,8 @@
 
 namespace tilwin {
 
-/// A promise that holds whatever the input: when broken, the run ends with this input as what broke it.
+/// An invariant that must hold for any input. Ends the run if it does not, so that the fuzzer keeps the
+/// input.
 inline void require(bool holds, std::string_view otherwise) {
   if (!holds) fatal(otherwise);
 }

@@ -8,7 +8,7 @@
 
 namespace tilwin {
 
-/// A folder of its own for one test, gone afterwards with all that is in it.
+/// A temporary folder for one test, removed with its contents by the destructor.
 class TemporaryFolder {
 public:
   TemporaryFolder() {

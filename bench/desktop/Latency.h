@@ -9,13 +9,13 @@
 
 namespace tilwin::bench {
 
-/// One way to put the focused window on the left half of the screen and to put it back.
+/// One way to move the focused window to the left half of the screen and back.
 struct Mover {
   std::string name;
-  /// Returns the moment the move began: that just before the key went down, or the request was sent.
+  /// Returns when the move began: just before the key press or the request was sent.
   std::function<desktop::Clock::time_point()> move;
   std::function<void()> putBack;
-  /// Which of the movers measured with it does the least that can be done in its place.
+  /// Index of the mover that is the lower bound for this one.
   std::size_t floor = 0;
 };
 
@@ -23,15 +23,15 @@ struct Mover {
 inline constexpr Rect apart{300, 200, 800, 600};
 inline constexpr Rect leftHalf{0, 0, 960, 1080};
 
-/// Milliseconds from the beginning of each move until the client is told of its final size.
+/// Milliseconds from the beginning of each move until the client receives its final size.
 struct Latencies {
   std::vector<double> milliseconds;
 
   [[nodiscard]] double percentile(double share) const;
 };
 
-/// Moves the window that many times and puts it back each time, waiting for quiet. Throws HarnessError when a
-/// move does not end on the left half.
+/// Moves the window `moves` times and back again, each time waiting until no more events arrive. Throws
+/// HarnessError if a move does not end on the left half.
 void measure(const Mover& mover, desktop::Session& session, desktop::TestWindow& window, int moves,
              Latencies& into);
 

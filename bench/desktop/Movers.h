@@ -7,11 +7,12 @@
 
 namespace tilwin::bench {
 
-/// What is compared on one desktop. The first mover is the floor of presses: one _NET_MOVERESIZE_WINDOW sent
-/// by the benchmark itself, without any key. Session and window must outlive the movers.
+/// The movers compared on one desktop. The first is the lower bound for key presses: one
+/// _NET_MOVERESIZE_WINDOW request sent by the benchmark itself. The session and the window must outlive the
+/// movers.
 [[nodiscard]] std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindow& window);
 
-/// Has sxhkd run wmctrl on a key of its own.
+/// Starts sxhkd with a key binding that runs wmctrl.
 [[nodiscard]] desktop::ChildProcess startSxhkd(desktop::Session& session, const desktop::TestWindow& window);
 
 }  // namespace tilwin::bench

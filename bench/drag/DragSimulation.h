@@ -8,16 +8,16 @@
 
 namespace tilwin {
 
-/// The drag log of simulated users: their drags go through the program's own features and recorder.
+/// Generates the drag log of simulated users with the program's own feature extraction and recorder.
 struct DragSimulation {
-  /// Which place of the pointer decides whether a drag snaps.
+  /// Which pointer position decides whether a drag snaps.
   enum class SnapsBy : std::uint8_t {
     release,      ///< where the button went up
-    lastChecked,  ///< the last place that was looked at before that, up to 0.03 s older
+    lastChecked,  ///< the last sampled position before that, up to 0.03 s older
   };
 
-  /// `user` counts in `SimulatedUser::all`. The same numbers give the same log, and a longer log begins with
-  /// the shorter one.
+  /// `user` is an index into `SimulatedUser::all`. The same arguments give the same log, and a shorter log is
+  /// a prefix of a longer one.
   [[nodiscard]] static std::vector<ShadowRecord> log(std::size_t user, std::uint32_t seed,
                                                      std::size_t records, SnapsBy by);
 };

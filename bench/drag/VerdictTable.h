@@ -14,15 +14,15 @@
 
 namespace tilwin {
 
-/// What the report says to one kind of user after so many drags, over many users of that kind.
+/// The verdicts of the report for one kind of user after a number of drags, over many users of that kind.
 struct VerdictRow {
   static constexpr std::size_t kinds = std::variant_size_v<ShadowSummary::Verdict>;
 
   std::size_t user = 0;               ///< in `SimulatedUser::all`
   std::size_t drags = 0;              ///< in each log
-  std::array<int, kinds> verdicts{};  ///< how many users were told each, in the order of `Verdict`
+  std::array<int, kinds> verdicts{};  ///< number of users per verdict, in the order of `Verdict`
   int users = 0;
-  double evidence = 0;  ///< for the model, the mean in standard errors
+  double evidence = 0;  ///< for the model: mean, in standard errors
 
   bool operator==(const VerdictRow&) const = default;
 
@@ -39,7 +39,7 @@ struct VerdictTable {
   static constexpr std::array<std::string_view, VerdictRow::kinds> names{
       "not enough drags", "too few corrections", "model would help", "rule is better", "no clear difference"};
 
-  /// One row for each number of drags, which increase: each user's log is looked at as it grows.
+  /// One row for each number of drags, in increasing order. Each user's log is evaluated as it grows.
   [[nodiscard]] static std::vector<VerdictRow> of(std::size_t user, std::span<const std::size_t> drags,
                                                   int seeds, DragSimulation::SnapsBy by);
   /// As a table in Markdown.
@@ -48,8 +48,8 @@ struct VerdictTable {
 
 /// Draws the verdicts as stacked bars: a panel for each kind of user, a bar for each number of drags.
 struct VerdictPlot {
-  /// A whole SVG document. The rows of one kind of user stand together, and all are of as many users, whose
-  /// windows snapped as told.
+  /// A complete SVG document. The rows of one kind of user must be consecutive, and all rows must have the
+  /// same number of users. `by` goes into the caption.
   [[nodiscard]] static std::string svg(const std::vector<VerdictRow>& rows, DragSimulation::SnapsBy by);
 };
 

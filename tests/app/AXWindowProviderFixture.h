@@ -10,7 +10,7 @@
 
 namespace tilwin {
 
-/// A provider on a desktop of its own, with one program in front that has no window yet.
+/// A provider on a simulated desktop, with one program in front that has no window yet.
 struct AXWindowProviderTest : testing::Test {
   using Node = SimulatedAccessibleDesktop::Node;
 

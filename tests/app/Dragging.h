@@ -10,12 +10,12 @@
 
 namespace tilwin {
 
-/// A user with a mouse at a desktop with one window, whose title bar lies under the grip.
+/// A user with a mouse on a desktop with one window, whose title bar is at the grip.
 class MouseUser {
 public:
   static constexpr Rect untouched{100, 100, 800, 600};
   static constexpr Point grip{400, 110};
-  /// Between two events of a mouse that is not in a hurry.
+  /// The time between two events of a slowly moving mouse.
   static constexpr std::chrono::milliseconds pause{50};
 
   explicit MouseUser(SimulatedDesktop& desktop)
@@ -30,9 +30,9 @@ public:
     grabbed_ = frame();
     desktop_.mouse.press(at);
   }
-  /// The window follows the pointer, a pause after whatever was before.
+  /// The window follows the pointer, after a pause.
   void dragTo(Point point) { pull(following(point), point); }
-  /// The window comes to stand at a frame by whatever the user does with it.
+  /// The user's action puts the window at this frame.
   void pull(const Rect& to, Point pointer) {
     desktop_.windows.moveByHand(window_, to);
     desktop_.time.advance(pause);

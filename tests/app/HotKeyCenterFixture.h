@@ -20,7 +20,7 @@ inline constexpr HotKeySpec rightHalfKeys{124, 6144};
 inline constexpr HotKeySpec topHalfKeys{126, 6144};
 inline constexpr HotKeySpec areaKeys{96, 4096};
 
-/// Settings in which only these actions have their shortcuts.
+/// Settings in which only these actions have shortcuts.
 inline TilwinSettings only(std::initializer_list<SnapAction> actions) {
   TilwinSettings settings;
   for (const SnapAction action : SnapActions::all()) {
@@ -34,7 +34,7 @@ inline CustomArea area(const std::string& name, std::optional<HotKeySpec> shortc
   return {.id = Uuid::random(), .name = name, .shortcut = shortcut};
 }
 
-/// A center on a desktop of its own, and what it reports.
+/// A `HotKeyCenter` on a simulated desktop, and what it reports.
 struct HotKeyCenterTest : testing::Test {
   HotKeyCenterTest() { listen(); }
 
@@ -42,7 +42,7 @@ struct HotKeyCenterTest : testing::Test {
     center->onTarget = [this](const ShortcutOwner& owner) { targets.push_back(owner); };
   }
   HotKeyCenter::OwnerSet use(const TilwinSettings& settings) { return center->registerShortcuts(settings); }
-  /// Presses the keys and lets the main queue work.
+  /// Presses the keys and runs the main queue.
   void press(const HotKeySpec& spec) {
     desktop.keyboard.press(spec);
     desktop.time.runDue();

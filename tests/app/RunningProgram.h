@@ -10,7 +10,7 @@
 
 namespace tilwin {
 
-/// The whole program on a simulated desktop, once it has been started.
+/// The whole program, running on a simulated desktop.
 struct RunningProgram : testing::Test {
   explicit RunningProgram(std::string_view displays = "1440x900+0+0") : desktop(displays) {}
 
@@ -18,7 +18,7 @@ struct RunningProgram : testing::Test {
     delegate.emplace(platform);
     delegate->start();
   }
-  /// The program starts with settings stored earlier.
+  /// Starts the program with stored settings.
   void startWith(const TilwinSettings& settings) {
     SettingsStore(desktop.userDefaults()).settings.set(settings);
     start();

@@ -20,7 +20,7 @@ struct Spot {
   QRgb colour;
 };
 
-/// A real desktop of one colour, with a program on it that has an overlay.
+/// A real desktop with a background of one colour, and a program with an overlay.
 class OverlaidDesktop {
 public:
   static constexpr AccentColour accent{0x35, 0x84, 0xe4};
@@ -34,25 +34,25 @@ public:
   X11Overlay& overlay() { return *overlay_; }
   X11Connection& x() { return *x_; }
 
-  /// Shows the overlay and waits until the server has dealt with that. The overlay's window.
+  /// Shows the overlay and waits until the server has processed it. Returns the overlay's window.
   desktop::WindowId show(const Rect& at);
-  /// Fails unless it all looks so, after a compositor has had time to paint.
+  /// Fails unless all these pixels have their colours, after a compositor has had time to paint.
   void expect(const std::vector<Spot>& spots);
 
-  /// The children of the root, bottom to top, that can be seen.
+  /// The visible children of the root window, bottom to top.
   std::vector<desktop::WindowId> inView();
-  /// The overlay's window, if it is in view.
+  /// The overlay's window, if it is visible.
   std::optional<desktop::WindowId> sheetWindow();
-  /// The child of the root that holds all of the background.
+  /// The child of the root window that covers the background.
   desktop::WindowId backgroundWindow() { return desktop().topLevel(background_->id()); }
   desktop::WindowId underPointer();
 
-  /// One that is told to give every window a shadow.
+  /// Configured to give every window a shadow.
   desktop::ChildProcess startCompositor();
   void end(desktop::ChildProcess& compositor);
 
 private:
-  /// The first place that does not look as it should, in words; empty when all do.
+  /// Describes the first pixel with a wrong colour; empty if there is none.
   std::string wrong(const std::vector<Spot>& spots);
 
   desktop::Session session_;

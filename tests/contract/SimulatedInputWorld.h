@@ -5,7 +5,7 @@
 
 namespace tilwin::contract {
 
-/// The keyboard, the mouse and the main queue of a simulated desktop; what its windows are is left to others.
+/// The keyboard, mouse and main queue of a simulated desktop. Derived classes add the windows.
 class SimulatedInputWorld : public World {
 public:
   HotKeys& hotKeys() override { return desktop_.hotKeys(); }

@@ -10,7 +10,7 @@
 
 namespace tilwin {
 
-/// For tests that say nothing about what is logged.
+/// For tests that do not check what is logged.
 class SilentLog : public SystemLog {
 public:
   void write(std::string_view) override {}

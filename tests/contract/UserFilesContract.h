@@ -12,7 +12,7 @@ namespace tilwin::contract {
 
 inline constexpr const char* key = "tilwin.settings.v1";
 
-/// Where a user's settings are kept, and the adapter under test.
+/// The storage of a user's settings, and the adapter under test.
 class UserDefaultsWorld {
 public:
   UserDefaultsWorld() = default;
@@ -23,7 +23,7 @@ public:
   virtual UserDefaults& defaults() = 0;
   /// The program ends and starts again.
   virtual void restart() = 0;
-  /// The disk is full, or no longer.
+  /// Makes the disk full, or not full any more.
   virtual void setDiskFull(bool full) = 0;
 };
 
@@ -35,7 +35,7 @@ protected:
   std::unique_ptr<UserDefaultsWorld> world = GetParam()();
 };
 
-/// A user whose Application Support folder is not there yet, and the adapter under test.
+/// A user whose Application Support folder does not exist yet, and the adapter under test.
 class BundleWorld {
 public:
   BundleWorld() = default;

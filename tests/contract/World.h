@@ -17,8 +17,8 @@
 #include "platform/ports/PointerMonitor.h"
 #include "platform/ports/ScreenChanges.h"
 
-/// What every adapter of a desktop must do, whatever the desktop. The suites of this folder are written
-/// against a `World`; each adapter brings one and runs the same suites in it.
+/// What every desktop adapter must do. The suites in this folder are written against a `World`; each adapter
+/// provides one and runs the same suites with it.
 
 namespace tilwin::contract {
 
@@ -29,13 +29,13 @@ struct NewWindow {
   Rect frame{120, 90, 520, 400};
   double minimumWidth = 1;
   double minimumHeight = 1;
-  double widthStep = 1;  ///< the size follows these steps, as a terminal's follows its cells
+  double widthStep = 1;  ///< size increments, like a terminal's cells
   double heightStep = 1;
   bool isDialog = false;
 };
 
-/// A desktop with the adapter under test, and hands to work it from outside. What a call begins may take
-/// effect later: `settle` waits for it.
+/// A desktop with the adapter under test, and the means to operate it from outside. Calls may take effect
+/// asynchronously: `settle` waits for that.
 class World {
 public:
   using Window = std::uint64_t;
@@ -57,10 +57,9 @@ public:
   virtual void minimize(Window window) = 0;
   virtual void maximize(Window window) = 0;
   virtual void moveByHand(Window window, const Rect& frame) = 0;
-  /// Where the window really stands, decorations included, as seen without the adapter; nothing when it is
-  /// not open.
+  /// The window's actual frame including decorations, read without the adapter; nothing if it is not open.
   virtual std::optional<Rect> standing(Window window) = 0;
-  /// Whether the window is maximised, as seen without the adapter.
+  /// Whether the window is maximised, read without the adapter.
   virtual bool isMaximized(Window window) = 0;
 
   /// Key events of a physical keyboard. Modifiers go down before the key and come up after it.
@@ -72,26 +71,25 @@ public:
   virtual void holdElsewhere(const HotKeySpec& spec) = 0;
   virtual void letGoElsewhere(const HotKeySpec& spec) = 0;
 
-  /// The hand on the mouse: its left button, and where the pointer is.
+  /// The left mouse button and the pointer.
   virtual void buttonDown() = 0;
   virtual void buttonUp() = 0;
   virtual void movePointer(Point to) = 0;
-  /// The user calls the drag off that is going on, by whatever does that on this desktop.
+  /// The user cancels the current drag in the way this desktop offers.
   virtual void callOffDrag() = 0;
-  /// A panel takes so many points from the top of the primary display.
+  /// A panel reserves this many points at the top of the primary display.
   virtual void takeRoomAtTop(double points) = 0;
 
-  /// Lets the desktop and the main queue work until the condition holds. False when it does not within the
-  /// world's patience.
+  /// Runs the desktop and the main queue until the condition holds. Returns false on timeout.
   virtual bool settle(const std::function<bool()>& condition) = 0;
 
-  /// The same for a check that can say what it wanted and what it saw. Returns the result of its last run.
+  /// The same for a check that reports what it wanted and what it saw. Returns its last result.
   testing::AssertionResult settled(const std::function<testing::AssertionResult()>& check) {
     testing::AssertionResult last = testing::AssertionFailure() << "nothing was checked";
     settle([&] { return static_cast<bool>(last = check()); });
     return last;
   }
-  /// Whether `see` returns the wanted value in the end.
+  /// Waits until `see` returns the wanted value.
   template <typename Wanted, typename See>
   testing::AssertionResult comesTo(const Wanted& wanted, See see) {
     return settled([&] {
@@ -105,7 +103,7 @@ public:
 
 using WorldMaker = std::unique_ptr<World> (*)();
 
-/// Each test has a world of its own.
+/// Each test has its own world.
 class Contract : public testing::TestWithParam<WorldMaker> {
 protected:
   std::unique_ptr<World> world = GetParam()();
@@ -113,7 +111,7 @@ protected:
 
 class WindowProviderContract : public Contract {
 protected:
-  /// Borders may be drawn with a point more or less than they are said to have.
+  /// Borders may be drawn up to this many points wider or narrower than they are reported.
   static constexpr double borderSlack = 2;
 
   /// Opens a window, gives it the focus and waits until the provider says so.
@@ -123,26 +121,26 @@ protected:
   WindowInfo focused();
   /// The window with this title among all windows.
   std::optional<WindowInfo> listed(const std::string& title);
-  /// Whether the frame is the wanted one, give or take the borders.
+  /// Whether the frame is the wanted one, within `borderSlack`.
   static testing::AssertionResult isNear(const std::optional<Rect>& seen, const Rect& wanted);
-  /// Whether the window comes to stand there.
+  /// Waits until the window is at this frame, within `borderSlack`.
   testing::AssertionResult comesNear(World::Window window, const Rect& wanted);
-  /// Moves the focused window and waits until it stands at the frame, give or take a few points.
+  /// Moves the focused window and waits until it is at the frame, within `borderSlack`.
   void moveFocusedTo(World::Window window, const Rect& frame);
-  /// A frame well inside the primary display: the shares of its visible frame, in whole points.
+  /// A frame in whole points, given as fractions of the primary display's visible frame.
   Rect place(double x, double y, double width, double height);
 
   std::shared_ptr<DesktopWindows> provider = world->provider();
 };
 
-/// For adapters that report a window whose size did not follow a request at the frame that was asked for.
+/// For adapters that report the requested frame for a window that did not fully follow the request.
 class ReportedFrameContract : public WindowProviderContract {
 protected:
-  /// For windows that keep to steps of 37 by 41 points.
+  /// Size increments of a window, in points.
   static constexpr double widthStep = 37;
   static constexpr double heightStep = 41;
 
-  /// Whether the window stands where it was asked to, but for less than a step of its width.
+  /// Whether the frame is the requested one, up to one increment of its width.
   static testing::AssertionResult isNearInSteps(const std::optional<Rect>& seen, const Rect& asked);
 };
 
@@ -161,14 +159,14 @@ protected:
 
 class PointerContract : public Contract {
 protected:
-  /// Has the handler told of these events, from now on.
+  /// Registers the handler for these events.
   [[nodiscard]] std::unique_ptr<PointerMonitor::Token> add(PointerEvent events,
                                                            PointerMonitor::Handler handler);
-  /// Keeps note of these events, from now on.
+  /// Records these events in `seen`.
   void watch(PointerEvent events);
   /// Waits until there are as many events; they must be exactly these, in this order.
   testing::AssertionResult received(const std::vector<PointerEvent>& events);
-  /// Lets everything that is under way arrive.
+  /// Waits until all pending events have arrived.
   void letArrive();
 
   PointerMonitor& pointer = world->pointer();
@@ -180,7 +178,7 @@ class ScreenChangesContract : public Contract {};
 
 class MainQueueContract : public Contract {
 protected:
-  /// Runs the queue until something stops it; a run that nothing stops ends with `nobodyStopped`.
+  /// Runs the queue until something stops it. Returns `nobodyStopped` on timeout.
   int run();
   void stopAfter(MainQueue::Seconds delay, int exitStatus = 0);
 

@@ -12,24 +12,24 @@
 #include "core/geometry/Rect.h"
 #include "core/snap/actions/SnapAction.h"
 
-/// Values for properties that must hold whatever the values are.
+/// Random values for properties.
 
 namespace tilwin::arbitrary {
 
 /// From `least` to `most`, both included.
 inline int whole(int least, int most) { return *rc::gen::inRange(least, most + 1); }
 
-/// Any float but the infinities and what is not a number, from the whole range of exponents.
+/// Any finite number, from the whole range of exponents.
 inline double finite() {
   return *rc::gen::suchThat(rc::gen::map(rc::gen::arbitrary<std::uint64_t>(),
                                          [](auto bits) { return std::bit_cast<double>(bits); }),
                             [](double number) { return std::isfinite(number); });
 }
 
-/// A rectangle of finite fields, nothing else said about it.
+/// Any rectangle of finite numbers.
 inline Rect anyRect() { return {finite(), finite(), finite(), finite()}; }
 
-/// A fraction with a thousandth's fineness, far outside 0 to 1 too.
+/// A fraction in thousandths, also far outside 0 to 1.
 inline double share() { return whole(-3000, 3000) / 1000.0; }
 
 /// An area such as a display's visible frame.
@@ -37,13 +37,13 @@ inline Rect area() {
   return {1.0 * whole(-4000, 4000), 1.0 * whole(-3000, 3000), 1.0 * whole(320, 5120), 1.0 * whole(240, 2880)};
 }
 
-/// Whole points, anywhere near an area, of any size above nothing.
+/// A rectangle in whole points, of any positive size, anywhere near the area.
 inline Rect nearby(const Rect& area) {
   return {area.x + whole(-6000, 6000), area.y + whole(-6000, 6000), 1.0 * whole(1, 6000),
           1.0 * whole(1, 6000)};
 }
 
-/// Whole points inside the area, at least a tenth of it in each direction.
+/// A rectangle in whole points inside the area, at least a tenth of it in each direction.
 inline Rect inside(const Rect& area) {
   const int width = whole(static_cast<int>(std::ceil(area.width / 10)), static_cast<int>(area.width));
   const int height = whole(static_cast<int>(std::ceil(area.height / 10)), static_cast<int>(area.height));

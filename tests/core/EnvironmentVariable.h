@@ -7,7 +7,7 @@
 
 namespace tilwin {
 
-/// A variable of the environment with another value, or none, until this object goes.
+/// Sets or unsets an environment variable; the destructor restores its value.
 class EnvironmentVariable {
 public:
   EnvironmentVariable(std::string name, const char* value) : name_(std::move(name)) {

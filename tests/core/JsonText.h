@@ -9,7 +9,7 @@
 
 #include "core/support/JsonCoding.h"
 
-/// Values from JSON texts and back, for tests.
+/// Reads and writes JSON in tests; errors fail the test.
 
 namespace tilwin {
 

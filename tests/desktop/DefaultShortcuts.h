@@ -6,15 +6,14 @@
 
 namespace tilwin::desktop {
 
-/// One of the shortcuts a fresh installation has, and what a person sees it do on a display of 1920×1080
-/// points without panels to a window that stands at `startFrame`. Written out by hand, so that the program is
-/// held against what was meant and not against itself.
+/// A default shortcut and its effect on a window at `startFrame`, on a display of 1920×1080 points without
+/// panels. Written by hand, so that the program is not compared with itself.
 struct DefaultShortcut {
   const char* shown = "";   ///< as menus show it
   const char* action = "";  ///< raw value
-  const char* chord = "";   ///< for the hands: the keys by name
-  Rect frame;               ///< where the window ends
-  bool relative = false;    ///< whether that depends on where the window stood before
+  const char* chord = "";   ///< key names for `Input`
+  Rect frame;               ///< the expected frame
+  bool relative = false;    ///< whether it depends on the frame before
 };
 
 inline constexpr Rect wholeDisplay{0, 0, 1920, 1080};

@@ -12,11 +12,11 @@
 
 namespace tilwin::desktop {
 
-/// What this run of the test program was asked to test with.
+/// The command-line arguments of this run.
 struct Arguments {
   std::filesystem::path tilwin;
   Manager manager = Manager::openbox;
-  std::filesystem::path pictures;  ///< where tests that take pictures keep them
+  std::filesystem::path pictures;  ///< folder for the screenshots of tests
 };
 
 [[nodiscard]] Arguments& arguments();
@@ -24,8 +24,8 @@ struct Arguments {
 inline constexpr Rect leftHalf{0, 0, 960, 1080};
 inline constexpr Rect rightHalf{960, 0, 960, 1080};
 
-/// One desktop of 1920×1080 points with Tilwin running, shared by the tests of a suite: whatever one test
-/// does to it, Tilwin has to serve the next.
+/// A desktop of 1920×1080 points with Tilwin running, shared by the tests of a suite: Tilwin must keep
+/// working from test to test.
 class DesktopTest : public testing::Test {
 public:
   static void SetUpTestSuite();
@@ -39,26 +39,26 @@ protected:
   static TilwinProcess& tilwin() { return *tilwin_; }
   static void endTilwin() { tilwin_.reset(); }
   static void restartTilwin();
-  /// Restarts Tilwin on settings (JSON) that somebody wrote into its file.
+  /// Writes settings (JSON) into Tilwin's file and restarts it.
   static void restartTilwinWith(const std::string& settings);
-  /// Where it keeps them.
+  /// The path of that file.
   static std::filesystem::path settingsFolder();
 
   static void press(const std::string& chord) { session_->input().press(chord); }
 
-  /// A window with the focus.
+  /// Opens a window and gives it the focus.
   static void focus(WindowId window);
-  /// A window with the focus, its frame at `startFrame`, that Tilwin has not moved yet.
+  /// Opens a window that has the focus, is at `startFrame` and has not been moved by Tilwin.
   static void focusAtStart(WindowId window);
 
   /// As a person does it, who moves a window only after seeing it stand still.
   static void placeByHand(WindowId window, const Rect& frame);
 
-  /// The frame that a window has once everything has stopped moving.
+  /// The frame of a window after all movement has stopped.
   static Rect settled(WindowId window);
-  /// Whether the frame comes to be that, within the tolerance, and stays.
+  /// Waits until the window is at this frame, within the tolerance, and checks that it stays there.
   static testing::AssertionResult stands(WindowId window, const Rect& frame, double tolerance = 0);
-  /// Whether Tilwin still does what it is for.
+  /// Whether Tilwin still responds to a shortcut.
   static testing::AssertionResult serves();
 
 private:

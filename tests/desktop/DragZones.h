@@ -7,8 +7,8 @@
 
 namespace tilwin::desktop {
 
-/// Where a person lets go of a dragged window, and what becomes of it there. Written out by hand, so that the
-/// program is held against what was meant and not against itself.
+/// Where a dragged window is released, and the frame it should then have. Written by hand, so that the
+/// program is not compared with itself.
 struct DragExample {
   const char* action = "";  ///< raw value, in messages and file names
   PixelPoint pointer;
@@ -27,8 +27,8 @@ inline constexpr std::array<DragExample, 8> oneDisplayDrags{{
     {"bottomRight", {1919, 1079}, {960, 540, 960, 540}},
 }};
 
-/// The same display cut in two after 1200 points: on the right part, but for the first, and as far from its
-/// edges as still counts.
+/// The same display split after 1200 points. All but the first zone are on the right part, at the largest
+/// distance from its edges that still snaps.
 inline constexpr std::array<DragExample, 9> twoDisplayDrags{{
     {"rightHalf-of-left", {1194, 540}, {600, 0, 600, 1080}},
     {"leftHalf", {1206, 540}, {1200, 0, 360, 1080}},

@@ -10,7 +10,7 @@ namespace tilwin::desktop {
 /// The finished program, running in a session.
 class TilwinProcess {
 public:
-  /// Starts it and waits until its shortcuts work; throws HarnessError when they never do.
+  /// Starts it and waits until its shortcuts work; throws HarnessError if that does not happen.
   TilwinProcess(Session& session, const std::filesystem::path& executable);
 
   ChildProcess& process() { return process_; }

@@ -16,7 +16,7 @@ struct RecordList final : ShadowSink {
   std::vector<ShadowRecord> records;
 };
 
-/// A recorder on a clock that stands until it is moved.
+/// A recorder with a clock that the test advances.
 struct Recording : testing::Test {
   static constexpr std::int64_t window = 7;
   static constexpr std::int64_t otherWindow = 8;

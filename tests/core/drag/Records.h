@@ -10,12 +10,12 @@
 
 namespace tilwin {
 
-/// The first of March 2026, so many minutes after midnight UTC.
+/// The given number of minutes after midnight UTC of March 1, 2026.
 inline Date atMinute(std::int64_t minute) {
   return std::chrono::sys_days(std::chrono::year(2026) / 3 / 1) + std::chrono::minutes(minute);
 }
 
-/// A drag let go so far from the edge, snapped by the rule or not as that distance has it.
+/// A drag released at this distance from the edge; the rule snapped it if the distance is small enough.
 inline ShadowRecord recordOf(double distance, DragFollowUp follow, std::int64_t minute = 0) {
   ShadowRecord record;
   record.at = atMinute(minute);
@@ -38,7 +38,7 @@ inline ShadowRecord leftAlone(std::int64_t minute = 0) {
   return recordOf(12, DragFollowUp::leftAlone, minute);
 }
 
-/// So many of each.
+/// The given number of copies of each record.
 inline std::vector<ShadowRecord> logOf(const std::vector<std::pair<std::size_t, ShadowRecord>>& parts) {
   std::vector<ShadowRecord> records;
   for (const auto& [count, record] : parts) records.insert(records.end(), count, record);
@@ -47,7 +47,7 @@ inline std::vector<ShadowRecord> logOf(const std::vector<std::pair<std::size_t, 
 
 inline DragFeatures releasedAt(double distance) { return {.distance = distance, .settled = 1}; }
 
-/// A model that would snap everywhere within its reach, and has been for long.
+/// A model that snaps everywhere within its reach.
 inline DragIntentModel sureOfSnapping() {
   DragIntentModel model;
   model.weights = {10, 0, 0, 0, 0, 0, 0};

@@ -18,7 +18,7 @@
 
 namespace tilwin {
 
-/// What is left of one case of the reference, read column by column. Beyond the last there is nothing.
+/// The columns of one case of the reference that are still unread. Reading past the last one returns nothing.
 class Columns {
 public:
   explicit Columns(std::string_view line) : rest_(line) {}
@@ -49,7 +49,7 @@ private:
   std::string_view rest_;
 };
 
-/// Equal but for what rounding may differ in.
+/// Equal up to rounding.
 inline bool agree(double ours, double theirs) {
   return std::abs(ours - theirs) <= 1e-12 * std::max(1.0, std::abs(theirs));
 }
@@ -58,8 +58,8 @@ inline bool agree(const std::optional<double>& ours, const std::optional<double>
   return ours.has_value() == theirs.has_value() && (!ours || agree(*ours, *theirs));
 }
 
-/// Has the reference make cases of a kind and holds each against `check`, which fails the test where the two
-/// disagree. The first disagreement ends it.
+/// Lets the reference generate cases of one kind and passes each to `check`, which fails the test if the two
+/// disagree. Stops at the first disagreement.
 inline void compareWithReference(const std::string& kind, int seed, int count,
                                  const std::function<void(Columns&)>& check) {
   const std::string command =

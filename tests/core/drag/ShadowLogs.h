@@ -14,7 +14,7 @@
 
 namespace tilwin {
 
-/// A record that is told from others by its number.
+/// A record that can be identified by its number.
 inline ShadowRecord recordOf(int number) {
   using namespace std::chrono;
   return {.at = sys_days(2024y / 3 / 5) + 14h + 7min,
@@ -29,14 +29,14 @@ inline ShadowRecord recordOf(int number) {
           .follow = DragFollowUp::keptSnap};
 }
 
-/// The same as it stands in the log, without the line feed.
+/// The same record as a line of the log, without the line feed.
 inline std::string lineOf(int number) {
   return R"({"at":"2024-03-05T14:07:00Z","distance":)" + std::to_string(number) +
          R"(,"dwell":0.1,"follow":"keptSnap","neighbour":true,"rule":true,"screen":"1440x900",)"
          R"("settled":0.5,"speed":812.07,"v":1,"zone":"leftHalf"})";
 }
 
-/// From the first number up to the last, both included.
+/// The records from the first number to the last, inclusive.
 inline std::vector<int> numbers(int first, int last) {
   std::vector<int> result;
   for (int number = first; number <= last; ++number) result.push_back(number);
@@ -49,7 +49,7 @@ inline std::string linesOf(int first, int last) {
   return text;
 }
 
-/// The numbers of a log's records, in its order.
+/// The numbers of the records in a log, in order.
 inline std::vector<int> numbersIn(const std::filesystem::path& path) {
   std::vector<int> result;
   for (const ShadowRecord& record : ShadowLogFile::read(path))
@@ -57,7 +57,7 @@ inline std::vector<int> numbersIn(const std::filesystem::path& path) {
   return result;
 }
 
-/// How many lines of a log are no record.
+/// The number of lines in a log that are not records.
 inline std::size_t brokenLinesIn(const std::filesystem::path& path) {
   const std::string content = textOf(path);
   return LineFile::split(content).size() - numbersIn(path).size();
@@ -71,7 +71,7 @@ struct ShadowLogs : testing::Test {
   TemporaryFolder folder;
   std::filesystem::path path = folder.path() / "shadow.jsonl";
 
-  /// As one run of the program does.
+  /// Appends as one run of the program does.
   void append(int first, int last) const {
     ShadowLogFile log(path);
     for (int number = first; number <= last; ++number) log.append(recordOf(number));

@@ -11,7 +11,7 @@
 #include "core/layouts/LayoutPlanner.h"
 #include "platform/simulated/DisplayText.h"
 
-/// The words that tests of layouts are written in.
+/// Shared values and helpers of the layout tests.
 
 namespace tilwin {
 
@@ -19,7 +19,7 @@ inline std::vector<DisplayInfo> displaysAt(std::string_view text) {
   return std::get<std::vector<DisplayInfo>>(parseDisplays(text));
 }
 
-/// So many seconds after a morning.
+/// A fixed date plus this many seconds.
 inline Date at(int second) {
   using namespace std::chrono;
   return sys_days(2026y / March / 1) + hours(9) + seconds(second);

@@ -11,11 +11,11 @@
 
 namespace tilwin {
 
-/// Where windows stand before anything moves them, and what they may be moved to on the first display.
+/// The initial frame of windows, and the visible frame of the first display.
 inline constexpr Rect somewhere{100, 100, 800, 600};
 inline constexpr Rect leftHalf{0, 25, 720, 875};
 
-/// A desktop, a controller that works it, and the words the tests are written in.
+/// A simulated desktop, a controller for it, and helpers for the tests.
 struct Snapping {
   using Window = SimulatedWindows::Handle;
   using Event = std::pair<std::int64_t, SnapAction>;

@@ -13,8 +13,8 @@
 
 namespace tilwin {
 
-/// A process that does something beside the test and ends with it at the latest. Only to be made while the
-/// test has no other threads.
+/// A child process that runs concurrently with the test and is killed by the destructor. Create it only while
+/// the test has no other threads.
 class ChildProcess {
 public:
   explicit ChildProcess(const std::function<void()>& deed) : id_(::fork()) {
@@ -33,21 +33,21 @@ public:
 
   [[nodiscard]] pid_t id() const { return id_; }
 
-  /// No part of it does anything afterwards.
+  /// Kills the process and waits until it has ended.
   void kill() {
     if (id_ <= 0) return;
     ::kill(id_, SIGKILL);
     wait();
   }
 
-  /// Waits until it has stopped itself; false when it came to its end instead.
+  /// Waits until the process stops itself; returns false if it ends instead.
   bool waitForStop() {
     if (id_ <= 0 || ::waitpid(id_, &status_, WUNTRACED) != id_) return false;
     if (!WIFSTOPPED(status_)) id_ = 0;
     return WIFSTOPPED(status_);
   }
 
-  /// Waits for its end; true when it did all it had to do.
+  /// Waits for its end; returns true if it completed its task.
   bool endsWell() {
     wait();
     return WIFEXITED(status_) && WEXITSTATUS(status_) == 0;
@@ -63,7 +63,7 @@ private:
   int status_ = 0;
 };
 
-/// A value that processes made later share with this one, and that outlives those that are killed.
+/// A value in memory shared with child processes that are created later. It survives a child that is killed.
 template <typename T>
 class Shared {
 public:
@@ -82,7 +82,7 @@ private:
   void* memory_;
 };
 
-/// What became of something done in a child process, whose limits and rights are its own.
+/// The outcome of a function run in a child process, which can change its own limits and privileges.
 enum class ChildOutcome { done, threw, died };
 
 inline ChildOutcome inChild(const std::function<void()>& deed) {

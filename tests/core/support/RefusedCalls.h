@@ -12,8 +12,8 @@
 
 namespace tilwin {
 
-/// From now on the kernel refuses this process one system call, for the reason given, when its third argument
-/// is at least so large. There is no way back: for child processes.
+/// Makes one system call of this process fail with the error `reason` if its third argument is at least
+/// `fromThirdArgument` (seccomp). This cannot be undone: call it in child processes only.
 inline void refuseCall(long call, int reason, std::uint32_t fromThirdArgument = 0) {
   constexpr auto number = static_cast<std::uint32_t>(offsetof(seccomp_data, nr));
   constexpr auto third = static_cast<std::uint32_t>(offsetof(seccomp_data, args) + 2 * sizeof(std::uint64_t));

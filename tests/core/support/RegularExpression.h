@@ -6,8 +6,7 @@
 
 namespace tilwin {
 
-/// ICU's own regular expressions, to hold hand-written scans against. A pattern that does not compile is
-/// fatal.
+/// ICU's regular expressions, the reference for hand-written scans. A pattern that does not compile is fatal.
 class RegularExpression {
 public:
   explicit RegularExpression(std::string_view pattern);

@@ -10,7 +10,7 @@ namespace tilwin {
 
 using Texts = std::vector<std::string>;
 
-/// Bytes that are not UTF-8, one of every sort.
+/// Ill-formed UTF-8, one example of each kind.
 inline const std::vector<std::string>& illFormedTexts() {
   static const std::vector<std::string> texts{
       "\x80",                      // a continuation without a beginning
@@ -52,7 +52,7 @@ inline std::string bytes() {
   }));
 }
 
-/// Pieces one after another, as many as the size of the case allows.
+/// A concatenation of random pieces; the size of the test case limits their number.
 inline std::string textOf(const std::vector<std::string>& pieces) {
   const auto chosen = *rc::gen::container<std::vector<std::string>>(rc::gen::elementOf(pieces));
   std::string text;

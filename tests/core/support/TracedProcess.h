@@ -12,9 +12,9 @@
 
 namespace tilwin {
 
-/// A process that stops whenever one of its threads enters or leaves a system call. A file system changes at
-/// no other moments, so whoever looks at each of these has seen all that can be. Only to be made while the
-/// test has neither other threads nor other processes.
+/// A child process that stops whenever one of its threads enters or leaves a system call. Files change at no
+/// other time, so checking them at every stop sees every intermediate state. Create it only while the test
+/// has no other threads or processes.
 class TracedProcess {
 public:
   explicit TracedProcess(const std::function<void()>& deed) : id_(::fork()), stopped_(id_) {
@@ -27,7 +27,7 @@ public:
   TracedProcess& operator=(const TracedProcess&) = delete;
   ~TracedProcess() { kill(); }
 
-  /// On to the next stop; false when the process has come to its end instead.
+  /// Continues to the next stop; returns false if the process ends instead.
   bool goOn() {
     if (hasEnded()) return false;
     ::ptrace(PTRACE_SYSCALL, stopped_, nullptr, nullptr);
@@ -37,7 +37,7 @@ public:
     return !hasEnded();
   }
 
-  /// On to where a thread enters that system call.
+  /// Continues until a thread enters this system call.
   bool goOnTo(long call) {
     while (goOn()) {
       struct __ptrace_syscall_info info {};

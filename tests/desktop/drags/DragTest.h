@@ -7,8 +7,8 @@
 
 namespace tilwin::desktop {
 
-/// Windows of a real desktop dragged by hand, with Tilwin running. A hand holds at most one window; where it
-/// stands when a test begins, and Tilwin's settings, are no matter of the test before.
+/// Drags windows of a real desktop while Tilwin runs. At most one window is held at a time. Each test starts
+/// with its own pointer position and settings.
 class Drags : public DesktopTest {
 protected:
   void SetUp() override;
@@ -16,27 +16,27 @@ protected:
 
   static Input& hand() { return session().input(); }
 
-  /// Takes hold of a window by its title bar, with this button.
+  /// Presses this button on the window's title bar.
   static void hold(WindowId window, int button = 1);
   static void moveTo(PixelPoint point) { hand().comeToRest(point); }
-  /// Has the window at `startFrame`, takes hold of it and moves it until the pointer is there.
+  /// Puts the window at `startFrame`, presses the button on its title bar and moves the pointer to `point`.
   static void dragTo(PixelPoint point, WindowId window);
   static void letGo(int button = 1) { hand().buttonUp(button); }
 
-  /// Whether the preview comes up with exactly that frame; a picture is kept of it when it is named.
+  /// Waits until the preview has exactly this frame; saves a screenshot if a name is given.
   static testing::AssertionResult previews(const Rect& frame, const std::string& picture = "");
-  /// Whether there is no preview, nor comes one soon.
+  /// Whether there is no preview and none appears soon.
   static testing::AssertionResult previewsNothing();
-  /// Whether the frame comes to be that and is the same a while later: whatever a manager does after a drag
-  /// is done by then.
+  /// Waits until the window is at this frame and checks it again a while later, when the window manager has
+  /// finished its own reaction to the drag.
   static testing::AssertionResult staysAt(WindowId window, const Rect& frame);
-  /// Whether the window keeps the size that it started with.
+  /// Whether the window keeps its initial size.
   static testing::AssertionResult keepsItsSize(WindowId window);
 
-  /// A window at `startFrame` dragged to a point and let go there is previewed, stands there, and goes back
-  /// to its start by the keys that restore.
+  /// Drags a window from `startFrame` to a point and releases it: checks the preview, the final frame, and
+  /// that the restore shortcut undoes it.
   static void expectSnapAndRestore(WindowId window, const DragExample& example, const std::string& picture);
-  /// Whether a window is snapped to the left half by a drag to the left edge, as any other.
+  /// Whether dragging the window to the left edge snaps it to the left half.
   static testing::AssertionResult stillSnaps(WindowId window, int button = 1);
 
   static constexpr PixelPoint atLeftEdge{0, 540};

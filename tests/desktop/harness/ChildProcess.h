@@ -20,14 +20,14 @@ struct Launch {
   /// The program (found on this process's PATH when it has no slash) and its arguments.
   std::vector<std::string> argv = {};
   Environment environment = {};
-  /// Where standard output goes, and standard error unless errorFile names another file; appended to.
-  /// Empty: /dev/null.
+  /// The file that standard output is appended to, and standard error unless errorFile is set. Empty:
+  /// /dev/null.
   std::filesystem::path outputFile = {};
   std::filesystem::path errorFile = {};
-  /// Descriptors of this process to hand on: the child's number to ours. All others are closed in the child.
+  /// Descriptors to pass on: the child's number, mapped to ours. The child closes all others.
   std::map<int, int> descriptors = {};
   std::filesystem::path workingFolder = "/";
-  /// What the kernel sends the child when the thread that started it dies.
+  /// The signal the child receives when the thread that started it dies.
   int deathSignal = SIGKILL;
 };
 
@@ -38,8 +38,8 @@ struct ExitStatus {
   bool operator==(const ExitStatus&) const = default;
 };
 
-/// A program running as the leader of its own process group, ended with all its group by the destructor.
-/// It also dies when the thread that started it dies, so start children from threads that outlive them.
+/// A program running as the leader of its own process group. The destructor ends the whole group. The program
+/// also dies when the thread that started it dies, so start children from threads that outlive them.
 class ChildProcess {
 public:
   /// Throws HarnessError when the program cannot be started (not found, not executable).
@@ -55,18 +55,18 @@ public:
   pid_t pid() const { return pid_; }
   bool running();
 
-  /// The exit status once the process has ended; nothing while it runs (also after the timeout).
+  /// The exit status; nothing if the process is still running after the timeout.
   std::optional<ExitStatus> status();
   std::optional<ExitStatus> waitFor(Milliseconds timeout);
 
-  /// Sends a signal to the process alone. Nothing happens once it has ended.
+  /// Sends a signal to the process, not to its group. Does nothing if it has ended.
   void signal(int number);
 
-  /// SIGTERM to the group, SIGKILL when it is still there after the grace; then what is left of the group is
-  /// killed. Returns how the process ended.
+  /// Sends SIGTERM to the group, and SIGKILL if the process is still running after the grace period; then
+  /// kills the rest of the group. Returns how the process ended.
   std::optional<ExitStatus> end(Milliseconds grace = Milliseconds{2000});
 
-  /// Everything written so far; empty when nothing went to a file.
+  /// The output so far; empty if it does not go to a file.
   std::string output() const;
   std::string errorOutput() const;
 
@@ -84,8 +84,8 @@ private:
 /// The last lines of a text, for a message.
 std::string lastLines(const std::string& text, std::size_t count);
 
-/// Starts the program as the leader of a new process group and returns its process id; throws HarnessError
-/// when it cannot be executed. ChildProcess is the owner to use.
+/// Starts the program as the leader of a new process group and returns its process id. Throws HarnessError if
+/// it cannot be executed. Used by ChildProcess, which owns the process.
 pid_t spawn(const Launch& launch);
 
 }  // namespace tilwin::desktop

@@ -7,7 +7,7 @@
 
 namespace tilwin::desktop {
 
-/// The owner of an open file descriptor; none when negative.
+/// Owns a file descriptor; negative if there is none.
 class Descriptor {
 public:
   explicit Descriptor(int number = -1) : number_(number) {}
@@ -28,27 +28,26 @@ private:
   int number_;
 };
 
-/// Both ends of a pipe that no program started later inherits by itself.
+/// Both ends of a pipe, closed on exec.
 struct Pipe {
   Descriptor readEnd;
   Descriptor writeEnd;
 
-  /// Throws HarnessError when there is none to be had.
+  /// Throws HarnessError if no pipe can be created.
   static Pipe make();
 };
 
-/// A process held by a descriptor, which cannot come to mean another process once this one has gone
-/// (pidfd_open(2)).
+/// A process identified by a descriptor, which unlike its id is never reused (pidfd_open(2)).
 class ProcessHandle {
 public:
   ProcessHandle() = default;
-  /// Empty when there is no such process.
+  /// Empty if the process does not exist.
   explicit ProcessHandle(pid_t process);
 
   explicit operator bool() const { return static_cast<bool>(descriptor_); }
 
   void signal(int number) const;
-  /// Waits until the process has ended; false when it still runs after the timeout.
+  /// Waits until the process has ended; returns false on timeout.
   bool waitForEnd(Milliseconds timeout) const;
 
 private:

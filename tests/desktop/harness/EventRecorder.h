@@ -33,7 +33,7 @@ struct ButtonPress {
   Clock::time_point at;
 };
 
-/// What a client window was told, in order of arrival.
+/// The events a client window received, in order of arrival.
 struct Recorded {
   std::vector<Configure> configures;
   std::vector<KeyPress> keys;
@@ -41,8 +41,8 @@ struct Recorded {
   int closeRequests = 0;
 };
 
-/// Reads one window's events on a thread of its own as they arrive, and answers the manager's pings. The
-/// connection must outlive it, and nobody else may read events from it.
+/// Reads one window's events on its own thread and answers the window manager's pings. The connection must
+/// outlive it, and nothing else may read events from it.
 class EventRecorder {
 public:
   EventRecorder(XConnection& connection, WindowId window);
@@ -54,9 +54,9 @@ public:
   bool focused() const;
   void forget();
 
-  /// Waits until the predicate holds, asking again after each event. False when time ran out.
+  /// Waits until the predicate holds, evaluating it after each event. Returns false on timeout.
   bool waitUntil(const Predicate& predicate, Milliseconds timeout) const;
-  /// Waits until no event has come for that long; false when they still come after the timeout.
+  /// Waits until no event has arrived for that long; returns false on timeout.
   bool waitForQuiet(Milliseconds quiet, Milliseconds timeout) const;
 
 private:

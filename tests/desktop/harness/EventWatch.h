@@ -7,20 +7,20 @@
 
 namespace tilwin::desktop {
 
-/// The events of the root window, its children, its client windows and its displays, as a signal to look
-/// again. The connection must outlive it.
+/// Waits for conditions, re-evaluating them on events of the root window, its children, the client windows
+/// and the displays. The connection must outlive it.
 class EventWatch {
 public:
   explicit EventWatch(XConnection& connection);
 
-  /// Waits until the predicate holds, asking again after every burst of events (and a few times a second,
-  /// for what sends no event: a file, a process). False when time ran out or the server is gone.
+  /// Waits until the predicate holds. Evaluates it after every burst of events, and a few times a second for
+  /// changes without an event (a file, a process). Returns false on timeout or if the connection is lost.
   bool waitUntil(const Predicate& predicate, Milliseconds timeout);
-  /// Waits until no event has come for that long. False when they still come after the timeout.
+  /// Waits until no event has arrived for that long. Returns false on timeout.
   bool waitForQuiet(Milliseconds quiet, Milliseconds timeout);
 
 private:
-  /// Takes all events that are here; true when there was one.
+  /// Reads all pending events; returns whether there was one.
   bool drain();
   void watchClients();
   bool waitForEvent(Clock::time_point until);

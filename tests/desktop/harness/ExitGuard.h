@@ -7,24 +7,24 @@
 
 namespace tilwin::desktop {
 
-/// What must not outlive this process: process groups and folders. Whoever makes one enrols it here and
-/// strikes it off when it is gone. Thread-safe.
+/// Process groups and folders that must not outlive this process. Their creators register them here and
+/// unregister them when they are gone. Thread-safe.
 class ExitGuard {
 public:
-  /// False once endNow has begun: the caller must end what it just made, itself.
+  /// Returns false once endNow has begun: the caller must then clean up what it just created.
   static bool enrolGroup(pid_t group);
   static void strikeGroup(pid_t group);
   static void enrolFolder(const std::filesystem::path& folder);
   static void strikeFolder(const std::filesystem::path& folder);
 
-  /// Kills every enrolled group and removes every enrolled folder. Nothing more can be enrolled.
+  /// Kills every registered group and removes every registered folder. Nothing can be registered afterwards.
   static void endNow();
 };
 
-/// While it lives, SIGINT, SIGTERM and SIGHUP end this process as they usually do, but not before
-/// ExitGuard::endNow. Make one at the start of main, before any other thread: the signals are blocked in
-/// every thread and taken by a thread of its own. (A SIGKILL cannot be caught; the children that
-/// ChildProcess started then die by their parent-death signal, and only folders stay.)
+/// While it exists, SIGINT, SIGTERM and SIGHUP call ExitGuard::endNow before they end this process as usual.
+/// Create one at the start of main, before any other thread: the signals are blocked in every thread and
+/// handled by a dedicated one. (SIGKILL cannot be caught; children of ChildProcess then die by their
+/// parent-death signal, and only folders remain.)
 class EndOnSignal {
 public:
   EndOnSignal();

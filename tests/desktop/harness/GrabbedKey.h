@@ -6,9 +6,9 @@
 
 namespace tilwin::desktop {
 
-/// Another program that has a key combination: a passive grab on the root window from a connection of its
-/// own, under every state of Caps Lock and Num Lock, held while this lives. Throws HarnessError when the
-/// combination is already taken.
+/// Another program that holds a key combination: a passive grab on the root window over its own connection,
+/// for every state of Caps Lock and Num Lock. The destructor releases it. Throws HarnessError if the
+/// combination is already grabbed.
 class GrabbedKey {
 public:
   GrabbedKey(const std::string& display, const std::string& chord);
@@ -17,8 +17,8 @@ private:
   XConnection connection_;
 };
 
-/// Whether some client holds that combination on the root window, found out by trying to grab it (and
-/// letting go). A manager may hold it on each window it frames instead; a grab on the root goes before those.
+/// Whether some client has grabbed that combination on the root window. Tries to grab it and releases it
+/// again. Does not see grabs of a window manager on its frame windows; a grab on the root takes precedence.
 bool keyIsGrabbed(const std::string& display, const std::string& chord);
 
 }  // namespace tilwin::desktop

@@ -8,8 +8,8 @@
 
 namespace tilwin::desktop {
 
-/// A person's hands: keys and pointer by the XTEST extension, on a connection of its own. Each call has been
-/// taken by the server when it returns. The destructor lets go of everything still held.
+/// Generates keyboard and pointer input by the XTEST extension, over its own connection. The server has
+/// processed each call when it returns. The destructor releases everything that is still pressed.
 class Input {
 public:
   explicit Input(const std::string& display);
@@ -17,8 +17,8 @@ public:
   Input(const Input&) = delete;
   Input& operator=(const Input&) = delete;
 
-  /// Presses and lets go of a combination: "Control+Alt+Left". Returns the moment just before the last key
-  /// went down.
+  /// Presses and releases a combination such as "Control+Alt+Left". Returns the time just before the last key
+  /// press.
   Clock::time_point press(const std::string& chord);
   /// The same with the last key given by its position, whatever is printed on it:
   /// pressAt("AC01", "Control+Alt").
@@ -29,7 +29,7 @@ public:
   void keyDown(const std::string& name);
   void keyUp(const std::string& name);
 
-  /// Switches a lock by pressing its key when it is not as wanted; throws HarnessError when that fails.
+  /// Presses the lock key if the lock is not in this state; throws HarnessError if that fails.
   void setCapsLock(bool on);
   void setNumLock(bool on);
   bool capsLock();
@@ -37,22 +37,21 @@ public:
 
   void movePointer(PixelPoint to);
   PixelPoint pointer();
-  /// Exchanges what the first and the third button do, for all programs, as a left-handed person's settings
-  /// would; and back.
+  /// Swaps the first and third button for all programs, like left-handed settings, or swaps them back.
   void setLeftHanded(bool on);
   void buttonDown(int button = 1);
   void buttonUp(int button = 1);
   void click(PixelPoint at, int button = 1);
-  /// Moves in a straight line like a hand: in so many steps, each taking so long.
+  /// Moves in a straight line, in this many steps of this duration.
   void glide(PixelPoint to, int steps = 20, Milliseconds step = Milliseconds{8});
-  /// Points there and presses, as soon as a window is there: kwin lays the strip by which a window without
-  /// borders is resized a moment after the window. Never so soon after another press that the two count as a
+  /// Moves the pointer there and presses the button, as soon as a window is there: kwin adds the resize strip
+  /// of a borderless window shortly after the window. Waits long enough after the last press not to make a
   /// double click.
   void takeHold(PixelPoint at, int button = 1);
-  /// Glides there and comes to rest as a hand does: the last moves are short ones, with time between them
-  /// for a program that looks at the pointer only now and then.
+  /// Glides there and slows down at the end: the last moves are short and far enough apart for a program that
+  /// samples the pointer.
   void comeToRest(PixelPoint at);
-  /// Takes hold, glides, lets go.
+  /// Presses, glides and releases.
   void drag(PixelPoint from, PixelPoint to, int steps = 20, Milliseconds step = Milliseconds{8});
 
   Keyboard& keyboard() { return keyboard_; }

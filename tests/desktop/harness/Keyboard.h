@@ -8,18 +8,18 @@
 
 namespace tilwin::desktop {
 
-/// The keys of a server's keyboard, found by what is printed on them or by where they are.
+/// The keys of a server's keyboard, found by symbol or by position.
 class Keyboard {
 public:
   explicit Keyboard(XConnection& connection) : connection_(connection) {}
 
-  /// The key that gives this symbol unshifted in the first layout: "a", "7", "Left", "Return", "BackSpace",
-  /// "minus" or "-", "Control", "Alt", "Shift", "Super", "F5", ...; or, as "<AC01>", the key at that position
-  /// of the board. Throws HarnessError when there is none.
+  /// The key with this unshifted symbol in the first layout: "a", "7", "Left", "Return", "BackSpace", "minus"
+  /// or "-", "Control", "Alt", "Shift", "Super", "F5", ...; or, as "<AC01>", the key at that position. Throws
+  /// HarnessError if there is none.
   xcb_keycode_t named(const std::string& name);
 
-  /// The key at a position of the board by its XKB name: "AC01" is A on an American board whatever the
-  /// layout is. Throws HarnessError when there is none.
+  /// The key at a position, by its XKB name: "AC01" is A on an American keyboard, whatever the layout. Throws
+  /// HarnessError if there is none.
   xcb_keycode_t at(const std::string& position);
 
   /// The keys of "Control+Alt+Left", modifiers first.

@@ -11,19 +11,20 @@ namespace tilwin::desktop {
 
 enum class Manager { openbox, xfwm4, metacity, kwin };
 
-/// Those that everything is run under.
+/// The window managers that all tests run under.
 inline constexpr std::array<Manager, 3> allManagers{Manager::openbox, Manager::xfwm4, Manager::metacity};
-/// Those that windows are dragged under: how a window moves with the pointer is each manager's own affair.
+/// The window managers that drags are tested under, as each implements moving a window by the pointer itself.
 inline constexpr std::array<Manager, 4> draggingManagers{Manager::openbox, Manager::xfwm4, Manager::metacity,
                                                          Manager::kwin};
 
-/// How a manager is set up. Always: none of Tilwin's default shortcuts is bound, and dragging to a screen
-/// edge tiles nothing.
+/// The settings of a window manager. None of Tilwin's default shortcuts is ever bound, and its own edge
+/// tiling is always off.
 struct ManagerSetup {
-  /// Its own compositor on or off; as it ships when not given. A manager without one ignores this.
+  /// Its built-in compositor on or off; its default if not given. Ignored if it has none.
   std::optional<bool> compositing = {};
-  /// Binds its own tile-to-left and tile-to-right to nativeTileLeft and nativeTileRight. Not so kwin, whose
-  /// keys are taken by a service that drops a press until the two have met, and shows nobody when they have.
+  /// Binds its own tile-to-left and tile-to-right to nativeTileLeft and nativeTileRight. Ignored for kwin: a
+  /// separate service grabs its keys and drops presses until it has connected to kwin, which cannot be
+  /// observed.
   bool nativeTileKeys = false;
   bool operator==(const ManagerSetup&) const = default;
 };
@@ -31,15 +32,15 @@ struct ManagerSetup {
 inline constexpr const char* nativeTileLeft = "Super+Left";
 inline constexpr const char* nativeTileRight = "Super+Right";
 
-/// What the tests need to know about one manager: a row of the table of managers.
+/// What the tests need to know about a window manager: a row of the table.
 struct ManagerTraits {
   Manager manager;
-  /// In test names and logs, and what it calls itself to others, but for capitals.
+  /// The name in tests and logs; apart from capitals, also its _NET_WM_NAME.
   const char* name;
   const char* program;
-  /// Its argument: keep away from any session manager.
+  /// The argument that keeps it from connecting to a session manager.
   const char* argument;
-  /// Whether it composites as it ships, and whether it can at all.
+  /// Whether it composites by default, and whether it can.
   bool compositesByDefault;
   bool canComposite;
   /// The modifier held to move a window by any part of it.
@@ -49,10 +50,10 @@ struct ManagerTraits {
 };
 
 const ManagerTraits& traits(Manager manager);
-/// The manager with that name in the table; nothing when there is none.
+/// The window manager with this name; nothing if there is none.
 std::optional<Manager> managerNamed(std::string_view name);
 
-/// Each writes one manager's own settings files into the home, as ManagerSetup describes.
+/// Each writes the settings files of one window manager into the home, as ManagerSetup describes.
 void configureOpenbox(const PrivateHome& home, const ManagerSetup& setup);
 void configureXfwm4(const PrivateHome& home, const ManagerSetup& setup);
 void configureMetacity(const PrivateHome& home, const ManagerSetup& setup);

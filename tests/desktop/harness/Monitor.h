@@ -16,8 +16,8 @@ struct Monitor {
   bool operator==(const Monitor&) const = default;
 };
 
-/// The space that one window keeps free along the screen's edges: _NET_WM_STRUT_PARTIAL (EWMH), in its
-/// order, the start and end pairs being inclusive.
+/// The space that a window reserves along the screen's edges: _NET_WM_STRUT_PARTIAL (EWMH), in its order;
+/// start and end are inclusive.
 struct Strut {
   WindowId window = 0;
   Extents extents = {};
@@ -28,7 +28,7 @@ struct Strut {
 /// The monitors in the server's order.
 std::vector<Monitor> monitorsOf(XConnection& connection);
 
-/// The part of a monitor that no strut touching it covers, on a screen of that size.
+/// The part of a monitor that is not covered by a strut, on a screen of that size.
 Rect visibleFrame(const Monitor& monitor, const std::vector<Strut>& struts, PixelSize screen);
 
 }  // namespace tilwin::desktop

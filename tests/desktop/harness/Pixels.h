@@ -28,7 +28,7 @@ struct Extents {
   bool operator==(const Extents&) const = default;
 };
 
-/// An X window id; 0 is no window.
+/// An X window id; 0 means no window.
 using WindowId = std::uint32_t;
 
 }  // namespace tilwin::desktop

@@ -10,12 +10,12 @@
 
 namespace tilwin::desktop {
 
-/// The processes with the path of that home in their environment.
+/// The processes that have this home's path in their environment.
 std::vector<pid_t> processesIn(const std::string& home);
 
-/// A temporary home folder with the XDG base folders in it (XDG Base Directory Specification), and the
-/// environment that keeps programs inside it. The destructor ends every process that still runs in this
-/// home, whatever group or parent it has by then, and removes the folder.
+/// A temporary home folder with the XDG base folders (XDG Base Directory Specification), and the environment
+/// that makes programs use it. The destructor ends every process still running in this home, whatever its
+/// group or parent, and removes the folder.
 class PrivateHome {
 public:
   /// Throws HarnessError when the folders cannot be made.
@@ -29,11 +29,11 @@ public:
   std::filesystem::path data() const { return path_ / "data"; }
   std::filesystem::path cache() const { return path_ / "cache"; }
   std::filesystem::path runtime() const { return path_ / "run"; }
-  /// The log of a program started by the kit: "logs/<name>.log".
+  /// The log of a program started by the harness: "logs/<name>.log".
   std::filesystem::path log(const std::string& name) const;
 
-  /// HOME, the XDG folders, PATH, LANG=C.UTF-8, and what keeps toolkits quiet and alike everywhere. No
-  /// DISPLAY, no bus, nothing of the desktop that started this process.
+  /// HOME, the XDG folders, PATH, LANG=C.UTF-8, and settings that make toolkits behave alike on all machines.
+  /// No DISPLAY, no bus, nothing from the desktop that started this process.
   Environment environment() const;
 
   /// Writes a file below the home, with its folders. Throws HarnessError on failure.

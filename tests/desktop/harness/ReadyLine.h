@@ -16,7 +16,7 @@ struct ReadyProcess {
 inline constexpr int readyDescriptor = 3;
 
 /// Starts the program and waits for its line on the descriptor. Throws HarnessError, with the end of its
-/// output, when it ends or time runs out first.
+/// output, if it ends first or on timeout.
 ReadyProcess startReady(Launch launch, Milliseconds timeout = startTimeout, int descriptor = readyDescriptor);
 
 }  // namespace tilwin::desktop

@@ -10,15 +10,15 @@
 
 namespace tilwin::desktop {
 
-/// Installed programs that stand for the ways windows behave.
+/// Installed programs, each an example of how windows can behave.
 enum class Application {
   /// Sizes in character cells.
   xterm,
   /// GTK 3 with a header bar: draws its own frame, and a shadow on composited screens.
   gtkHeaderBar,
-  /// GTK 3 with a menu bar, framed by the manager.
+  /// GTK 3 with a menu bar, framed by the window manager.
   gtkMenuBar,
-  /// Qt 5 with a menu bar, framed by the manager.
+  /// Qt 5 with a menu bar, framed by the window manager.
   qt,
 };
 
@@ -36,12 +36,12 @@ struct ApplicationTraits {
 
 const ApplicationTraits& traits(Application application);
 
-/// A running application with its main window. The destructor ends it and waits until the manager has let go
-/// of the window, whose number the next application may get.
+/// A running application with its main window. The destructor ends it and waits until the window manager has
+/// released the window, whose id the next application may get.
 class RealApplication {
 public:
-  /// Starts it and waits for its main window, managed and drawn at its first size. Throws HarnessError when
-  /// none comes.
+  /// Starts it and waits until its main window is managed and drawn at its initial size. Throws HarnessError
+  /// on timeout.
   RealApplication(Application application, const PrivateHome& home, const Environment& environment,
                   Desktop& desktop);
   RealApplication(const RealApplication&) = delete;

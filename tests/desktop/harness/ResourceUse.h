@@ -7,16 +7,16 @@
 
 namespace tilwin::desktop {
 
-/// What a process costs the machine, from /proc (proc(5)).
+/// The memory and processor use of a process, from /proc (proc(5)).
 struct ResourceUse {
-  std::int64_t proportionalKiB = 0;  ///< PSS: its own memory and its share of what it shares
-  std::int64_t wakeUps = 0;          ///< how often its threads have gone to sleep and been woken
-  std::int64_t processorTime = 0;    ///< nanoseconds on a processor, of its threads that still run
+  std::int64_t proportionalKiB = 0;  ///< PSS: private memory and a proportional share of shared memory
+  std::int64_t wakeUps = 0;          ///< voluntary context switches of its threads
+  std::int64_t processorTime = 0;    ///< nanoseconds, summed over its live threads
   int threads = 0;
   bool operator==(const ResourceUse&) const = default;
 };
 
-/// Nothing when the process has gone.
+/// Returns nothing if the process has ended.
 std::optional<ResourceUse> useOf(pid_t process);
 
 }  // namespace tilwin::desktop

@@ -9,15 +9,15 @@
 
 namespace tilwin::desktop {
 
-/// What is on the screen in that part of the root window, cut to the screen; everything when not given. On
-/// a composited screen this is what the compositor painted last. Throws HarnessError when the server refuses.
+/// The content of the screen within `area`, clipped to the screen; the whole screen if not given. On a
+/// composited screen, what the compositor painted last. Throws HarnessError if the server refuses.
 QImage screenshot(XConnection& connection, const std::optional<Rect>& area = std::nullopt);
 
-/// Writes it as PNG; throws HarnessError when the file cannot be written.
+/// Writes it as PNG; throws HarnessError if the file cannot be written.
 void saveScreenshot(XConnection& connection, const std::filesystem::path& file,
                     const std::optional<Rect>& area = std::nullopt);
 
-/// How many different colours an image has, counted up to a limit.
+/// The number of different colours in an image, counted up to a limit.
 int colourCount(const QImage& image, int limit = 256);
 
 }  // namespace tilwin::desktop

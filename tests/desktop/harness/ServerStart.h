@@ -9,19 +9,19 @@
 
 namespace tilwin::desktop {
 
-/// A server that answered with its display number.
+/// A running server and its display.
 struct StartedServer {
   ChildProcess process;
   /// ":N".
   std::string display;
 };
 
-/// Starts an X server that chooses a free display number and tells it through -displayfd. Throws
-/// HarnessError, with the end of its log, when it does not.
+/// Starts an X server, which chooses a free display number and reports it through -displayfd. Throws
+/// HarnessError, with the end of its log, if that fails.
 StartedServer startServer(const PrivateHome& home, const std::string& name, std::vector<std::string> argv);
 
-/// A mode line of the X configuration and of xrandr: the numbers after the name. Made up timings, within the
-/// dummy driver's pixel clock.
+/// The numbers of a mode line, after its name, for the X configuration and xrandr. The timings are arbitrary,
+/// within the dummy driver's pixel clock.
 std::vector<std::string> modeTimings(PixelSize size);
 
 /// The Xorg configuration of a dummy server.

@@ -16,10 +16,11 @@
 
 namespace tilwin::desktop {
 
-/// A private D-Bus session bus with the installed services activatable on it.
+/// A private D-Bus session bus that can activate the installed services.
 class SessionBus {
 public:
-  /// `environment` is that of the services the bus starts. Throws HarnessError when the bus does not start.
+  /// `environment` is passed to the services that the bus starts. Throws HarnessError if the bus does not
+  /// start.
   SessionBus(const PrivateHome& home, const Environment& environment);
 
   /// DBUS_SESSION_BUS_ADDRESS.
@@ -34,25 +35,25 @@ private:
 struct SessionOptions {
   Manager manager = Manager::openbox;
   ManagerSetup setup = {};
-  /// The size of the virtual screen, when no displays are given.
+  /// The size of the virtual screen if no displays are given.
   PixelSize screen{1920, 1080};
-  /// The displays of a dummy server; empty: a virtual screen.
+  /// The displays of a dummy server; if empty, a virtual screen is used.
   std::vector<PluggedDisplay> displays = {};
   /// How large a dummy server's screen may grow.
   PixelSize largest{7680, 4320};
 };
 
-/// A whole private desktop: home, server, bus, window manager, and the witness and hands of a test.
+/// A complete private desktop: home, server, bus and window manager, with an observer and input for the test.
 /// Everything started in it ends with it.
 class Session {
 public:
-  /// Throws HarnessError when a part does not start.
+  /// Throws HarnessError if a part does not start.
   explicit Session(const SessionOptions& options = {});
   ~Session() = default;
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  /// The same, but nothing with the reason in `whyNot` when the machine cannot run the server.
+  /// The same, but returns null and the reason in `whyNot` if the machine cannot run the server.
   static std::unique_ptr<Session> tryStart(const SessionOptions& options, std::string& whyNot);
 
   PrivateHome& home() { return home_; }
@@ -62,13 +63,13 @@ public:
   Desktop& desktop() { return desktop_; }
   Input& input() { return input_; }
 
-  /// What a program of this desktop is started with.
+  /// The environment of the programs on this desktop.
   Environment environment() const;
   /// Starts a program in the session, its output in home().log(name).
   ChildProcess start(const std::string& name, const std::vector<std::string>& argv);
   RealApplication open(Application application);
   TestWindow window(const TestWindowOptions& options = {});
-  /// Of the whole screen, or of one part.
+  /// Saves a screenshot of the screen or of `area`.
   void screenshot(const std::filesystem::path& file, const std::optional<Rect>& area = std::nullopt);
 
 private:

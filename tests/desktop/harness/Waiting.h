@@ -5,15 +5,15 @@
 
 namespace tilwin::desktop {
 
-/// The clock of all recorded times: monotonic, so that a press and the configure it causes can be subtracted.
+/// The clock of all recorded times. Monotonic, so that differences between events are meaningful.
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::milliseconds;
 
-/// How long a program may take to show its first window, or a server or manager to be ready, on a busy
+/// The timeout for a program's first window, or for a server or window manager to be ready, on a busy
 /// machine.
 inline constexpr Milliseconds startTimeout{20000};
 
-/// How long a desktop may take to do what it was asked.
+/// The timeout for a desktop to carry out a request.
 inline constexpr Milliseconds answerTimeout{5000};
 
 using Predicate = std::function<bool()>;

@@ -6,11 +6,11 @@
 
 namespace tilwin::desktop {
 
-/// A window manager running on a server. The home and the witness must outlive it.
+/// A window manager running on a server. The home and the desktop must outlive it.
 class WindowManager {
 public:
-  /// Writes the manager's settings, starts it and waits until it manages (_NET_SUPPORTING_WM_CHECK names a
-  /// window that names itself; EWMH) and answers requests. Throws HarnessError when that does not come about.
+  /// Writes the window manager's settings, starts it and waits until it announces itself
+  /// (_NET_SUPPORTING_WM_CHECK; EWMH) and answers requests. Throws HarnessError on timeout.
   WindowManager(Manager manager, const ManagerSetup& setup, const PrivateHome& home, Environment environment,
                 Desktop& desktop);
 
@@ -18,19 +18,18 @@ public:
   bool composites() const;
   ChildProcess& process() { return process_; }
 
-  /// Ends the manager; its windows stay, unmanaged.
+  /// Ends the window manager; the windows remain, unmanaged.
   void stop();
-  /// Starts a stopped manager again, and waits until it manages.
+  /// Starts a stopped window manager again and waits until it is ready.
   void start();
-  /// Ends it and starts it anew; done when it manages all the windows there were.
+  /// Restarts it and waits until it manages all existing windows.
   void restart();
 
 private:
-  /// A manager announces itself before it takes requests, and may drop those that come too early. A frame
-  /// asked for and answered (_NET_REQUEST_FRAME_EXTENTS; EWMH) shows it at work, or where it does not know
-  /// that, a window framed.
+  /// A window manager announces itself before it handles requests, and may drop early ones. It is ready once
+  /// it answers _NET_REQUEST_FRAME_EXTENTS (EWMH) or, if it does not support that, has framed a window.
   bool managerAnswers();
-  /// Whether the manager says so (_NET_SUPPORTED; EWMH).
+  /// Whether the window manager lists it in _NET_SUPPORTED (EWMH).
   bool supports(const std::string& message);
 
   const ManagerTraits& traits_;

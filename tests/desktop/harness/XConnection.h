@@ -19,12 +19,12 @@ struct FreeXcb {
   void operator()(void* memory) const { std::free(memory); }
 };
 
-/// A reply or event of xcb, freed with its owner; empty when the request failed.
+/// Owns a reply or event of xcb; null if the request failed.
 template <typename T>
 using XcbPtr = std::unique_ptr<T, FreeXcb>;
 
-/// One connection to an X server, with the few requests every part of the kit makes. Requests about windows
-/// that have gone answer with nothing. Throws HarnessError when the server cannot be reached.
+/// A connection to an X server, with the requests that all parts of the harness need. Requests about windows
+/// that do not exist return nothing. Throws HarnessError if the server cannot be reached.
 class XConnection {
 public:
   explicit XConnection(const std::string& display);
@@ -45,9 +45,9 @@ public:
   void sendToRoot(WindowId window, const std::string& message, const std::array<std::uint32_t, 5>& data);
 
   void flush();
-  /// A round trip: every earlier request has been dealt with when it returns.
+  /// A round trip: the server has processed every earlier request when it returns.
   void sync();
-  /// True while the server is there.
+  /// Whether the connection is still open.
   bool alive() const;
 
 private:

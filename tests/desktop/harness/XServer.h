@@ -19,16 +19,16 @@ struct PluggedDisplay {
   bool operator==(const PluggedDisplay&) const = default;
 };
 
-/// A private X server on a display number of its own choosing. The home must outlive it.
+/// A private X server on a free display number. The home must outlive it.
 class XServer {
 public:
-  /// Xvfb: one screen of a fixed size, no outputs to plug. Throws HarnessError when it does not start.
+  /// Xvfb: one screen of a fixed size, without outputs. Throws HarnessError if it does not start.
   static std::unique_ptr<XServer> virtualScreen(const PrivateHome& home, PixelSize size,
                                                 const std::vector<std::string>& extraArguments = {});
 
-  /// Xorg with the dummy driver: 16 outputs that can be plugged and unplugged, with the RandR events a real
-  /// one gives; the first display is plugged at its start. `largest` bounds the whole screen. Nothing, with
-  /// the reason in `whyNot`, when it does not start (Xorg needs root here, and its dummy driver).
+  /// Xorg with the dummy driver: 16 outputs that can be plugged and unplugged, with the same RandR events as
+  /// real ones. The first display is plugged at start. `largest` limits the whole screen. Returns null and
+  /// the reason in `whyNot` if it does not start (Xorg needs root and its dummy driver).
   static std::unique_ptr<XServer> dummy(const PrivateHome& home, const std::vector<PluggedDisplay>& displays,
                                         PixelSize largest, std::string& whyNot);
 
@@ -36,22 +36,22 @@ public:
   const std::string& display() const { return display_; }
   ChildProcess& process() { return process_; }
 
-  /// The environment a client of this server needs: DISPLAY.
+  /// The environment of this server's clients: DISPLAY.
   Environment environment() const;
 
-  /// Plugs and unplugs until exactly these displays are lit, in one go. The change is done when the call
-  /// returns, its RandR events sent. Dummy servers only. Throws HarnessError on failure.
+  /// Plugs and unplugs displays in one step, so that exactly these are active. When the call returns, the
+  /// change is complete and its RandR events are sent. Dummy servers only. Throws HarnessError on failure.
   void arrange(const std::vector<PluggedDisplay>& displays);
-  /// arrange with one display more (or changed, when that output is lit already), or one fewer.
+  /// Calls arrange with this display added (or changed, if its output is active), or removed.
   void plug(const PluggedDisplay& display);
   void unplug(const std::string& output);
   const std::vector<PluggedDisplay>& displays() const { return displays_; }
 
-  /// Cuts a virtual screen into monitors side by side, left to right, of these widths, by RandR 1.5 monitor
-  /// objects: clients see several monitors, though no output changes. Throws HarnessError on failure.
+  /// Splits a virtual screen into RandR 1.5 monitors of these widths, left to right. Clients see several
+  /// monitors, though no output changes. Throws HarnessError on failure.
   void splitIntoMonitors(const std::vector<int>& widths);
 
-  /// Sets the keyboard's layouts, e.g. "us,de" (XKB rules), as a settings panel would.
+  /// Sets the keyboard layouts, such as "us,de" (XKB rules).
   void setKeyboardLayout(const std::string& layouts);
 
 private:

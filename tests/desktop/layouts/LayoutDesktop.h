@@ -13,11 +13,11 @@
 
 namespace tilwin::desktop {
 
-/// Two displays, a window manager, and what the program places layouts with, in this process. The laptop is
-/// the primary display and yet the second in order, as it stands to the right of the monitor.
+/// Two displays, a window manager, and the parts of the program that place layouts, in this process. The
+/// laptop is the primary display but the second in order, as it is to the right of the monitor.
 class LayoutDesktop : public testing::Test {
 public:
-  static Manager manager;  ///< what this run of the test program was asked to test with
+  static Manager manager;  ///< from the command line of this run
 
   static void TearDownTestSuite();
 
@@ -34,24 +34,25 @@ protected:
   SnapController& controller();
   WindowProvider& provider();
 
-  /// A window of another program, at its first place, in front of those opened before.
+  /// Opens a window of another program at its initial place, in front of the others.
   WindowId open(const std::string& className, const std::string& title,
                 const Rect& frame = {300, 250, 640, 480});
 
-  /// The layout in a layouts file with this text.
+  /// The layout in a layouts file with this content.
   static Layout fromFile(const std::string& text);
-  /// The layout in a layouts file with these slots and nothing of interest besides.
+  /// The layout in a layouts file with these slots.
   static Layout withSlots(const std::string& slots);
-  /// The same layout once it has been in a file.
+  /// The same layout, written to a file and read back.
   static Layout savedAndLoaded(const Layout& layout);
 
-  /// Whether the frame comes to be that and stays, as a stranger to Tilwin sees it. Tilwin goes on working.
+  /// Waits until the window is at this frame and checks that it stays there, observed independently of
+  /// Tilwin, which keeps running.
   static testing::AssertionResult stands(WindowId window, const Rect& frame, double tolerance = 0);
-  /// The same for a window whose size goes by steps: up to one step smaller.
+  /// The same for a window with resize increments: up to one increment smaller.
   static testing::AssertionResult standsByItsSteps(WindowId window, const Rect& frame);
-  /// Lets Tilwin and the desktop work until it holds. False when it does not in time.
+  /// Runs Tilwin and the desktop until the condition holds. Returns false on timeout.
   static bool eventually(const Predicate& condition);
-  /// Lets Tilwin work for that long.
+  /// Runs Tilwin for that long.
   static void work(Milliseconds time);
   /// As a person does it, who sees where the window has come to.
   static void placeByHand(WindowId window, const Rect& frame);

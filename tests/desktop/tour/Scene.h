@@ -7,14 +7,14 @@
 
 namespace tilwin::desktop {
 
-/// One shortcut or drag played on a real window, and what came of it.
+/// A shortcut or drag performed on a real window, and its result.
 struct Scene {
-  std::string by = {};  ///< the shortcut as menus show it, or that it was dragged
+  std::string by = {};  ///< the shortcut as menus show it, or "drag"
   std::string action = {};
   std::string application = {};
   Rect expected = {};
   Rect seen = {};
-  double milliseconds = 0;  ///< from the press, or from letting go, to the window standing where it stays
+  double milliseconds = 0;  ///< from the key press or release until the window has its final frame
   bool right = false;
 };
 

@@ -12,7 +12,7 @@
 
 namespace tilwin::desktop {
 
-/// What is pressed in one scene, and where the window should end.
+/// What is pressed in one scene, and the expected frame of the window.
 struct Cue {
   std::string shortcut;
   std::string action;
@@ -20,21 +20,21 @@ struct Cue {
   Rect expected;
 };
 
-/// Plays scenes on one session: presses, watches, takes the picture and keeps the result.
+/// Performs scenes in one session: presses, observes, takes a screenshot and records the result.
 class Stage {
 public:
   /// Pictures go into `folder`; the scenes are appended to `scenes`. All must outlive this.
   Stage(Session& session, std::filesystem::path folder, std::vector<Scene>& scenes);
 
-  /// Gives the window the focus and the frame, so that the next scene starts from there.
+  /// Focuses the window and puts it at the frame from which the next scene starts.
   void set(const RealApplication& application, const Rect& frame);
   void play(const RealApplication& application, const Cue& cue);
-  /// Drags the window by its title bar; one picture just before it is let go, with the preview, and one
-  /// after.
+  /// Drags the window by its title bar. Takes one screenshot with the preview, just before the release, and
+  /// one after.
   void drag(const RealApplication& application, const DragExample& example);
 
 private:
-  /// Waits for the window to stand right since that moment, and keeps the scene with its picture.
+  /// Waits until the window has the expected frame, and records the scene with its screenshot.
   void keep(const RealApplication& application, Scene scene, Clock::time_point since);
   [[nodiscard]] bool previews(const Rect& frame);
   [[nodiscard]] bool isRight(WindowId window, const Rect& expected);
