@@ -62,4 +62,26 @@ private:
   std::optional<X11Overlay> overlay_;
 };
 
+/// An overlay on a desktop without a compositor; one desktop serves all tests.
+class ShownOverlay : public testing::Test {
+protected:
+  void TearDown() override { desk_.overlay().hide(); }
+
+  void expectClicksToReach(const desktop::TestWindow& window, desktop::PixelPoint at) {
+    desk_.session().input().movePointer(at);
+    EXPECT_EQ(desk_.underPointer(), desk_.desktop().topLevel(window.id()));
+    desk_.session().input().click(at);
+    EXPECT_TRUE(window.waitUntil([&] { return !window.recorded().buttons.empty(); }));
+  }
+
+  static OverlaidDesktop& plainDesk() {
+    static OverlaidDesktop desk(desktop::Manager::openbox, false);
+    return desk;
+  }
+
+  static constexpr Rect sheet{100, 80, 400, 300};
+
+  OverlaidDesktop& desk_ = plainDesk();
+};
+
 }  // namespace tilwin::x11
