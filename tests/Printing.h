@@ -105,15 +105,21 @@ void printMoment(std::chrono::time_point<Clock, Duration> moment, std::ostream& 
 }
 
 template <typename T>
-constexpr bool isMoment = false;
+inline constexpr bool isMoment = false;
 template <typename Clock, typename Duration>
-constexpr bool isMoment<std::chrono::time_point<Clock, Duration>> = true;
+inline constexpr bool isMoment<std::chrono::time_point<Clock, Duration>> = true;
 
 template <typename T>
 consteval bool isPrintedByField() {
   if constexpr (std::is_aggregate_v<T> && std::is_class_v<T>) return fieldCount<T>() <= mostFields;
   return false;
 }
+
+/// Types that are only declared have no value to look at.
+template <typename T>
+concept Complete = requires {
+  sizeof(T);
+};
 
 /// Prints what neither has an `operator<<` nor is a container.
 struct PlainPrinter {
@@ -144,8 +150,9 @@ template <typename T>
 requires(!std::is_convertible_v<const T&, std::string_view>) struct testing::internal::FindFirstPrinter<
     T, void, testing::internal::ConvertibleToStringViewPrinter, testing::internal::RawBytesPrinter,
     testing::internal::FallbackPrinter> {
-  using type = std::conditional_t < requires { sizeof(T); }
-  , tilwin::printing::PlainPrinter, FallbackPrinter > ;
+  // NOLINTNEXTLINE(readability-identifier-naming): GoogleTest's name
+  using type =
+      std::conditional_t<tilwin::printing::Complete<T>, tilwin::printing::PlainPrinter, FallbackPrinter>;
 };
 
 /// RapidCheck would print "<\?\?\?>".

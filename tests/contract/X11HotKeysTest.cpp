@@ -90,7 +90,7 @@ protected:
     other.sync();
   }
 
-  bool settle(const std::function<bool()>& condition) {
+  static bool settle(const std::function<bool()>& condition) {
     const auto until = desktop::Clock::now() + patience;
     while (!condition()) {
       if (desktop::Clock::now() >= until) return false;

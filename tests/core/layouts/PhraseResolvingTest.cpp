@@ -116,10 +116,10 @@ TEST(PhraseSlots, EveryActionWithoutARegionGetsTheFallbackAndEveryOtherItsRegion
 }
 
 TEST(PhraseSlots, ReportQueriesThatMeanNoneOrSeveralInTheirOrder) {
-  const Clauses clauses{{"music", SnapAction::leftHalf},
-                        {"notes", SnapAction::rightHalf},
-                        {"mai", SnapAction::topHalf},
-                        {"music", SnapAction::center}};
+  const std::vector<PhraseParser::Clause> clauses{{"music", SnapAction::leftHalf},
+                                                  {"notes", SnapAction::rightHalf},
+                                                  {"mai", SnapAction::topHalf},
+                                                  {"music", SnapAction::center}};
   const auto [made, unresolved] = slots(clauses, {"Mail", "Mailplane", "Notes"});
   ASSERT_EQ(made.size(), 1);
   EXPECT_EQ(made[0].appName, "Notes");
