@@ -122,6 +122,28 @@ TEST_F(X11PointerPace, TellsNoMoveSoonerThanAPauseAfterTheLastWasDealtWith) {
   EXPECT_GT(told, 3);
 }
 
+TEST_F(X11PointerPace, MotionsThatArriveTogetherAreOneMove) {
+  int told = 0;
+  const auto token = onMoves([&] { ++told; });
+  hand().buttonDown();
+  arrive();
+  for (const int x : {100, 150, 200}) hand().movePointer({x, 100});
+  arrive();
+  EXPECT_EQ(told, 1);
+  hand().buttonUp();
+}
+
+TEST_F(X11PointerPace, AMotionThatArrivesAfterTheReleaseIsNoMove) {
+  int told = 0;
+  const auto token = onMoves([&] { ++told; });
+  hand().buttonDown();
+  arrive();
+  hand().buttonUp();
+  hand().movePointer({300, 200});
+  arrive();
+  EXPECT_EQ(told, 0);
+}
+
 TEST_F(X11PointerPace, ThePlaceOfTheHeldWindowComesWithTheLookAtThePointer) {
   const auto window = session_.window({.area = {400, 300, 500, 400}});
   const auto frame = held_->frame(window.id());
