@@ -140,6 +140,17 @@ TEST_F(X11HotKeysOnChangedKeyboard, AKeyThatBecameALockDoesNotGetInTheWay) {
   EXPECT_TRUE(pressed({1, 2}));
 }
 
+TEST_F(X11HotKeysOnChangedKeyboard, AKeyMadeALockInTheRunningKeymapDoesNotGetInTheWay) {
+  run({"xmodmap", "-e", "add mod3 = Scroll_Lock"});
+  EXPECT_TRUE(settle([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }));
+}
+
+TEST_F(X11HotKeysOnChangedKeyboard, TheKeyWithTheLowestCodeMayBeALockToo) {
+  run({"xmodmap", "-e", "keysym Scroll_Lock = NoSymbol", "-e", "keycode 8 = Scroll_Lock", "-e",
+       "add mod3 = Scroll_Lock"});
+  EXPECT_TRUE(settle([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }));
+}
+
 TEST_F(X11HotKeysOnChangedKeyboard, WhatIsALockNoMoreIsGivenBack) {
   makeScrollLockAModifier();
   EXPECT_TRUE(settle([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }));
