@@ -25,6 +25,8 @@ public:
 
   /// As they are once every event so far has been handled.
   const std::vector<DisplayInfo>& current() {
+    const desktop::XcbPtr<xcb_get_input_focus_reply_t> afterEvents(
+        xcb_get_input_focus_reply(x_->get(), xcb_get_input_focus(x_->get()), nullptr));
     x_->dispatch();
     return displays_->current();
   }
@@ -59,6 +61,16 @@ TEST(X11DisplaysOfServer, ThePrimaryOneComesFirstWhereverItStands) {
   EXPECT_TRUE(displays.current()[0].isPrimary);
   EXPECT_EQ(displays.current()[1].frame, (Rect{0, 0, 1440, 900}));
   EXPECT_FALSE(displays.current()[1].isPrimary);
+}
+
+TEST(X11DisplaysOfServer, MonitorsMadeByHandAreNoticedWithoutAWindowManager) {
+  desktop::Session session;
+  ReadDisplays displays(session);
+  session.manager().stop();
+  ASSERT_EQ(displays.current().size(), 1U);
+  session.server().splitIntoMonitors({1200, 720});
+  ASSERT_EQ(displays.current().size(), 2U);
+  EXPECT_EQ(displays.current()[1].frame, (Rect{1200, 0, 720, 1080}));
 }
 
 TEST(X11DisplaysOfServer, APanelThatGrowsTakesMoreRoom) {
