@@ -167,6 +167,36 @@ TEST_F(X11Windows, AManagerIsAskedForAFrameAsAPagerAsksInTheSightOfOtherClients)
                                           static_cast<std::uint32_t>(-30), 200, 500, 400}));
 }
 
+TEST_F(X11Windows, AWindowThatClosedUnnoticedIsNotMoved) {
+  auto window = open({.title = "text"});
+  const auto id = listed("text").value_or(WindowInfo()).id;
+  window.destroy();
+  ASSERT_TRUE(session.desktop().waitUntil([&] { return session.desktop().clients().empty(); }));
+  EXPECT_FALSE(provider->setFrame(id, {300, 200, 500, 400}));
+}
+
+TEST_F(X11Windows, AWindowThatLeavesTheClientListIsAnotherWindowWhenItIsBack) {
+  const auto window = open({.title = "text"});
+  session.manager().stop();
+  auto& manager = session.desktop().connection();
+  const auto idWhenListed = [&](const std::vector<std::uint32_t>& windows) {
+    xcb_change_property(manager.get(), XCB_PROP_MODE_REPLACE, manager.root(),
+                        manager.atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW, 32,
+                        static_cast<std::uint32_t>(windows.size()), windows.data());
+    manager.sync();
+    (void)titleAt(inWindow);  // answered after the event has been sent
+    x->dispatch();
+    const auto found = provider->window(inWindow);
+    return found ? std::optional(found->id) : std::nullopt;
+  };
+  const auto first = idWhenListed({window.id()});
+  ASSERT_TRUE(first);
+  EXPECT_EQ(idWhenListed({}), std::nullopt);
+  const auto second = idWhenListed({window.id()});
+  ASSERT_TRUE(second);
+  EXPECT_NE(second, first);
+}
+
 TEST_F(X11Windows, AFrameAskedForAheadIsThatOfItsOwnWindow) {
   const auto first = open({.title = "first", .area = {100, 100, 400, 300}});
   const auto second = open({.title = "second", .area = {700, 500, 500, 200}});
