@@ -79,4 +79,21 @@ TEST_F(X11WindowAtPoint, AWindowThatIsNotShownIsNotThere) {
   EXPECT_TRUE(session.desktop().waitUntil([&] { return under(inBoth) == std::nullopt; }));
 }
 
+TEST_F(X11WindowAtPoint, AListedWindowThatIsUnmappedWhereItStoodIsNotThere) {
+  SilentLog log;
+  const X11Connection x(log);  // refuses to connect without a window manager
+  auto away = session.window({.area = {200, 150, 640, 480}});
+  session.manager().stop();
+  auto& manager = session.desktop().connection();
+  const xcb_window_t listed = away.id();
+  xcb_change_property(manager.get(), XCB_PROP_MODE_REPLACE, manager.root(), manager.atom("_NET_CLIENT_LIST"),
+                      XCB_ATOM_WINDOW, 32, 1, &listed);
+  manager.sync();
+  const auto sheet = session.window(unmanaged({0, 0, 1920, 1080}));
+  ASSERT_EQ(managedWindowAt(x, inBoth), listed);
+  away.unmap();
+  EXPECT_TRUE(away.settle());
+  EXPECT_EQ(managedWindowAt(x, inBoth), std::nullopt);
+}
+
 }  // namespace tilwin::x11
