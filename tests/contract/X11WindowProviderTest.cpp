@@ -197,6 +197,13 @@ TEST_F(X11Windows, AWindowThatLeavesTheClientListIsAnotherWindowWhenItIsBack) {
   EXPECT_NE(second, first);
 }
 
+TEST_F(X11Windows, AWindowIsNoLongerHeldOnceTheNextDragLooksForItsOwn) {
+  const auto window = open({.title = "text"});
+  ASSERT_TRUE(provider->frame(listed("text").value_or(WindowInfo()).id));
+  EXPECT_EQ(titleAt({1500, 900}), std::nullopt);
+  EXPECT_EQ(held->letGo(), XCB_WINDOW_NONE);
+}
+
 TEST_F(X11Windows, AFrameAskedForAheadIsThatOfItsOwnWindow) {
   const auto first = open({.title = "first", .area = {100, 100, 400, 300}});
   const auto second = open({.title = "second", .area = {700, 500, 500, 200}});
