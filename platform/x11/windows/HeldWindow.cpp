@@ -5,10 +5,8 @@
 namespace tilwin::x11 {
 
 void HeldWindow::askAhead() {
-  asked_.reset();
-  if (window_ != XCB_WINDOW_NONE) {
-    asked_.emplace(Question{window_, x_.generation(), PlaceQuestions(x_, window_)});
-  }
+  if (window_ == XCB_WINDOW_NONE) return;
+  asked_.emplace(Question{window_, x_.generation(), PlaceQuestions(x_, window_)});
 }
 
 std::optional<Rect> HeldWindow::frame(xcb_window_t window) {
