@@ -63,9 +63,9 @@ protected:
 
 TEST_F(X11HeldWindow, NothingIsRequestedAheadBeforeAFrameWasReadOrAfterTheWindowWasLetGo) {
   const auto requestsAhead = [this] {
-    const unsigned before = sequence();
+    const unsigned firstRequest = sequence();
     held_->askAhead();
-    return sequence() - before - 1;
+    return sequence() - firstRequest - 1;
   };
   EXPECT_EQ(requestsAhead(), 0);
   ASSERT_TRUE(held_->frame(window_->id()));
