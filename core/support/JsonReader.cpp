@@ -1,6 +1,5 @@
 #include "core/support/JsonReader.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>

@@ -1,11 +1,9 @@
 #include "core/support/JsonValue.h"
 
-#include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "core/support/JsonError.h"
 

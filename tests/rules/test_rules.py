@@ -118,6 +118,12 @@ def _reported(folder, files):
     return [finding for rule in [*walls.RULES, *texts.RULES] for finding in rule(tree)]
 
 
+def test_folders_that_may_include_each_other_in_a_ring_are_named():
+    ring = {"core/a": (["core/b"], []), "core/b": (["core/c"], []), "core/c": (["core/a"], []), "core/d": ([], [])}
+    assert set(walls.circle(ring)) == {"core/a", "core/b", "core/c"}
+    assert not walls.circle({**ring, "core/c": (["core/d"], [])})
+
+
 def test_a_clean_tree_breaks_no_rule(tmp_path):
     assert not _reported(tmp_path, {})
 

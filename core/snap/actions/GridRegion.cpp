@@ -1,7 +1,5 @@
 #include "core/snap/actions/GridRegion.h"
 
-#include <algorithm>
-
 #include "core/geometry/Rect.h"
 #include "core/support/Hash.h"
 

@@ -125,6 +125,8 @@ void X11Pointer::tellMove(Point to) {
   telling_ = to;
   tell(PointerEvent::leftMouseDragged);
   telling_.reset();
+  // Counted from here, after the handlers: a receiver that ignores moves for `betweenLooks` after its own
+  // look must not ignore the one that shows where the pointer came to rest.
   nextLook_.need();
   x_.flush();
 }

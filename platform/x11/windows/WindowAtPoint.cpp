@@ -1,7 +1,6 @@
 #include "platform/x11/windows/WindowAtPoint.h"
 
 #include <algorithm>
-#include <cmath>
 #include <span>
 #include <vector>
 

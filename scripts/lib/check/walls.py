@@ -38,8 +38,8 @@ VALUES = ["core/geometry", "core/snap", "core/layouts", "core/settings", "core/d
 PORTS = "platform/ports"
 TEST_TOOLS = ["std", "posix", "gtest", "rapidcheck"]
 
-# folder: (project folders it may include beside itself, groups from outside). The longest folder counts. What is above
-# may include what is below and never the other way round: the folders form floors.
+# folder: (project folders it may include beside itself, groups from outside). The longest folder counts. The
+# folders of the program form floors: a row names only rows before it, and `floors` refuses a ring.
 MAY_INCLUDE = {
     "core/support": ([], ["std", "posix", "icu", "json"]),
     "core/geometry": (["core/support"], ["std"]),
