@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <QEventLoop>
-#include <QTimer>
 #include <optional>
 #include <vector>
 
 #include "platform/qt/QtMainQueue.h"
 #include "platform/x11/input/X11HotKeys.h"
+#include "tests/contract/MainLoop.h"
 #include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 
@@ -47,7 +46,7 @@ protected:
 
   /// Whether exactly these presses have come.
   testing::AssertionResult pressed(const std::vector<std::uint32_t>& ids) {
-    settle([&] { return presses_.size() >= ids.size(); });
+    runMainLoopUntil([&] { return presses_.size() >= ids.size(); }, patience);
     if (presses_ == ids) return testing::AssertionSuccess();
     return testing::AssertionFailure() << "pressed " << testing::PrintToString(presses_);
   }
@@ -90,21 +89,6 @@ protected:
     other.sync();
   }
 
-  static bool settle(const std::function<bool()>& condition) {
-    const auto until = desktop::Clock::now() + patience;
-    while (!condition()) {
-      if (desktop::Clock::now() >= until) return false;
-      wait(Milliseconds{5});
-    }
-    return true;
-  }
-
-  static void wait(Milliseconds time) {
-    QEventLoop loop;
-    QTimer::singleShot(time, &loop, &QEventLoop::quit);
-    loop.exec();
-  }
-
   desktop::Session session_;
   KeptLog log_;
   std::vector<std::string> toBeLogged_;
@@ -121,7 +105,7 @@ TEST_F(X11HotKeysOnChangedKeyboard, AKeyHeldMeanwhileIsOnePressAndTheNextOnesCou
   for (const char* key : {"Control", "Alt", "<LEFT>"}) hand.keyDown(key);
   ASSERT_TRUE(pressed({1}));
   makeScrollLockAModifier();
-  wait(longHeld);
+  runMainLoop(longHeld);
   EXPECT_TRUE(pressed({1}));
   for (const char* key : {"<LEFT>", "Alt", "Control"}) hand.keyUp(key);
   hand.press("Control+Alt+<RGHT>");
@@ -132,7 +116,7 @@ TEST_F(X11HotKeysOnChangedKeyboard, AKeyHeldMeanwhileIsOnePressAndTheNextOnesCou
 TEST_F(X11HotKeysOnChangedKeyboard, AKeyThatBecameALockDoesNotGetInTheWay) {
   makeScrollLockAModifier();
   for (const char* position : {"LEFT", "RGHT"}) {
-    EXPECT_TRUE(settle([&] { return isTaken(keyAt(position), XCB_MOD_MASK_3); }));
+    EXPECT_TRUE(runMainLoopUntil([&] { return isTaken(keyAt(position), XCB_MOD_MASK_3); }, patience));
   }
   session_.input().press("<SCLK>");
   session_.input().press("Control+Alt+<LEFT>");
@@ -142,20 +126,20 @@ TEST_F(X11HotKeysOnChangedKeyboard, AKeyThatBecameALockDoesNotGetInTheWay) {
 
 TEST_F(X11HotKeysOnChangedKeyboard, AKeyMadeALockInTheRunningKeymapDoesNotGetInTheWay) {
   run({"xmodmap", "-e", "add mod3 = Scroll_Lock"});
-  EXPECT_TRUE(settle([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }));
+  EXPECT_TRUE(runMainLoopUntil([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }, patience));
 }
 
 TEST_F(X11HotKeysOnChangedKeyboard, TheKeyWithTheLowestCodeMayBeALockToo) {
   run({"xmodmap", "-e", "keysym Scroll_Lock = NoSymbol", "-e", "keycode 8 = Scroll_Lock", "-e",
        "add mod3 = Scroll_Lock"});
-  EXPECT_TRUE(settle([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }));
+  EXPECT_TRUE(runMainLoopUntil([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }, patience));
 }
 
 TEST_F(X11HotKeysOnChangedKeyboard, WhatIsALockNoMoreIsGivenBack) {
   makeScrollLockAModifier();
-  EXPECT_TRUE(settle([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }));
+  EXPECT_TRUE(runMainLoopUntil([&] { return isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }, patience));
   session_.server().setKeyboardLayout("us");
-  EXPECT_TRUE(settle([&] { return !isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }));
+  EXPECT_TRUE(runMainLoopUntil([&] { return !isTaken(keyAt("LEFT"), XCB_MOD_MASK_3); }, patience));
   EXPECT_TRUE(isTaken(keyAt("LEFT")));
 }
 
@@ -164,7 +148,7 @@ TEST_F(X11HotKeysOnChangedKeyboard, AKeyWithAnotherCodeIsFollowedAndItsOldCodeGi
   run({"setxkbmap", "-keycodes", "xfree86"});
   const auto after = keyAt("LEFT");
   ASSERT_NE(after, before);
-  EXPECT_TRUE(settle([&] { return isTaken(after) && !isTaken(before); }));
+  EXPECT_TRUE(runMainLoopUntil([&] { return isTaken(after) && !isTaken(before); }, patience));
   session_.input().press("Control+Alt+<LEFT>");
   EXPECT_TRUE(pressed({1}));
 }
@@ -175,17 +159,17 @@ TEST_F(X11HotKeysOnChangedKeyboard, ACombinationTakenOnTheNewOneIsToldOfAndWorks
   xcb_grab_key(other.get(), 1, other.root(), XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1, leftOfXFree86,
                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
   xcb_flush(other.get());
-  ASSERT_TRUE(settle([&] { return isTaken(leftOfXFree86); }));
+  ASSERT_TRUE(runMainLoopUntil([&] { return isTaken(leftOfXFree86); }, patience));
   const auto before = keyAt("LEFT");
   run({"setxkbmap", "-keycodes", "xfree86"});
   ASSERT_EQ(keyAt("LEFT"), leftOfXFree86);
   toBeLogged_ = {"Tilwin: 1 shortcuts are taken on the new keyboard layout"};
-  EXPECT_TRUE(settle([&] { return log_.lines == toBeLogged_; }));
+  EXPECT_TRUE(runMainLoopUntil([&] { return log_.lines == toBeLogged_; }, patience));
   session_.input().press("Control+Alt+<LEFT>");
   session_.input().press("Control+Alt+<RGHT>");
   EXPECT_TRUE(pressed({2}));
   session_.server().setKeyboardLayout("us");
-  ASSERT_TRUE(settle([&] { return isTaken(before) && isTaken(keyAt("RGHT")); }));
+  ASSERT_TRUE(runMainLoopUntil([&] { return isTaken(before) && isTaken(keyAt("RGHT")); }, patience));
   session_.input().press("Control+Alt+<LEFT>");
   session_.input().press("Control+Alt+<RGHT>");
   EXPECT_TRUE(pressed({2, 1, 2}));

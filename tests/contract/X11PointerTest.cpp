@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QEventLoop>
-#include <QTimer>
 #include <optional>
 #include <set>
 #include <string>
@@ -10,6 +8,7 @@
 
 #include "platform/qt/QtMainQueue.h"
 #include "platform/x11/input/X11Pointer.h"
+#include "tests/contract/MainLoop.h"
 #include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 
@@ -49,13 +48,6 @@ protected:
 
   /// The number of the request made by this call; each request counts one.
   unsigned sequence() { return xcb_no_operation(x_->get()).sequence; }
-
-  /// Lets the program work for that long.
-  static void wait(Milliseconds time) {
-    QEventLoop loop;
-    QTimer::singleShot(time, &loop, &QEventLoop::quit);
-    loop.exec();
-  }
 
   desktop::Session session_;
   FailingLog log_;
@@ -116,7 +108,7 @@ TEST_F(X11PointerPace, TellsNoMoveSoonerThanAPauseAfterTheLastWasDealtWith) {
   hand().buttonDown();
   for (int x = 100; x < 200; ++x) {
     hand().movePointer({x, 100});
-    wait(Milliseconds{4});
+    runMainLoop(Milliseconds{4});
   }
   hand().buttonUp();
   EXPECT_GT(told, 3);
@@ -186,14 +178,14 @@ TEST_F(X11PointerPrivacy, KeysAndMotionAreNotSentWhenTheButtonGoesUpBeforeTheNex
   ASSERT_EQ(sentForMotionAndKey(), keysAndMotion);
   hand().buttonUp();
   arrive();
-  wait(2 * pause);
+  runMainLoop(2 * pause);
   EXPECT_EQ(sentForMotionAndKey(), nothing);
 }
 
 TEST_F(X11PointerPrivacy, KeysAndMotionAreNotSentAfterADragThatCameToRest) {
   hand().buttonDown();
   ASSERT_EQ(sentForMotionAndKey(), keysAndMotion);
-  wait(4 * pause);
+  runMainLoop(4 * pause);
   hand().buttonUp();
   EXPECT_EQ(sentForMotionAndKey(), nothing);
 }
@@ -208,7 +200,7 @@ TEST_F(X11PointerPrivacy, KeysAndMotionAreNotSentWhileAnotherButtonIsDown) {
 TEST_F(X11PointerPrivacy, AListenerAddedDuringADragTakesNothingFromTheOthers) {
   hand().buttonDown();
   ASSERT_EQ(sentForMotionAndKey(), keysAndMotion);
-  wait(4 * pause);
+  runMainLoop(4 * pause);
   const auto another = onMoves([] {});
   EXPECT_EQ(sentForMotionAndKey(), keysAndMotion);
   hand().buttonUp();

@@ -1,7 +1,5 @@
 #include <unistd.h>
 
-#include <QEventLoop>
-#include <QTimer>
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -12,6 +10,7 @@
 #include "platform/x11/input/X11HotKeys.h"
 #include "platform/x11/input/X11Pointer.h"
 #include "platform/x11/windows/X11WindowProvider.h"
+#include "tests/contract/MainLoop.h"
 #include "tests/contract/TestLogs.h"
 #include "tests/contract/World.h"
 #include "tests/desktop/harness/GrabbedKey.h"
@@ -95,7 +94,7 @@ public:
   }
   void maximize(Window window) override { session().desktop().setMaximized(handle(window), true); }
   void moveByHand(Window window, const Rect& frame) override {
-    wait(reaction);
+    runMainLoop(reaction);
     session().desktop().place(handle(window), frame);
   }
   std::optional<Rect> standing(Window window) override { return session().desktop().frame(handle(window)); }
@@ -105,7 +104,7 @@ public:
   void pressUntilItRepeats(const HotKeySpec& spec) override {
     auto keys = keysOf(spec);
     for (const auto& key : keys) session().input().keyDown(key);
-    wait(held);
+    runMainLoop(held);
     std::ranges::reverse(keys);
     for (const auto& key : keys) session().input().keyUp(key);
   }
@@ -136,23 +135,11 @@ public:
   }
 
   bool settle(const std::function<bool()>& condition) override {
-    const auto until = desktop::Clock::now() + patience;
-    while (!condition()) {
-      if (desktop::Clock::now() >= until) return false;
-      wait(Milliseconds{5});
-    }
-    return true;
+    return runMainLoopUntil(condition, patience);
   }
 
 private:
   static desktop::WindowId handle(Window window) { return static_cast<desktop::WindowId>(window); }
-
-  /// Lets the queue and the connection work for that long.
-  static void wait(Milliseconds time) {
-    QEventLoop loop;
-    QTimer::singleShot(time, &loop, &QEventLoop::quit);
-    loop.exec();
-  }
 
   FailingLog log_;
   qt::QtMainQueue queue_;
