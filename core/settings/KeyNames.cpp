@@ -51,12 +51,12 @@ std::string KeyNames::name(std::uint32_t keyCode) {
   return std::string(found->name);
 }
 
-std::string KeyNames::describe(const HotKeySpec& spec) {
+std::string KeyNames::describe(const HotKeySpec& spec, const Wording& wording) {
   std::string text;
   for (const auto& [bit, symbol] : modifierSymbols) {
-    if ((spec.modifiers & bit) != 0) text += symbol;
+    if ((spec.modifiers & bit) != 0) text += wording.key(symbol);
   }
-  return text + name(spec.keyCode);
+  return text.append(wording.key(name(spec.keyCode)));
 }
 
 }  // namespace tilwin

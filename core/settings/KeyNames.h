@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/settings/HotKeySpec.h"
+#include "core/settings/Wording.h"
 
 namespace tilwin {
 
@@ -21,7 +22,7 @@ struct KeyNames {
   /// The name from the table, or "Key" and the code for any other key.
   [[nodiscard]] static std::string name(std::uint32_t keyCode);
   /// Modifier symbols in the order Control, Option, Shift, Command, then the name of the key: "⌃⌥←".
-  [[nodiscard]] static std::string describe(const HotKeySpec& spec);
+  [[nodiscard]] static std::string describe(const HotKeySpec& spec, const Wording& wording = {});
 };
 
 }  // namespace tilwin

@@ -58,18 +58,21 @@ std::optional<std::string> holder(const HotKeySpec& spec, const ShortcutOwner& o
   return std::nullopt;
 }
 
-struct Wording {
+struct Message {
+  const Wording& wording;
+
   std::string operator()(const ShortcutRules::ReservedBySystem& problem) const {
-    return "macOS uses this for " + problem.label + ".";
+    return wording.text("macOS uses this for " + problem.label + ".");
   }
   std::string operator()(const ShortcutRules::UsedBy& problem) const {
-    return "Already set for “" + problem.name + "”.";
+    return wording.text("Already set for “") + problem.name + "”.";
   }
   std::string operator()(const ShortcutRules::NeedsModifier&) const {
-    return "Hold Control, Option or Command with the key.";
+    return wording.text("Hold Control, Option or Command with the key.");
   }
   std::string operator()(const ShortcutRules::NeedsControlOrOption&) const {
-    return "Add Control or Option, so this does not replace a shortcut such as Command-C in every app.";
+    return wording.text(
+        "Add Control or Option, so this does not replace a shortcut such as Command-C in every app.");
   }
 };
 
@@ -97,6 +100,8 @@ std::optional<ShortcutRules::Problem> ShortcutRules::problem(const HotKeySpec& w
   return problem(with, ShortcutOwner(action), in);
 }
 
-std::string ShortcutRules::message(const Problem& problem) { return std::visit(Wording(), problem); }
+std::string ShortcutRules::message(const Problem& problem, const Wording& wording) {
+  return std::visit(Message{wording}, problem);
+}
 
 }  // namespace tilwin

@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "core/settings/HotKeySpec.h"
+#include "core/settings/Wording.h"
 #include "core/snap/actions/SnapAction.h"
 #include "core/support/Uuid.h"
 
@@ -51,7 +52,7 @@ struct ShortcutRules {
   [[nodiscard]] static std::optional<Problem> problem(const HotKeySpec& with, SnapAction action,
                                                       const TilwinSettings& in);
   /// The explanation shown to the user.
-  [[nodiscard]] static std::string message(const Problem& problem);
+  [[nodiscard]] static std::string message(const Problem& problem, const Wording& wording = {});
 };
 
 }  // namespace tilwin

@@ -5,13 +5,21 @@
 #include "platform/ports/AccessibilityTrust.h"
 #include "platform/ports/Bundle.h"
 #include "platform/ports/DesktopWindows.h"
+#include "platform/ports/DesktopWords.h"
+#include "platform/ports/Dialogs.h"
+#include "platform/ports/FileViewer.h"
 #include "platform/ports/HotKeys.h"
+#include "platform/ports/LoginService.h"
 #include "platform/ports/MainQueue.h"
 #include "platform/ports/Overlay.h"
 #include "platform/ports/PointerMonitor.h"
 #include "platform/ports/ScreenChanges.h"
+#include "platform/ports/SettingsWindow.h"
+#include "platform/ports/StatusItem.h"
 #include "platform/ports/SystemLog.h"
+#include "platform/ports/UpdateFramework.h"
 #include "platform/ports/UserDefaults.h"
+#include "platform/ports/Workspace.h"
 
 namespace tilwin {
 
@@ -28,6 +36,14 @@ struct Platform {
   AccessibilityTrust& trust;
   ScreenChanges& screenChanges;
   Bundle& bundle;
+  Workspace& workspace;
+  StatusItem& statusItem;
+  Dialogs& dialogs;
+  SettingsWindow& settingsWindow;
+  FileViewer& files;
+  LoginService& login;
+  UpdateFramework& updates;
+  DesktopWords& words;
 };
 
 }  // namespace tilwin

@@ -18,6 +18,9 @@ public:
   [[nodiscard]] virtual std::optional<std::string> data(std::string_view key) = 0;
   /// Stores the bytes before it returns. On failure the old value stays; only the log reports it.
   virtual void setData(std::string_view key, std::string_view blob) = 0;
+  /// A preference of another program or of the desktop, by the domain that holds it; nothing if it is not set
+  /// or is not a flag.
+  [[nodiscard]] virtual std::optional<bool> flag(std::string_view domain, std::string_view key) = 0;
 };
 
 }  // namespace tilwin

@@ -19,6 +19,8 @@ public:
 
   [[nodiscard]] std::optional<std::string> data(std::string_view key) override;
   void setData(std::string_view key, std::string_view blob) override;
+  /// Nothing: programs on Linux have no preferences in common.
+  [[nodiscard]] std::optional<bool> flag(std::string_view, std::string_view) override { return std::nullopt; }
 
 private:
   [[nodiscard]] bool isTooLarge() const;

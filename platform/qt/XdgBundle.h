@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "platform/ports/Bundle.h"
 
 namespace tilwin::qt {
@@ -8,7 +10,14 @@ namespace tilwin::qt {
 /// path. Source: XDG Base Directory Specification.
 class XdgBundle final : public Bundle {
 public:
+  /// `built` is the information dictionary.
+  explicit XdgBundle(Information built = {}) : built_(std::move(built)) {}
+
   [[nodiscard]] std::optional<std::filesystem::path> applicationSupport() override;
+  [[nodiscard]] Information information() override { return built_; }
+
+private:
+  Information built_;
 };
 
 }  // namespace tilwin::qt

@@ -6,10 +6,13 @@
 #include <string_view>
 
 #include "platform/ports/Platform.h"
+#include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedHotKeys.h"
+#include "platform/simulated/SimulatedInterface.h"
 #include "platform/simulated/SimulatedMainQueue.h"
 #include "platform/simulated/SimulatedPointer.h"
 #include "platform/simulated/SimulatedSystem.h"
+#include "platform/simulated/SimulatedUpdates.h"
 #include "platform/simulated/SimulatedWindows.h"
 
 namespace tilwin {
@@ -36,13 +39,22 @@ public:
   SimulatedTrust user;
   SimulatedScreenChanges screens;
   SimulatedBundle bundle;
+  SimulatedApplications applications{windows};
+  SimulatedStatusItem icon;
+  SimulatedDialogs dialogs;
+  SimulatedSettingsWindow settingsWindow;
+  SimulatedFileViewer viewer;
+  SimulatedLoginService login;
+  SimulatedUpdates updates;
+  SimulatedWords words;
 
   /// Connects these displays instead of the present ones; throws like the constructor.
   void setDisplays(std::string_view displays);
 
   /// The ports of this desktop, which must outlive their users.
   [[nodiscard]] Platform platform() {
-    return {time, log, keyboard, disk, provider_, mouse, sheet, user, screens, bundle};
+    return {time,   log,          keyboard, disk,    provider_,      mouse,  sheet, user,    screens,
+            bundle, applications, icon,     dialogs, settingsWindow, viewer, login, updates, words};
   }
   [[nodiscard]] std::shared_ptr<DesktopWindows> provider() const { return provider_; }
   [[nodiscard]] HotKeys& hotKeys() { return keyboard; }

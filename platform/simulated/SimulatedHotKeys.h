@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "core/settings/HotKeySpec.h"
@@ -26,6 +28,11 @@ public:
   void holdElsewhere(const HotKeySpec& spec);
   /// The other program unregisters the combination.
   void letGoElsewhere(const HotKeySpec& spec);
+  /// Something changes after which refused combinations may be free; tells the program.
+  void tellMayBeFree() {
+    // A copy, because the handler may set another one.
+    if (const auto handler = mayBeFree_) handler();
+  }
   /// Removes a key from this keyboard.
   void removeKey(std::uint32_t keyCode);
 
@@ -51,6 +58,7 @@ private:
   std::optional<Reference> add(const HotKeySpec& spec, const HotKeyIdentity& identity) override;
   void remove(Reference reference) override;
   void setPressHandler(PressHandler handler) override;
+  void setMayBeFreeHandler(std::function<void()> handler) override { mayBeFree_ = std::move(handler); }
 
   [[nodiscard]] bool hasKey(std::uint32_t keyCode) const;
   [[nodiscard]] const Registration* registered(const HotKeySpec& spec) const;
@@ -62,6 +70,7 @@ private:
   std::vector<Registration> registrations_;
   std::vector<Reference> removals_;
   PressHandler handler_;
+  std::function<void()> mayBeFree_;
   Reference lastReference_ = 0;
   int handlerInstallations_ = 0;
 };

@@ -13,6 +13,9 @@
 #include "core/geometry/Rect.h"
 #include "platform/ports/AccessibilityTrust.h"
 #include "platform/ports/Bundle.h"
+#include "platform/ports/DesktopWords.h"
+#include "platform/ports/FileViewer.h"
+#include "platform/ports/LoginService.h"
 #include "platform/ports/Overlay.h"
 #include "platform/ports/ScreenChanges.h"
 #include "platform/ports/SystemLog.h"
@@ -43,6 +46,9 @@ public:
     if (folder_) std::filesystem::create_directories(*folder_, refusal);
     return refusal ? std::nullopt : folder_;
   }
+  [[nodiscard]] Information information() override { return built; }
+
+  Information built{};  ///< the information dictionary
 
 private:
   std::optional<std::filesystem::path> folder_;
@@ -59,6 +65,10 @@ public:
   void store(std::string_view key, std::string_view blob) { blobs_.insert_or_assign(std::string(key), blob); }
   /// Whether the program's writes fail from now on.
   void setRefusing(bool refusing) { refusing_ = refusing; }
+  /// Sets a preference of another program.
+  void setFlag(std::string domain, std::string key, bool on) {
+    flags_.insert_or_assign({std::move(domain), std::move(key)}, on);
+  }
   /// How often the program has written, including writes that failed.
   [[nodiscard]] int writeCount() const { return writeCount_; }
 
@@ -71,8 +81,13 @@ private:
     ++writeCount_;
     if (!refusing_) store(key, blob);
   }
+  std::optional<bool> flag(std::string_view domain, std::string_view key) override {
+    const auto found = flags_.find({std::string(domain), std::string(key)});
+    return found == flags_.end() ? std::nullopt : std::optional(found->second);
+  }
 
   Blobs blobs_;
+  std::map<std::pair<std::string, std::string>, bool> flags_;
   bool refusing_ = false;
   int writeCount_ = 0;
 };
@@ -90,6 +105,52 @@ private:
 
   bool trusted_ = true;
   int askCount_ = 0;
+};
+
+/// Remembers what the program showed to the user in other programs.
+class SimulatedFileViewer final : public FileViewer {
+public:
+  [[nodiscard]] const std::vector<std::string>& opened() const { return opened_; }
+  [[nodiscard]] const std::vector<std::filesystem::path>& revealed() const { return revealed_; }
+
+private:
+  void openURL(const std::string& address) override { opened_.push_back(address); }
+  void reveal(const std::filesystem::path& file) override { revealed_.push_back(file); }
+
+  std::vector<std::string> opened_;
+  std::vector<std::filesystem::path> revealed_;
+};
+
+/// A login service that can refuse, and can ask for the user's approval.
+class SimulatedLoginService final : public LoginService {
+public:
+  /// From now on requests fail with this description and leave this status; nothing lets them succeed.
+  void refuse(std::optional<std::string> error, Status status = Status::notFound) {
+    error_ = std::move(error);
+    if (error_) status_ = status;
+  }
+
+  [[nodiscard]] Status status() override { return status_; }
+
+private:
+  std::optional<std::string> registerProgram() override { return become(Status::enabled); }
+  std::optional<std::string> unregisterProgram() override { return become(Status::notRegistered); }
+  std::optional<std::string> become(Status status) {
+    if (!error_) status_ = status;
+    return error_;
+  }
+
+  std::optional<std::string> error_;
+  Status status_ = Status::notRegistered;
+};
+
+/// Words set by a test; those of macOS at first.
+class SimulatedWords final : public DesktopWords {
+public:
+  Wording spoken{};
+
+private:
+  [[nodiscard]] Wording wording() const override { return spoken; }
 };
 
 /// Reports changes of the displays of a simulated desktop.

@@ -16,6 +16,13 @@ std::optional<WindowInfo> SimulatedWindowProvider::focusedWindow() {
   return described(*focused, 0);
 }
 
+std::optional<WindowInfo> SimulatedWindowProvider::lastFocusedWindow() {
+  const auto last = windows_.lastFocused();
+  const SimulatedWindow* window = last ? windows_.find(*last) : nullptr;
+  if (window == nullptr || window->isMinimized) return std::nullopt;
+  return described(*last, 0);
+}
+
 std::vector<WindowInfo> SimulatedWindowProvider::allWindows() {
   handedOut_.clear();
   std::vector<WindowInfo> result;

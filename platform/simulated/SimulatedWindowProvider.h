@@ -20,6 +20,7 @@ public:
   std::optional<WindowInfo> focusedWindow() override;
   std::vector<WindowInfo> allWindows() override;
   std::optional<Rect> frame(std::int64_t of) override;
+  std::optional<WindowInfo> lastFocusedWindow() override;
   std::optional<WindowInfo> window(Point at) override;
 
 private:

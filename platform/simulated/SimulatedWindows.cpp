@@ -37,7 +37,7 @@ SimulatedWindows::Handle SimulatedWindows::open(SimulatedWindow window) {
   const bool takesFocus = !window.isMinimized;
   windows_.emplace(handle, std::move(window));
   raise(handle);
-  if (takesFocus) focused_ = handle;
+  if (takesFocus) setFocused(handle);
   return handle;
 }
 
@@ -53,7 +53,7 @@ void SimulatedWindows::focus(Handle handle) {
   if (window == nullptr) return;
   window->isMinimized = false;
   raise(handle);
-  focused_ = handle;
+  setFocused(handle);
 }
 
 void SimulatedWindows::minimize(Handle handle) {
@@ -112,7 +112,12 @@ void SimulatedWindows::raise(Handle handle) {
 void SimulatedWindows::focusFront() {
   const auto front = std::find_if(stack_.begin(), stack_.end(),
                                   [this](Handle handle) { return !find(handle)->isMinimized; });
-  focused_ = front == stack_.end() ? std::nullopt : std::optional(*front);
+  setFocused(front == stack_.end() ? std::nullopt : std::optional(*front));
+}
+
+void SimulatedWindows::setFocused(std::optional<Handle> handle) {
+  focused_ = handle;
+  if (handle && !find(*handle)->isOfThisProgram) lastFocused_ = handle;
 }
 
 }  // namespace tilwin

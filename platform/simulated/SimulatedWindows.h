@@ -68,7 +68,7 @@ public:
   void close(Handle handle);
   /// Restores the window if it is minimised, brings it to the front and gives it the focus.
   void focus(Handle handle);
-  void unfocus() { focused_.reset(); }
+  void unfocus() { setFocused(std::nullopt); }
   void minimize(Handle handle);
   /// Gives the window the visible frame of its display.
   void maximize(Handle handle);
@@ -86,6 +86,8 @@ public:
   /// The window; null if it is not open. Valid until the window is closed.
   [[nodiscard]] SimulatedWindow* find(Handle handle);
   [[nodiscard]] std::optional<Handle> focused() const { return focused_; }
+  /// The window of another program that has the focus, or had it last.
+  [[nodiscard]] std::optional<Handle> lastFocused() const { return lastFocused_; }
   /// All open windows, the front one first.
   [[nodiscard]] const std::vector<Handle>& stack() const { return stack_; }
 
@@ -93,12 +95,14 @@ private:
   [[nodiscard]] const DisplayInfo& displayOf(const Rect& frame) const;
   void raise(Handle handle);
   void focusFront();
+  void setFocused(std::optional<Handle> handle);
 
   std::vector<DisplayInfo> displays_;
   std::unordered_map<Handle, SimulatedWindow> windows_;
   std::unordered_map<Handle, Rect> beforeMaximizing_;
   std::vector<Handle> stack_;
   std::optional<Handle> focused_;
+  std::optional<Handle> lastFocused_;
   Handle lastHandle_ = 0;
   std::uint64_t requestCount_ = 0;
 };

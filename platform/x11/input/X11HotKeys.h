@@ -26,6 +26,7 @@ public:
   [[nodiscard]] std::optional<Reference> add(const HotKeySpec& spec, const HotKeyIdentity& identity) override;
   void remove(Reference reference) override;
   void setPressHandler(PressHandler handler) override { handler_ = std::move(handler); }
+  void setMayBeFreeHandler(std::function<void()> handler) override { mayBeFree_ = std::move(handler); }
 
 private:
   struct Registration {
@@ -49,6 +50,7 @@ private:
   std::map<Reference, Registration> registrations_;
   Reference nextReference_ = 1;
   PressHandler handler_;
+  std::function<void()> mayBeFree_;
   xcb_keycode_t grabbingKey_ = 0;                  ///< the key whose passive grab is active now; 0 for none
   std::map<xcb_keycode_t, xcb_timestamp_t> down_;  ///< keys held down, with the time of their last event
   DeferredWork keyboardReading_;
