@@ -1,0 +1,11 @@
+#pragma once
+
+#include "tests/desktop/harness/Session.h"
+
+namespace tilwin::contract {
+
+/// The private desktop on which this program's own Qt windows appear: a real X server, a window manager and a
+/// session bus, for real mouse and keyboard input. Started by the main function of the program.
+[[nodiscard]] desktop::Session& qtDesktop();
+
+}  // namespace tilwin::contract
