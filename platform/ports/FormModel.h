@@ -62,7 +62,8 @@ struct FormButton {
 struct FormRecorder {
   std::string id{};
   std::string title{};
-  std::string label{};  ///< its accessible name
+  std::string label{};   ///< its accessible name
+  bool isEmpty = false;  ///< the title stands for no shortcut ("Not set"); drawn fainter
   bool isRecording = false;
 
   bool operator==(const FormRecorder&) const = default;
