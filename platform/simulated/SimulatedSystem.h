@@ -129,11 +129,13 @@ public:
     error_ = std::move(error);
     if (error_) status_ = status;
   }
+  /// From now on a request to register succeeds, but has no effect until the user has approved it.
+  void demandApproval() { granted_ = Status::requiresApproval; }
 
   [[nodiscard]] Status status() override { return status_; }
 
 private:
-  std::optional<std::string> registerProgram() override { return become(Status::enabled); }
+  std::optional<std::string> registerProgram() override { return become(granted_); }
   std::optional<std::string> unregisterProgram() override { return become(Status::notRegistered); }
   std::optional<std::string> become(Status status) {
     if (!error_) status_ = status;
@@ -141,6 +143,7 @@ private:
   }
 
   std::optional<std::string> error_;
+  Status granted_ = Status::enabled;
   Status status_ = Status::notRegistered;
 };
 

@@ -19,7 +19,7 @@ public:
     UpdateController::Headers headers{};
     bool headersSetBeforeStart = false;
     int starts = 0;
-    int checks = 0;
+    int checks = 0;  ///< that could start
     bool canCheck = false;
     std::function<void(bool)> handler{};
   };
@@ -61,7 +61,9 @@ private:
       handler(state_->canCheck);
       state_->handler = std::move(handler);
     }
-    void checkForUpdates() override { ++state_->checks; }
+    void checkForUpdates() override {
+      if (state_->canCheck) ++state_->checks;
+    }
 
   private:
     std::shared_ptr<State> state_;

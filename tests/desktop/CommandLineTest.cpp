@@ -78,7 +78,7 @@ TEST_F(CommandLine, ShadowReportIsPrintedWithoutADisplay) {
   clock.set("TZ", "UTC");
   EXPECT_EQ(
       outputOf("--shadow-report", clock),
-      "Tilwin drag report (recorded on this Mac, never sent anywhere)\n"
+      "Tilwin drag report (recorded on this computer, never sent anywhere)\n"
       "Period: Mar 1, 2026 to Mar 1, 2026\n"
       "Drags that ended near a screen edge: 2\n"
       "  Snapped by today's rule: 2   (undone or moved away within seconds: 2, 100%; left alone: 0)\n"

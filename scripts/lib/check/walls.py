@@ -63,7 +63,9 @@ MAY_INCLUDE = {
     "app/keys": ([CORE, PORTS], ["std"]),
     "app/drag": ([CORE, PORTS], ["std"]),
     "app/windows": ([CORE, PORTS], ["std"]),
-    "app": ([CORE, PORTS, "app/settings", "app/keys", "app/drag", "app/windows"], ["std"]),
+    "app/login": ([CORE, PORTS], ["std"]),
+    "app/updates": ([CORE, PORTS, "app/settings"], ["std"]),
+    "app": ([CORE, PORTS, "app/settings", "app/keys", "app/drag", "app/windows", "app/login", "app/updates"], ["std"]),
     "tests": ([CORE], TEST_TOOLS),
     # The kernel can be asked to refuse a process its calls, as a full or broken disk would.
     "tests/core": ([CORE, PORTS, "platform/simulated", "tests"], [*TEST_TOOLS, "linux", "icu", "json"]),
