@@ -1,34 +1,78 @@
 #include "app/AppDelegate.h"
 
 #include <algorithm>
-#include <string>
+#include <optional>
 #include <utility>
 #include <variant>
 
-#include "core/settings/KeyNames.h"
+#include "app/menu/MenuBarImage.h"
 
 namespace tilwin {
+namespace {
+
+constexpr auto desktopAndDock = "x-apple.systempreferences:com.apple.Desktop-Settings.extension";
+
+double aspectOfPrimaryDisplay(DesktopWindows& windows) {
+  const auto displays = windows.displays();
+  if (displays.empty() || displays.front().visibleFrame.height <= 0)
+    return SettingsView::Surroundings().displayAspect;
+  return displays.front().visibleFrame.width / displays.front().visibleFrame.height;
+}
+
+}  // namespace
 
 AppDelegate::AppDelegate(Platform& platform)
     : platform_(platform),
       store_(platform.userDefaults),
-      controller_(platform.windows),
+      windows_(std::make_shared<CommandWindows>(platform.windows)),
+      controller_(windows_),
       hotKeyCenter_(platform.hotKeys, platform.mainQueue),
       recording_(platform.mainQueue, platform.bundle, controller_),
       drag_({platform.windows, platform.pointer, platform.overlay, platform.trust, platform.mainQueue},
             controller_),
+      layouts_({platform.mainQueue, platform.trust, platform.bundle, platform.log}, windows_, controller_),
+      login_(platform.login, platform.log),
+      applier_({store_, controller_, hotKeyCenter_, platform.statusItem, recording_, drag_, layouts_,
+                platform.log}),
+      panel_(platform.settingsWindow, platform.mainQueue, store_, [this] { return makeSettingsView(); }),
       self_(std::make_shared<AppDelegate*>(this)) {}
 
 void AppDelegate::start() {
-  applySettings();
+  layouts_.load();
+  updater_ = std::make_unique<UpdaterService>(platform_.bundle, platform_.updates, platform_.log);
+  installStatusItem();
+  applier_.apply();
+  followSettings();
+  startHotKeys();
+  startDrags();
+  layouts_.start();
+  followDisplays();
+  finishAtEnd();
+  if (!platform_.trust.isTrusted()) platform_.trust.ask();
+}
+
+void AppDelegate::installStatusItem() {
+  menu_ = std::make_unique<MenuCommands>(
+      MenuCommands::Parts{platform_, store_, controller_, *windows_, layouts_, *updater_});
+  menu_->showSettings = [this] { showSettings(); };
+  platform_.statusItem.install(
+      menuBarImage(), [this] { return menu_->menu(); },
+      [this](const MenuChoice& choice) { menu_->run(choice); });
+}
+
+void AppDelegate::followSettings() {
   settingsChanges_ = store_.settings.subscribe([this](const TilwinSettings&) {
     platform_.mainQueue.post([weak = std::weak_ptr(self_)] {
-      if (const auto self = weak.lock()) (*self)->applySettings();
+      if (const auto self = weak.lock()) (*self)->applier_.apply();
     });
   });
+}
+
+void AppDelegate::startHotKeys() {
   hotKeyCenter_.onTarget = [this](const ShortcutOwner& owner) { perform(owner); };
-  startDrags();
-  if (!platform_.trust.isTrusted()) platform_.trust.ask();
+  platform_.hotKeys.setMayBeFreeHandler([weak = std::weak_ptr(self_)] {
+    if (const auto self = weak.lock()) (*self)->applier_.retryRefused();
+  });
 }
 
 void AppDelegate::startDrags() {
@@ -36,9 +80,18 @@ void AppDelegate::startDrags() {
   drag_.isIgnored = [this](const std::string& bundleID) { return isIgnored(bundleID); };
   drag_.isShadowOn = [this] { return store_.settings.get().shadowRecording; };
   drag_.start();
+}
+
+void AppDelegate::followDisplays() {
   platform_.screenChanges.onChange([weak = std::weak_ptr(self_)] {
-    if (const auto self = weak.lock()) (*self)->drag_.displaysChanged();
+    const auto self = weak.lock();
+    if (!self) return;
+    (*self)->drag_.displaysChanged();
+    (*self)->layouts_.displaysChanged();
   });
+}
+
+void AppDelegate::finishAtEnd() {
   platform_.mainQueue.onAboutToStop([weak = std::weak_ptr(self_)] {
     const auto self = weak.lock();
     if (self && (*self)->store_.settings.get().shadowRecording) (*self)->recording_.finish();
@@ -47,51 +100,48 @@ void AppDelegate::startDrags() {
 
 bool AppDelegate::isIgnored(const std::string& bundleID) const {
   const auto& ignored = store_.settings.get().ignoredApps;
-  return std::find(ignored.begin(), ignored.end(), bundleID) != ignored.end();
+  return std::ranges::find(ignored, bundleID) != ignored.end();
 }
 
-void AppDelegate::applySettings() {
-  const TilwinSettings settings = store_.settings.get();
-  controller_.outer = settings.outer;
-  controller_.gap = settings.gap;
-  controller_.cycleWidths = settings.cycleWidths;
-  controller_.ignoredBundleIDs = {settings.ignoredApps.begin(), settings.ignoredApps.end()};
-  registerHotKeys(settings);
-  recording_.apply(settings.shadowRecording);
-  drag_.shadow = recording_.recorder();
-}
-
-void AppDelegate::registerHotKeys(const TilwinSettings& settings) {
-  auto hotKeys = HotKeyFingerprint::of(settings);
-  if (lastHotKeys_ == hotKeys) return;
-  lastHotKeys_ = std::move(hotKeys);
-  auto refused = hotKeyCenter_.registerShortcuts(settings);
-  logShortcuts(settings, refused);
-  store_.unavailable.set(std::move(refused));
-}
-
+/// A press of one of our own hot keys never reaches the window in which a shortcut is being recorded, so it
+/// is given to the recorder here.
 void AppDelegate::perform(const ShortcutOwner& owner) {
+  if (const auto keys = store_.settings.get().shortcut(owner); keys && panel_.record(*keys)) return;
   if (const auto* action = std::get_if<SnapAction>(&owner)) controller_.perform(*action);
-  if (const auto* area = std::get_if<Uuid>(&owner)) runArea(*area);
+  if (const auto* area = std::get_if<Uuid>(&owner)) menu_->runArea(*area);
 }
 
-void AppDelegate::runArea(const Uuid& id) {
-  const auto& areas = store_.settings.get().customAreas;
-  const auto area = std::find_if(areas.begin(), areas.end(), [&](const auto& each) { return each.id == id; });
-  if (area != areas.end()) controller_.snap(*area);
+void AppDelegate::showSettings() {
+  applier_.retryRefused();
+  panel_.show();
 }
 
-void AppDelegate::logShortcuts(const TilwinSettings& settings, const HotKeyCenter::OwnerSet& refused) const {
-  const auto wanted = settings.shortcutsInForce();
-  std::size_t working = wanted.size();
-  std::string taken;
-  for (const auto& [owner, spec] : wanted) {
-    if (!refused.contains(owner)) continue;
-    --working;
-    taken += " " + KeyNames::describe(spec);
-  }
-  platform_.log.write("Tilwin: " + std::to_string(working) + " of " + std::to_string(wanted.size()) +
-                      " shortcuts work" + (taken.empty() ? "" : "; another program holds" + taken));
+std::unique_ptr<SettingsView> AppDelegate::makeSettingsView() {
+  const auto tiling = platform_.userDefaults.flag("com.apple.WindowManager", "EnableTilingByEdgeDrag");
+  return std::make_unique<SettingsView>(
+      store_, settingsActions(),
+      SettingsView::Surroundings{.nativeTilingOn = tiling.value_or(false),
+                                 .openAtLogin = login_.isOn(),
+                                 .displayAspect = aspectOfPrimaryDisplay(*platform_.windows),
+                                 .wording = platform_.words.wording()});
+}
+
+SettingsView::Actions AppDelegate::settingsActions() {
+  const auto setOpenAtLogin = [this](bool wanted, std::optional<std::string>& note) {
+    const bool isAsWanted = login_.set(wanted);
+    if (wanted && !isAsWanted) note = LoginItem::whyNotEnabled(login_.status(), platform_.words.wording());
+    return wanted == isAsWanted;
+  };
+  return {.openDesktopAndDock = [this] { platform_.files.openURL(desktopAndDock); },
+          .shadowCount = [this] { return recording_.count(); },
+          .showShadowData =
+              [this] {
+                if (const auto file = recording_.file()) platform_.files.reveal(*file);
+              },
+          .deleteShadowData = [this] { recording_.erase(); },
+          .setOpenAtLogin = setOpenAtLogin,
+          .shortcutRecording = [this](bool isRecording) { applier_.recordingShortcut = isRecording; },
+          .retryRefused = [this] { applier_.retryRefused(); }};
 }
 
 }  // namespace tilwin

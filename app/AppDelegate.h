@@ -1,23 +1,27 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 
+#include "app/SettingsApplier.h"
 #include "app/drag/DragRecording.h"
 #include "app/drag/DragWatcher.h"
 #include "app/keys/HotKeyCenter.h"
-#include "app/keys/HotKeyFingerprint.h"
+#include "app/layouts/LayoutKeeper.h"
+#include "app/login/LoginItem.h"
+#include "app/menu/MenuCommands.h"
 #include "app/settings/Published.h"
+#include "app/settings/SettingsPanel.h"
 #include "app/settings/SettingsStore.h"
+#include "app/updates/UpdaterService.h"
+#include "app/windows/CommandWindows.h"
 #include "core/snap/SnapController.h"
 #include "platform/ports/Platform.h"
 
 namespace tilwin {
 
-/// Owns the program's services for the life of the process and connects them: a hot key moves the focused
-/// window, a drag to an edge snaps the dragged window, a changed setting reaches every service that uses it.
-/// The platform must outlive it. Main thread only.
+/// Owns the program's services for the life of the process and connects them. The platform must outlive it.
+/// Main thread only.
 class AppDelegate {
 public:
   /// Only reads the settings; `start` does the rest.
@@ -26,29 +30,41 @@ public:
   AppDelegate& operator=(const AppDelegate&) = delete;
   ~AppDelegate() = default;
 
-  /// Registers the hot keys and starts watching the mouse. Asks for accessibility permission if the desktop
-  /// requires it and it is not granted. Events are handled while the main queue runs.
+  /// Installs the status item, registers the hot keys and starts watching mouse and displays. Asks for
+  /// accessibility permission if the desktop requires it and it is not granted. Events are handled while the
+  /// main queue runs.
   void start();
+  /// Opens the settings window, or brings the open one to the front.
+  void showSettings();
 
   /// Lives as long as this object.
   [[nodiscard]] SettingsStore& store() { return store_; }
 
 private:
-  void applySettings();
+  void installStatusItem();
+  void followSettings();
+  void startHotKeys();
   void startDrags();
+  void followDisplays();
+  void finishAtEnd();
   [[nodiscard]] bool isIgnored(const std::string& bundleID) const;
-  void registerHotKeys(const TilwinSettings& settings);
   void perform(const ShortcutOwner& owner);
-  void runArea(const Uuid& id);
-  void logShortcuts(const TilwinSettings& settings, const HotKeyCenter::OwnerSet& refused) const;
+  [[nodiscard]] std::unique_ptr<SettingsView> makeSettingsView();
+  [[nodiscard]] SettingsView::Actions settingsActions();
 
   Platform& platform_;
   SettingsStore store_;
+  std::shared_ptr<CommandWindows> windows_;
   SnapController controller_;
   HotKeyCenter hotKeyCenter_;
   DragRecording recording_;
   DragWatcher drag_;
-  std::optional<HotKeyFingerprint> lastHotKeys_;
+  LayoutKeeper layouts_;
+  LoginItem login_;
+  std::unique_ptr<UpdaterService> updater_;
+  std::unique_ptr<MenuCommands> menu_;
+  SettingsApplier applier_;
+  SettingsPanel panel_;
   Subscription settingsChanges_;
   /// Posted tasks and callbacks hold this weakly, so that they do nothing after this object is destroyed.
   std::shared_ptr<AppDelegate*> self_;

@@ -28,9 +28,24 @@ void DragRecording::apply(bool on) {
   if (recorder_) recorder_->discard();
 }
 
+std::optional<std::filesystem::path> DragRecording::file() {
+  return ShadowLogFile::defaultURL(bundle_.applicationSupport());
+}
+
+std::size_t DragRecording::count() {
+  if (log_) log_->drain();
+  const auto place = file();
+  return place ? ShadowLogFile::read(*place).size() : 0;
+}
+
+void DragRecording::erase() {
+  if (log_) return log_->erase();
+  if (const auto place = file()) ShadowLogFile(*place).erase();
+}
+
 void DragRecording::open() {
   if (recorder_) return;
-  const auto place = ShadowLogFile::defaultURL(bundle_.applicationSupport());
+  const auto place = file();
   if (!place) return;
   log_ = std::make_shared<ShadowLogFile>(*place);
   recorder_ = std::make_shared<ShadowRecorder>(

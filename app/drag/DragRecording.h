@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <filesystem>
 #include <memory>
+#include <optional>
 
 #include "core/drag/ShadowLogFile.h"
 #include "core/drag/ShadowRecorder.h"
@@ -19,6 +22,12 @@ public:
 
   /// Starts recording, or stops it and drops the pending drags. Sets the controller's `onEvent`.
   void apply(bool on);
+  /// The drag log; nothing if the desktop has no place for it. Creates its folder.
+  [[nodiscard]] std::optional<std::filesystem::path> file();
+  /// How many drags the log holds.
+  [[nodiscard]] std::size_t count();
+  /// Deletes the log. Drags that are still pending are recorded later.
+  void erase();
   /// Writes all pending drags and waits until they are in the log.
   void finish();
   /// The recorder to notify of drags; null until recording is first enabled.

@@ -45,7 +45,6 @@ constexpr std::array defaultShortcuts = std::to_array<TilwinSettings::DefaultSho
 // clang-format on
 
 constexpr double largestDistance = 64;
-constexpr std::size_t mostAreas = 12;
 
 double clampedDistance(double points) { return points >= 0 ? std::min(points, largestDistance) : 0; }
 
@@ -63,6 +62,12 @@ std::optional<HotKeySpec> TilwinSettings::shortcut(SnapAction action) const {
                                     [&](const DefaultShortcut& row) { return row.action == action; });
   if (builtIn == defaultShortcuts.end()) return std::nullopt;
   return builtIn->spec;
+}
+
+std::optional<HotKeySpec> TilwinSettings::shortcut(const ShortcutOwner& owner) const {
+  if (const auto* action = std::get_if<SnapAction>(&owner)) return shortcut(*action);
+  const auto area = std::ranges::find(customAreas, std::get<Uuid>(owner), &CustomArea::id);
+  return area == customAreas.end() ? std::nullopt : area->shortcut;
 }
 
 std::vector<std::pair<ShortcutOwner, HotKeySpec>> TilwinSettings::shortcutsInForce() const {
@@ -108,7 +113,7 @@ void TilwinSettings::clearShortcut(SnapAction action) {
 void TilwinSettings::clamp() {
   gap = clampedDistance(gap);
   outer = clampedDistance(outer);
-  if (customAreas.size() > mostAreas) customAreas.resize(mostAreas);
+  if (customAreas.size() > maximumAreas) customAreas.resize(maximumAreas);
   for (CustomArea& area : customAreas) area.rect = CustomArea::clamped(area.rect);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <set>
@@ -23,6 +24,8 @@ struct TilwinSettings {
     HotKeySpec spec{};
   };
 
+  static constexpr std::size_t maximumAreas = 12;
+
   double gap = 0;    ///< points between tiled windows
   double outer = 0;  ///< points around the edge of the screen
   bool cycleWidths = true;
@@ -41,6 +44,8 @@ struct TilwinSettings {
   [[nodiscard]] static std::span<const DefaultShortcut> defaults();
   /// The effective shortcut: none if disabled, else the override, else the built-in one.
   [[nodiscard]] std::optional<HotKeySpec> shortcut(SnapAction action) const;
+  /// The same for an action or an area; none for an unknown area id.
+  [[nodiscard]] std::optional<HotKeySpec> shortcut(const ShortcutOwner& owner) const;
   /// All effective shortcuts and what they trigger: first actions, then areas, each in their order.
   [[nodiscard]] std::vector<std::pair<ShortcutOwner, HotKeySpec>> shortcutsInForce() const;
   /// Whether there is an override, even if the shortcut is disabled.
@@ -54,7 +59,7 @@ struct TilwinSettings {
   /// Removes the shortcut, including the built-in one.
   void clearShortcut(SnapAction action);
 
-  /// Clamps distances to 0 to 64 points and areas to the display; keeps only the first 12 areas.
+  /// Clamps distances to 0 to 64 points and areas to the display; keeps only the first `maximumAreas`.
   void clamp();
 };
 

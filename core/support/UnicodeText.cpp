@@ -1,5 +1,6 @@
 #include "core/support/UnicodeText.h"
 
+#include <unicode/brkiter.h>
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
 #include <unicode/regex.h>
@@ -140,6 +141,19 @@ std::string UnicodeText::singleSpaced(std::string_view text) {
     at += next.size;
   }
   return result;
+}
+
+std::string UnicodeText::prefix(std::string_view text, std::size_t count) {
+  if (text.size() <= count) return std::string(text);
+  const icu::UnicodeString whole = utf16(text);
+  UErrorCode error = U_ZERO_ERROR;
+  const std::unique_ptr<icu::BreakIterator> characters(
+      icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), error));
+  if (U_FAILURE(error) != 0) return std::string(text);
+  characters->setText(whole);
+  std::int32_t end = characters->first();
+  for (; count > 0 && end != icu::BreakIterator::DONE; --count) end = characters->next();
+  return end == icu::BreakIterator::DONE ? std::string(text) : utf8(whole.tempSubString(0, end));
 }
 
 std::string UnicodeText::replacingMatches(std::string_view text, std::string_view expression,

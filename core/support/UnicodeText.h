@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,8 @@ struct UnicodeText {
   [[nodiscard]] static std::string trimmed(std::string_view text);
   /// Every run of white space replaced by a single space, also at the ends.
   [[nodiscard]] static std::string singleSpaced(std::string_view text);
+  /// The first `count` characters as a reader counts them (extended grapheme clusters, UAX #29).
+  [[nodiscard]] static std::string prefix(std::string_view text, std::size_t count);
   /// Every match of a regular expression (ICU syntax) replaced by `with`. An invalid expression is a
   /// programming error and aborts the program.
   [[nodiscard]] static std::string replacingMatches(std::string_view text, std::string_view expression,

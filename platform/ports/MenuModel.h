@@ -23,6 +23,7 @@ struct MenuItem {
   std::string title{};
   MenuChoice choice{};            ///< of a command
   bool isChecked = false;         ///< a command with a check mark
+  bool isEnabled = true;          ///< a command that can be chosen now
   std::vector<MenuItem> items{};  ///< of a submenu
 
   bool operator==(const MenuItem&) const = default;

@@ -4,6 +4,7 @@
 #include "app/windows/AXWindowProvider.h"
 #include "platform/simulated/SimulatedAccessibleDesktop.h"
 #include "platform/simulated/SimulatedDesktop.h"
+#include "tests/TemporaryFolder.h"
 
 namespace tilwin {
 namespace {
@@ -34,7 +35,8 @@ struct AccessibleDrags : testing::Test {
     desktop.mouse.drag(point);
   }
 
-  SimulatedDesktop desktop;
+  TemporaryFolder folder;
+  SimulatedDesktop desktop{"1440x900+0+0", folder.path()};
   SimulatedAccessibleDesktop windows;
   std::int32_t editor = windows.launch({.bundleIdentifier = "org.example.Editor", .localizedName = "Editor"});
   SimulatedAccessibleDesktop::Node dragged = 0;

@@ -1,0 +1,67 @@
+#include "app/SettingsApplier.h"
+
+#include <cstddef>
+#include <string>
+#include <utility>
+
+#include "core/settings/KeyNames.h"
+
+namespace tilwin {
+
+void SettingsApplier::apply() {
+  const TilwinSettings settings = services_.store.settings.get();
+  handToController(settings);
+  registerIfChanged(settings);
+  services_.statusItem.setVisible(settings.showMenuBarIcon);
+  services_.recording.apply(settings.shadowRecording);
+  services_.drag.shadow = services_.recording.recorder();
+  services_.layouts.setRestoring(settings.restoreOnDisplayChange);
+}
+
+void SettingsApplier::handToController(const TilwinSettings& settings) {
+  SnapController& controller = services_.controller;
+  controller.outer = settings.outer;
+  controller.gap = settings.gap;
+  controller.cycleWidths = settings.cycleWidths;
+  controller.ignoredBundleIDs = {settings.ignoredApps.begin(), settings.ignoredApps.end()};
+}
+
+void SettingsApplier::registerIfChanged(const TilwinSettings& settings) {
+  if (recordingShortcut) return;
+  auto hotKeys = HotKeyFingerprint::of(settings);
+  if (lastHotKeys_ == hotKeys) return;
+  registerHotKeys(settings);
+  lastHotKeys_ = std::move(hotKeys);
+}
+
+void SettingsApplier::registerHotKeys(const TilwinSettings& settings) {
+  auto refused = services_.hotKeyCenter.registerShortcuts(settings);
+  logShortcuts(settings, refused);
+  services_.store.unavailable.set(std::move(refused));
+}
+
+void SettingsApplier::retryRefused() {
+  if (recordingShortcut || services_.store.unavailable.get().empty()) return;
+  const TilwinSettings settings = services_.store.settings.get();
+  auto refused = services_.hotKeyCenter.registerShortcuts(settings);
+  lastHotKeys_ = HotKeyFingerprint::of(settings);
+  if (refused == services_.store.unavailable.get()) return;
+  logShortcuts(settings, refused);
+  services_.store.unavailable.set(std::move(refused));
+}
+
+void SettingsApplier::logShortcuts(const TilwinSettings& settings,
+                                   const HotKeyCenter::OwnerSet& refused) const {
+  const auto wanted = settings.shortcutsInForce();
+  std::size_t working = wanted.size();
+  std::string taken;
+  for (const auto& [owner, spec] : wanted) {
+    if (!refused.contains(owner)) continue;
+    --working;
+    taken += " " + KeyNames::describe(spec);
+  }
+  services_.log.write("Tilwin: " + std::to_string(working) + " of " + std::to_string(wanted.size()) +
+                      " shortcuts work" + (taken.empty() ? "" : "; another program holds" + taken));
+}
+
+}  // namespace tilwin

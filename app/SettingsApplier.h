@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+
+#include "app/drag/DragRecording.h"
+#include "app/drag/DragWatcher.h"
+#include "app/keys/HotKeyCenter.h"
+#include "app/keys/HotKeyFingerprint.h"
+#include "app/layouts/LayoutKeeper.h"
+#include "app/settings/SettingsStore.h"
+#include "core/snap/SnapController.h"
+#include "platform/ports/StatusItem.h"
+#include "platform/ports/SystemLog.h"
+
+namespace tilwin {
+
+/// Brings the settings into effect in every service that uses them. Main thread only.
+class SettingsApplier {
+public:
+  struct Services {
+    SettingsStore& store;
+    SnapController& controller;
+    HotKeyCenter& hotKeyCenter;
+    StatusItem& statusItem;
+    DragRecording& recording;
+    DragWatcher& drag;
+    LayoutKeeper& layouts;
+    SystemLog& log;
+  };
+
+  /// The services must outlive this.
+  explicit SettingsApplier(const Services& services) : services_(services) {}
+
+  /// While a shortcut is recorded, hot keys are not registered.
+  bool recordingShortcut = false;
+
+  void apply();
+  /// Registers all hot keys again if the desktop refused any of them; another program may have freed it.
+  void retryRefused();
+
+private:
+  void handToController(const TilwinSettings& settings);
+  void registerIfChanged(const TilwinSettings& settings);
+  void registerHotKeys(const TilwinSettings& settings);
+  void logShortcuts(const TilwinSettings& settings, const HotKeyCenter::OwnerSet& refused) const;
+
+  Services services_;
+  std::optional<HotKeyFingerprint> lastHotKeys_;
+};
+
+}  // namespace tilwin

@@ -1,0 +1,68 @@
+#include "app/menu/MenuBarImage.h"
+#include "tests/app/RunningProgram.h"
+
+namespace tilwin {
+namespace {
+
+using Launch = RunningProgram;
+
+TEST_F(Launch, TheIconIsInstalledAndShown) {
+  start();
+  EXPECT_TRUE(desktop.icon.isInstalled());
+  EXPECT_TRUE(desktop.icon.isVisible());
+  EXPECT_EQ(desktop.icon.image(), menuBarImage());
+  EXPECT_EQ(desktop.icon.image().size, (Size{18, 18}));
+}
+
+TEST_F(Launch, AnIconThatTheUserDoesNotWantIsHidden) {
+  startWith({.showMenuBarIcon = false});
+  EXPECT_TRUE(desktop.icon.isInstalled());
+  EXPECT_FALSE(desktop.icon.isVisible());
+}
+
+TEST_F(Launch, WithoutAFeedThereIsNoUpdater) {
+  start();
+  EXPECT_EQ(desktop.updates.state(), nullptr);
+  EXPECT_FALSE(desktop.icon.choose({"Check for Updates…"}));
+}
+
+TEST_F(Launch, TheUpdaterStartsBeforeTheIconIsInstalled) {
+  desktop.bundle.built = {{"SUFeedURL", "https://example.org/feed.xml"}};
+  start();
+  ASSERT_NE(desktop.updates.state(), nullptr);
+  EXPECT_EQ(desktop.updates.state()->starts, 1);
+}
+
+TEST_F(Launch, AccessibilityIsAskedForOnlyIfItIsMissing) {
+  start();
+  EXPECT_EQ(desktop.user.askCount(), 0);
+  desktop.user.setTrusted(false);
+  start();
+  EXPECT_EQ(desktop.user.askCount(), 1);
+}
+
+TEST_F(Launch, TheSettingsWindowIsNotOpened) {
+  start();
+  desktop.time.advance(MainQueue::Seconds(60));
+  EXPECT_EQ(desktop.settingsWindow.showCount(), 0);
+}
+
+TEST_F(Launch, ASettingsWindowLeftOpenIsClosedWhenTheProgramGoes) {
+  start();
+  delegate->showSettings();
+  delegate.reset();
+  EXPECT_FALSE(desktop.settingsWindow.isOpen());
+}
+
+TEST_F(Launch, AtRestNothingWakesTheProgramButTheCaptureEvery20Seconds) {
+  start();
+  desktop.time.runDue();
+  desktop.time.advance(MainQueue::Seconds(19));
+  EXPECT_FALSE(desktop.time.isIdle());
+  change({.restoreOnDisplayChange = false});
+  desktop.time.advance(MainQueue::Seconds(20));
+  EXPECT_TRUE(desktop.time.isIdle());
+}
+
+}  // namespace
+}  // namespace tilwin

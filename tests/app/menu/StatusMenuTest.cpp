@@ -1,0 +1,144 @@
+#include "app/menu/StatusMenu.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/actions/ActionGroups.h"
+
+namespace tilwin {
+namespace {
+
+const MenuItem* titled(const std::vector<MenuItem>& items, std::string_view title) {
+  const auto found = std::ranges::find(items, title, &MenuItem::title);
+  return found == items.end() ? nullptr : &*found;
+}
+
+std::vector<std::string> titlesOf(const std::vector<MenuItem>& items) {
+  std::vector<std::string> titles;
+  std::ranges::transform(items, std::back_inserter(titles), [](const MenuItem& item) {
+    return item.kind == MenuItem::Kind::separator ? std::string("-") : item.title;
+  });
+  return titles;
+}
+
+using Titles = std::vector<std::string>;
+
+Layout layoutNamed(std::string name) { return {.id = Uuid::random(), .name = std::move(name)}; }
+
+TEST(StatusMenu, ListsEverythingInItsOrder) {
+  StatusMenu shown{
+      .frontmost = RunningApplication{.bundleIdentifier = "org.example.Editor", .localizedName = "Editor"},
+      .ownBundleIdentifier = "org.example.Tilwin",
+      .isTrusted = false,
+      .hasUpdates = true};
+  EXPECT_EQ(titlesOf(shown.model().items),
+            (Titles{"Allow Accessibility…", "-", "Halves", "Quarters", "Thirds", "Fourths (wide screens)",
+                    "Sixths", "Size and display", "-", "Layouts", "Custom areas", "-",
+                    "Never move windows of Editor", "Settings…", "Check for Updates…", "Quit Tilwin"}));
+}
+
+TEST(StatusMenu, BeginsWithASeparatorWhenAccessibilityIsAllowedAndHidesUpdatesWithoutAnUpdater) {
+  EXPECT_EQ(titlesOf(StatusMenu{}.model().items),
+            (Titles{"-", "Halves", "Quarters", "Thirds", "Fourths (wide screens)", "Sixths",
+                    "Size and display", "-", "Layouts", "Custom areas", "-", "Settings…", "Quit Tilwin"}));
+}
+
+TEST(StatusMenu, TheGroupsHoldEveryActionOnce) {
+  std::vector<SnapAction> listed;
+  for (const auto& group : ActionGroup::all())
+    listed.insert(listed.end(), group.actions.begin(), group.actions.end());
+  std::ranges::sort(listed);
+  EXPECT_TRUE(std::ranges::equal(listed, SnapActions::all()));
+}
+
+TEST(StatusMenu, TheSizesAreInTheOrderInWhichTheyAreUsed) {
+  const auto model = StatusMenu{}.model();
+  EXPECT_EQ(titlesOf(titled(model.items, "Size and display")->items),
+            (Titles{"Maximize    ⌃⌥↩", "Full height    ⌃⌥⇧↑", "Full width    ⌃⌥⇧↓",
+                    "Almost maximize    ⌃⌥=", "Center    ⌃⌥C", "Center, large",
+                    "Make larger    ⌃⌥⇧=", "Make smaller    ⌃⌥⇧-", "Restore previous size    ⌃⌥⌫",
+                    "Move to next display    ⌃⌥⌘→", "Move to previous display    ⌃⌥⌘←"}));
+}
+
+TEST(StatusMenu, AnActionShowsItsPresentShortcutAndCarriesItsRawValue) {
+  StatusMenu shown;
+  shown.settings.shortcuts["leftHalf"] = {96, 0};
+  shown.settings.disabled = {"rightHalf"};
+  const auto model = shown.model();
+  const auto& halves = titled(model.items, "Halves")->items;
+  ASSERT_EQ(titlesOf(halves),
+            (Titles{"Left half    F5", "Right half", "Top half    ⌃⌥↑", "Bottom half    ⌃⌥↓"}));
+  EXPECT_EQ(halves[0].choice, (MenuChoice{"menuSnap:", "leftHalf"}));
+}
+
+TEST(StatusMenu, WithoutUserLayoutsThereIsNothingToApplyOrDelete) {
+  const auto model = StatusMenu{}.model();
+  EXPECT_EQ(titlesOf(titled(model.items, "Layouts")->items),
+            (Titles{"Save this arrangement…", "Describe a layout…"}));
+}
+
+TEST(StatusMenu, UserLayoutsCanBeAppliedAndDeleted) {
+  StatusMenu shown;
+  shown.userLayouts = {layoutNamed("Desk"), layoutNamed("Writing")};
+  const auto model = shown.model();
+  const auto& layouts = titled(model.items, "Layouts")->items;
+  ASSERT_EQ(titlesOf(layouts), (Titles{"Desk", "Writing", "-", "Save this arrangement…", "Describe a layout…",
+                                       "Delete layout"}));
+  EXPECT_EQ(layouts[1].choice, (MenuChoice{"applyLayout:", shown.userLayouts[1].id.text()}));
+  EXPECT_EQ(titlesOf(layouts.back().items), (Titles{"Desk", "Writing"}));
+  EXPECT_EQ(layouts.back().items[0].choice, (MenuChoice{"deleteLayout:", shown.userLayouts[0].id.text()}));
+}
+
+TEST(StatusMenu, AreasAreListedInTheUsersOrderWithTheirShortcuts) {
+  StatusMenu shown;
+  shown.settings.customAreas = {CustomArea::starter("Zed"), CustomArea::starter("Column")};
+  shown.settings.customAreas[1].shortcut = HotKeySpec{96, 0};
+  const auto model = shown.model();
+  const auto& areas = titled(model.items, "Custom areas")->items;
+  ASSERT_EQ(titlesOf(areas), (Titles{"Zed", "Column    F5", "-", "Save this window as an area…"}));
+  EXPECT_EQ(areas[0].choice, (MenuChoice{"menuArea:", shown.settings.customAreas[0].id.text()}));
+}
+
+TEST(StatusMenu, WithoutAreasOnlySavingOneIsOffered) {
+  const auto model = StatusMenu{}.model();
+  EXPECT_EQ(titlesOf(titled(model.items, "Custom areas")->items), (Titles{"Save this window as an area…"}));
+}
+
+TEST(StatusMenu, AnIgnoredApplicationHasACheckMark) {
+  StatusMenu shown{
+      .frontmost = RunningApplication{.bundleIdentifier = "org.example.Editor", .localizedName = "Editor"}};
+  EXPECT_FALSE(titled(shown.model().items, "Never move windows of Editor")->isChecked);
+  shown.settings.ignoredApps = {"org.example.Editor"};
+  const auto model = shown.model();
+  const auto* entry = titled(model.items, "Never move windows of Editor");
+  EXPECT_TRUE(entry->isChecked);
+  EXPECT_EQ(entry->choice, (MenuChoice{"toggleIgnore:", "org.example.Editor"}));
+}
+
+TEST(StatusMenu, WhenTheFrontApplicationIsThisProgramTheIgnoreEntryIsAbsent) {
+  const StatusMenu shown{
+      .frontmost = RunningApplication{.bundleIdentifier = "org.example.Tilwin", .localizedName = "Tilwin"},
+      .ownBundleIdentifier = "org.example.Tilwin"};
+  EXPECT_EQ(titled(shown.model().items, "Never move windows of Tilwin"), nullptr);
+}
+
+TEST(StatusMenu, AFrontApplicationWithoutAnIdentifierCannotBeIgnored) {
+  const StatusMenu shown{.frontmost = RunningApplication{.localizedName = "Script"}};
+  EXPECT_EQ(titled(shown.model().items, "Never move windows of Script"), nullptr);
+}
+
+TEST(StatusMenu, UpdatesCanBeChosenOnlyWhileACheckCanStart) {
+  StatusMenu shown{.hasUpdates = true};
+  EXPECT_FALSE(titled(shown.model().items, "Check for Updates…")->isEnabled);
+  shown.canCheckForUpdates = true;
+  EXPECT_TRUE(titled(shown.model().items, "Check for Updates…")->isEnabled);
+}
+
+}  // namespace
+}  // namespace tilwin
