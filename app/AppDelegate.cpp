@@ -70,8 +70,8 @@ void AppDelegate::followSettings() {
 
 void AppDelegate::startHotKeys() {
   hotKeyCenter_.onTarget = [this](const ShortcutOwner& owner) { perform(owner); };
-  platform_.hotKeys.setMayBeFreeHandler([weak = std::weak_ptr(self_)] {
-    if (const auto self = weak.lock()) (*self)->applier_.retryRefused();
+  platform_.hotKeys.setChangeHandler([weak = std::weak_ptr(self_)] {
+    if (const auto self = weak.lock()) (*self)->applier_.registerAgain();
   });
 }
 
@@ -140,7 +140,7 @@ SettingsView::Actions AppDelegate::settingsActions() {
               },
           .deleteShadowData = [this] { recording_.erase(); },
           .setOpenAtLogin = setOpenAtLogin,
-          .shortcutRecording = [this](bool isRecording) { applier_.recordingShortcut = isRecording; },
+          .shortcutRecording = [this](bool isRecording) { applier_.setRecordingShortcut(isRecording); },
           .retryRefused = [this] { applier_.retryRefused(); }};
 }
 

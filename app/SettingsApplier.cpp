@@ -27,7 +27,7 @@ void SettingsApplier::handToController(const TilwinSettings& settings) {
 }
 
 void SettingsApplier::registerIfChanged(const TilwinSettings& settings) {
-  if (recordingShortcut) return;
+  if (recordingShortcut_) return;
   auto hotKeys = HotKeyFingerprint::of(settings);
   if (lastHotKeys_ == hotKeys) return;
   registerHotKeys(settings);
@@ -40,14 +40,26 @@ void SettingsApplier::registerHotKeys(const TilwinSettings& settings) {
   services_.store.unavailable.set(std::move(refused));
 }
 
-void SettingsApplier::retryRefused() {
-  if (recordingShortcut || services_.store.unavailable.get().empty()) return;
+void SettingsApplier::setRecordingShortcut(bool recording) {
+  recordingShortcut_ = recording;
+  if (!recording && std::exchange(registersAgainLater_, false)) registerAgain();
+}
+
+void SettingsApplier::registerAgain() {
+  if (recordingShortcut_) {
+    registersAgainLater_ = true;
+    return;
+  }
   const TilwinSettings settings = services_.store.settings.get();
   auto refused = services_.hotKeyCenter.registerShortcuts(settings);
   lastHotKeys_ = HotKeyFingerprint::of(settings);
   if (refused == services_.store.unavailable.get()) return;
   logShortcuts(settings, refused);
   services_.store.unavailable.set(std::move(refused));
+}
+
+void SettingsApplier::retryRefused() {
+  if (!services_.store.unavailable.get().empty()) registerAgain();
 }
 
 void SettingsApplier::logShortcuts(const TilwinSettings& settings,

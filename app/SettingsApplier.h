@@ -31,11 +31,12 @@ public:
   /// The services must outlive this.
   explicit SettingsApplier(const Services& services) : services_(services) {}
 
-  /// While a shortcut is recorded, hot keys are not registered.
-  bool recordingShortcut = false;
-
   void apply();
-  /// Registers all hot keys again if the desktop refused any of them; another program may have freed it.
+  /// While a shortcut is recorded, hot keys are not registered.
+  void setRecordingShortcut(bool recording);
+  /// Registers all hot keys again; others may be refused now than before.
+  void registerAgain();
+  /// The same if any was refused.
   void retryRefused();
 
 private:
@@ -46,6 +47,8 @@ private:
 
   Services services_;
   std::optional<HotKeyFingerprint> lastHotKeys_;
+  bool recordingShortcut_ = false;
+  bool registersAgainLater_ = false;  ///< once no shortcut is recorded
 };
 
 }  // namespace tilwin

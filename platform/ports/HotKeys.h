@@ -36,9 +36,10 @@ public:
   /// Sets the only handler of presses. It is called once for each physical press, never for auto-repeat. The
   /// key event never reaches the focused window, whatever the handler does.
   virtual void setPressHandler(PressHandler handler) = 0;
-  /// Sets the only handler of changes after which a refused combination may be free: another keyboard, or
-  /// another window manager. On a desktop that does not tell, it is never called.
-  virtual void setMayBeFreeHandler(std::function<void()> handler) = 0;
+  /// Sets the only handler of changes after which other combinations may be free or refused than before:
+  /// another keyboard, or another window manager. What is registered should be registered again. On a desktop
+  /// where nothing of that happens, it is never called.
+  virtual void setChangeHandler(std::function<void()> handler) = 0;
 };
 
 }  // namespace tilwin

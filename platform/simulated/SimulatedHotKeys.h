@@ -28,10 +28,10 @@ public:
   void holdElsewhere(const HotKeySpec& spec);
   /// The other program unregisters the combination.
   void letGoElsewhere(const HotKeySpec& spec);
-  /// Something changes after which refused combinations may be free; tells the program.
-  void tellMayBeFree() {
+  /// Tells the program that other combinations may be free or refused than before.
+  void tellChange() {
     // A copy, because the handler may set another one.
-    if (const auto handler = mayBeFree_) handler();
+    if (const auto handler = onChange_) handler();
   }
   /// Removes a key from this keyboard.
   void removeKey(std::uint32_t keyCode);
@@ -58,7 +58,7 @@ private:
   std::optional<Reference> add(const HotKeySpec& spec, const HotKeyIdentity& identity) override;
   void remove(Reference reference) override;
   void setPressHandler(PressHandler handler) override;
-  void setMayBeFreeHandler(std::function<void()> handler) override { mayBeFree_ = std::move(handler); }
+  void setChangeHandler(std::function<void()> handler) override { onChange_ = std::move(handler); }
 
   [[nodiscard]] bool hasKey(std::uint32_t keyCode) const;
   [[nodiscard]] const Registration* registered(const HotKeySpec& spec) const;
@@ -70,7 +70,7 @@ private:
   std::vector<Registration> registrations_;
   std::vector<Reference> removals_;
   PressHandler handler_;
-  std::function<void()> mayBeFree_;
+  std::function<void()> onChange_;
   Reference lastReference_ = 0;
   int handlerInstallations_ = 0;
 };

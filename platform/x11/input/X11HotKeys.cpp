@@ -3,6 +3,7 @@
 #include "platform/x11/wire/XkbProtocol.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -138,6 +139,17 @@ void X11HotKeys::rereadKeyboard() {
   if (refused > 0) {
     log_.write("Tilwin: " + std::to_string(refused) + " shortcuts are taken on the new keyboard layout");
   }
+  tellOfChange();
+}
+
+std::optional<std::uint32_t> X11HotKeys::keyCodeOf(std::uint32_t nativeScanCode) const {
+  if (nativeScanCode > std::numeric_limits<xcb_keycode_t>::max()) return std::nullopt;
+  return keyboard_.keyCodeOf(static_cast<xcb_keycode_t>(nativeScanCode));
+}
+
+void X11HotKeys::tellOfChange() const {
+  // A copy, because the handler may set another one.
+  if (const auto handler = onChange_) handler();
 }
 
 }  // namespace tilwin::x11

@@ -26,7 +26,11 @@ public:
   [[nodiscard]] std::optional<Reference> add(const HotKeySpec& spec, const HotKeyIdentity& identity) override;
   void remove(Reference reference) override;
   void setPressHandler(PressHandler handler) override { handler_ = std::move(handler); }
-  void setMayBeFreeHandler(std::function<void()> handler) override { mayBeFree_ = std::move(handler); }
+  void setChangeHandler(std::function<void()> handler) override { onChange_ = std::move(handler); }
+  /// Calls the change handler, for instance because another window manager runs.
+  void tellOfChange() const;
+  /// The key code of a physical key on the present keyboard; nothing for a key that no hot key may have.
+  [[nodiscard]] std::optional<std::uint32_t> keyCodeOf(std::uint32_t nativeScanCode) const;
 
 private:
   struct Registration {
@@ -50,7 +54,7 @@ private:
   std::map<Reference, Registration> registrations_;
   Reference nextReference_ = 1;
   PressHandler handler_;
-  std::function<void()> mayBeFree_;
+  std::function<void()> onChange_;
   xcb_keycode_t grabbingKey_ = 0;                  ///< the key whose passive grab is active now; 0 for none
   std::map<xcb_keycode_t, xcb_timestamp_t> down_;  ///< keys held down, with the time of their last event
   DeferredWork keyboardReading_;

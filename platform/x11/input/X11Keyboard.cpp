@@ -125,6 +125,11 @@ std::optional<KeyChord> X11Keyboard::chordFor(const HotKeySpec& spec) const {
   return result;
 }
 
+std::optional<std::uint32_t> X11Keyboard::keyCodeOf(xcb_keycode_t key) const {
+  const auto found = std::ranges::find_if(keycodes_, [&](const auto& entry) { return entry.second == key; });
+  return found == keycodes_.end() ? std::nullopt : std::optional(found->first);
+}
+
 std::vector<std::uint16_t> X11Keyboard::lockCombinations() const {
   std::vector<std::uint16_t> result;
   // Enumerates all subsets of the lock bits, the empty one last.

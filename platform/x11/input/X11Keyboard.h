@@ -33,6 +33,8 @@ public:
 
   /// The combination for a hot key; nothing if this keyboard lacks the key or one of the modifiers.
   [[nodiscard]] std::optional<KeyChord> chordFor(const HotKeySpec& spec) const;
+  /// The key code of a physical key; nothing for a key that no hot key may have, such as a modifier.
+  [[nodiscard]] std::optional<std::uint32_t> keyCodeOf(xcb_keycode_t key) const;
   /// Every combination of the lock keys (Caps Lock, Num Lock, Scroll Lock), including none. A chord must be
   /// grabbed with each of them, so that it works whatever lock is on.
   [[nodiscard]] std::vector<std::uint16_t> lockCombinations() const;

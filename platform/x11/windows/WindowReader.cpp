@@ -1,5 +1,7 @@
 #include "platform/x11/windows/WindowReader.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -114,6 +116,10 @@ std::optional<Rect> PlaceQuestions::frame() {
   Rect client;
   FrameShape shape;
   return answer(client, shape) ? std::optional(shape.frameOfClient(client)) : std::nullopt;
+}
+
+bool isOwn(const WindowSnapshot& snapshot) {
+  return snapshot.process == static_cast<std::uint32_t>(getpid());
 }
 
 std::vector<WindowSnapshot> readWindows(const X11Connection& x, std::span<const xcb_window_t> windows) {

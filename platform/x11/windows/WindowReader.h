@@ -32,6 +32,9 @@ struct WindowSnapshot {
   [[nodiscard]] Rect frame() const { return shape.frameOfClient(client); }
 };
 
+/// Whether the window belongs to this process.
+[[nodiscard]] bool isOwn(const WindowSnapshot& snapshot);
+
 /// Reads these windows in one round trip. Leaves out a window that is gone; the others keep their order.
 [[nodiscard]] std::vector<WindowSnapshot> readWindows(const X11Connection& x,
                                                       std::span<const xcb_window_t> windows);

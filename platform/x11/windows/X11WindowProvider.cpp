@@ -1,7 +1,5 @@
 #include "platform/x11/windows/X11WindowProvider.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -22,10 +20,6 @@ constexpr int repeatsForDropped = 3;
 constexpr std::uint32_t moves = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 constexpr std::array shapeProperties{Atom::netFrameExtents, Atom::gtkFrameExtents, Atom::netWmState};
 
-bool isOwn(const WindowSnapshot& snapshot) {
-  return snapshot.process == static_cast<std::uint32_t>(getpid());
-}
-
 }  // namespace
 
 X11WindowProvider::X11WindowProvider(X11Connection& x, X11Displays& displays, HeldWindow& held,
@@ -34,8 +28,13 @@ X11WindowProvider::X11WindowProvider(X11Connection& x, X11Displays& displays, He
         forgetClosedWindows();
       }) {
   listenToEvents();
+  noteActiveWindow();
+}
+
+void X11WindowProvider::noteActiveWindow() {
   activeWindow_ =
       PropertyRequest(x_.get(), x_.root(), x_.atom(Atom::netActiveWindow)).number().value_or(XCB_WINDOW_NONE);
+  focusHistory_.note(activeWindow_);
 }
 
 void X11WindowProvider::listenToEvents() {
@@ -49,6 +48,7 @@ void X11WindowProvider::listenToEvents() {
     const auto window = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
     ids_.forget(window);
     ledger_.forget(window);
+    focusHistory_.forget(window);
     watched_.erase(window);
   });
 }
@@ -63,6 +63,15 @@ std::optional<WindowInfo> X11WindowProvider::focusedWindow() {
   if (snapshot->furniture || isOwn(*snapshot)) return std::nullopt;
   lastSeen_ = {std::move(*snapshot), x_.generation()};
   return infoFor(lastSeen_->snapshot, 0);
+}
+
+std::optional<WindowInfo> X11WindowProvider::lastFocusedWindow() {
+  if (auto focused = focusedWindow()) return focused;
+  const auto before = readWindows(x_, focusHistory_.latestFirst());
+  const auto found = std::ranges::find_if(before, [](const WindowSnapshot& snapshot) {
+    return !snapshot.furniture && !snapshot.hidden && !isOwn(snapshot);
+  });
+  return found == before.end() ? std::nullopt : std::optional(infoFor(*found, 0));
 }
 
 std::vector<WindowInfo> X11WindowProvider::allWindows() {
@@ -127,7 +136,7 @@ void X11WindowProvider::move(const WindowSnapshot& snapshot, const Rect& frame) 
 void X11WindowProvider::propertyChanged(const xcb_property_notify_event_t& event) {
   const bool onRoot = event.window == x_.root();
   if (onRoot && event.atom == x_.atom(Atom::netActiveWindow)) {
-    activeWindow_ = PropertyRequest(x_.get(), x_.root(), event.atom).number().value_or(XCB_WINDOW_NONE);
+    noteActiveWindow();
   } else if (onRoot && event.atom == x_.atom(Atom::netClientList)) {
     closing_.need();
   } else if (watched_.contains(event.window)) {
@@ -173,7 +182,11 @@ void X11WindowProvider::correctShape(xcb_window_t window) {
   move(snapshot, request->frame);
 }
 
-void X11WindowProvider::forgetClosedWindows() { ids_.keepOnly(managedWindows(x_)); }
+void X11WindowProvider::forgetClosedWindows() {
+  const auto open = managedWindows(x_);
+  ids_.keepOnly(open);
+  focusHistory_.keepOnly(open);
+}
 
 WindowInfo X11WindowProvider::infoFor(const WindowSnapshot& snapshot, std::int64_t zOrder) {
   return {.id = ids_.idOf(snapshot.window, snapshot.process),

@@ -9,6 +9,7 @@
 #include "platform/ports/MainQueue.h"
 #include "platform/x11/displays/X11Displays.h"
 #include "platform/x11/windows/DesktopEntries.h"
+#include "platform/x11/windows/FocusHistory.h"
 #include "platform/x11/windows/HeldWindow.h"
 #include "platform/x11/windows/MoveLedger.h"
 #include "platform/x11/windows/WindowIds.h"
@@ -34,6 +35,7 @@ public:
   [[nodiscard]] std::optional<WindowInfo> focusedWindow() override;
   [[nodiscard]] std::vector<WindowInfo> allWindows() override;
   [[nodiscard]] std::optional<Rect> frame(std::int64_t of) override;
+  [[nodiscard]] std::optional<WindowInfo> lastFocusedWindow() override;
   [[nodiscard]] std::optional<WindowInfo> window(Point at) override;
 
 private:
@@ -45,6 +47,7 @@ private:
   };
 
   void listenToEvents();
+  void noteActiveWindow();
   void propertyChanged(const xcb_property_notify_event_t& event);
   void shapeMayHaveChanged(const xcb_property_notify_event_t& event);
   void windowConfigured(xcb_window_t window);
@@ -65,6 +68,7 @@ private:
   MoveLedger ledger_;
   std::set<xcb_window_t> watched_;  ///< windows that we moved and whose events we receive
   xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
+  FocusHistory focusHistory_;
   std::optional<Seen> lastSeen_;
   DeferredWork closing_;
 };

@@ -28,9 +28,8 @@ constexpr std::array needs{
            return offered.shape.isAtLeast({1, 1});
          },
          "this X server lacks the SHAPE extension 1.1; use a server that has it (any Xorg)."},
-    Need{[](const ServerNeeds& offered) { return offered.windowManager; },
-         "no EWMH window manager runs on this X server; start one (openbox, xfwm4, metacity, …) first."},
-    Need{[](const ServerNeeds& offered) { return offered.moveResize; },
+    // Without a window manager nothing is missing yet: at login it may start later.
+    Need{[](const ServerNeeds& offered) { return offered.moveResize || !offered.windowManager; },
          "this window manager does not take _NET_MOVERESIZE_WINDOW; use one that does (openbox, xfwm4, "
          "metacity, …)."},
 };

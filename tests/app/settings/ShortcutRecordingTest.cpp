@@ -178,7 +178,7 @@ TEST_F(ShortcutRecording, AFreedShortcutWorksWhenTheDesktopTellsOfAChange) {
   open();
   desktop.keyboard.letGoElsewhere(controlOptionLeft);
   EXPECT_NE(problem(leftHalf), "");
-  desktop.keyboard.tellMayBeFree();
+  desktop.keyboard.tellChange();
   desktop.time.runDue();
   EXPECT_EQ(problem(leftHalf), "");
   EXPECT_TRUE(desktop.keyboard.press(controlOptionLeft));
@@ -202,17 +202,34 @@ TEST_F(ShortcutRecording, AFreedShortcutWorksWhenAnotherIsRecordedOrReset) {
 
 TEST_F(ShortcutRecording, NothingIsTriedAgainWhenNothingWasRefused) {
   open();
-  desktop.keyboard.tellMayBeFree();
   records(rightHalf, escape);
   EXPECT_TRUE(desktop.keyboard.removals().empty());
+}
+
+TEST_F(ShortcutRecording, AShortcutLostToAChangeOfTheDesktopIsMarked) {
+  open();
+  desktop.keyboard.removeKey(controlOptionLeft.keyCode);
+  desktop.keyboard.tellChange();
+  desktop.time.runDue();
+  EXPECT_NE(problem(leftHalf), "");
+}
+
+TEST_F(ShortcutRecording, AChangeOfTheDesktopWhileRecordingIsFollowedAfterwards) {
+  open();
+  presses(rightHalf);
+  desktop.keyboard.removeKey(controlOptionLeft.keyCode);
+  desktop.keyboard.tellChange();
+  EXPECT_TRUE(desktop.keyboard.removals().empty());
+  does(form::KeyPressed{escape});
+  EXPECT_NE(problem(leftHalf), "");
 }
 
 TEST_F(ShortcutRecording, ARetryThatChangesNothingIsNotLogged) {
   desktop.keyboard.holdElsewhere(controlOptionLeft);
   startWith({});
   const auto lines = desktop.log.lines().size();
-  desktop.keyboard.tellMayBeFree();
-  desktop.keyboard.tellMayBeFree();
+  desktop.keyboard.tellChange();
+  desktop.keyboard.tellChange();
   EXPECT_EQ(desktop.log.lines().size(), lines);
 }
 
