@@ -1,30 +1,14 @@
 #include "platform/qt/XdgBundle.h"
 
-#include <cstdlib>
 #include <system_error>
 
+#include "platform/qt/XdgFolders.h"
+
 namespace tilwin::qt {
-namespace {
 
-namespace fs = std::filesystem;
-
-/// The path in an environment variable. The XDG standard says to ignore one that is not absolute.
-std::optional<fs::path> pathIn(const char* variable) {
-  const char* const value = std::getenv(variable);
-  if (value == nullptr || !fs::path(value).is_absolute()) return std::nullopt;
-  return value;
-}
-
-std::optional<fs::path> dataHome() {
-  if (auto named = pathIn("XDG_DATA_HOME")) return named;
-  const auto home = pathIn("HOME");
-  return home ? std::optional(*home / ".local" / "share") : std::nullopt;
-}
-
-}  // namespace
-
-std::optional<fs::path> XdgBundle::applicationSupport() {
-  const auto folder = dataHome();
+std::optional<std::filesystem::path> XdgBundle::applicationSupport() {
+  namespace fs = std::filesystem;
+  const auto folder = XdgFolders::dataHome();
   if (!folder) return std::nullopt;
   std::error_code refusal;
   // The XDG standard says that a new folder is accessible to the user only.

@@ -1,0 +1,156 @@
+#include "platform/qt/system/QtInstance.h"
+
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QDeadlineTimer>
+#include <QMetaObject>
+#include <QString>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/qt/system/SessionBusConnection.h"
+
+namespace tilwin::qt {
+namespace {
+
+constexpr auto instancePath = "/org/tilwin/Tilwin";
+constexpr auto instanceInterface = "org.tilwin.Tilwin";
+constexpr auto showSettingsCall = "ShowSettings";
+
+/// Flag of RequestName: fail instead of waiting in line.
+constexpr uint doNotQueueName = 4;
+/// Answers of RequestName.
+constexpr uint primaryNameOwner = 1;
+constexpr uint alreadyNameOwner = 4;
+
+bool isLetterOrDigit(char each) {
+  return (each >= 'a' && each <= 'z') || (each >= 'A' && each <= 'Z') || (each >= '0' && each <= '9');
+}
+
+/// Whether there was nobody to answer, or somebody who left without an answer. The bus tells both; if the
+/// owner only takes too long, it is this end that gives up.
+bool hasOwnerGone(const QDBusMessage& reply) {
+  const auto error = QDBusError(reply).type();
+  return error == QDBusError::ServiceUnknown ||
+         (error == QDBusError::NoReply && reply.service() == QLatin1String("org.freedesktop.DBus"));
+}
+
+/// Text in the few characters that a bus name may have; different texts stay different.
+std::string asBusName(std::string_view text) {
+  constexpr std::string_view hexDigits = "0123456789abcdef";
+  std::string result;
+  for (const char each : text) {
+    const auto byte = static_cast<unsigned char>(each);
+    if (isLetterOrDigit(each)) {
+      result += each;
+    } else {
+      result.append({'_', hexDigits[byte >> 4U], hexDigits[byte & 15U]});
+    }
+  }
+  return result;
+}
+
+}  // namespace
+
+/// The connection, and the object on it that later instances call.
+class QtInstance::Claim : public QDBusVirtualObject {
+public:
+  enum class Answer { granted, handedOver, ownerHasGone };
+
+  explicit Claim(std::chrono::milliseconds patience) : deadline_(patience), bus_(patience) {}
+  ~Claim() override { bus_.connection().unregisterObject(QLatin1String(instancePath)); }
+
+  [[nodiscard]] bool isConnected() const { return bus_.isConnected(); }
+
+  Answer ask(const std::string& service) {
+    auto bus = bus_.connection();
+    // Before the name, so that nobody who finds the name misses the object.
+    bus.registerVirtualObject(QLatin1String(instancePath), this);
+    const QString name = QString::fromStdString(service);
+    const auto granted = call(
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"))
+        << name << doNotQueueName);
+    if (granted.type() != QDBusMessage::ReplyMessage || granted.arguments().isEmpty()) return Answer::granted;
+    const uint answer = granted.arguments().constFirst().toUInt();
+    if (answer == primaryNameOwner || answer == alreadyNameOwner) return Answer::granted;
+    auto request = QDBusMessage::createMethodCall(
+        name, QLatin1String(instancePath), QLatin1String(instanceInterface), QLatin1String(showSettingsCall));
+    request.setAutoStartService(false);
+    return hasOwnerGone(call(request)) && !deadline_.hasExpired() ? Answer::ownerHasGone : Answer::handedOver;
+  }
+
+  void setHandler(std::function<void()> handler) {
+    handler_ = std::move(handler);
+    if (wasAsked_) postRequest();
+  }
+
+private:
+  QDBusMessage call(const QDBusMessage& message) {
+    const auto left = std::max<qint64>(1, deadline_.remainingTime());
+    return bus_.connection().call(message, QDBus::Block, static_cast<int>(left));
+  }
+
+  void postRequest() {
+    wasAsked_ = handler_ == nullptr;
+    if (!handler_) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          if (const auto handler = handler_) handler();
+        },
+        Qt::QueuedConnection);
+  }
+
+  [[nodiscard]] QString introspect(const QString&) const override {
+    return QStringLiteral("<interface name=\"%1\"><method name=\"%2\"/></interface>")
+        .arg(QLatin1String(instanceInterface), QLatin1String(showSettingsCall));
+  }
+
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+    if (message.member() != QLatin1String(showSettingsCall)) return false;
+    postRequest();
+    connection.send(message.createReply());
+    return true;
+  }
+
+  QDeadlineTimer deadline_;
+  SessionBusConnection bus_;
+  std::function<void()> handler_;
+  bool wasAsked_ = false;
+};
+
+QtInstance::QtInstance(std::string_view display, std::chrono::milliseconds patience)
+    : service_(serviceName(display)), patience_(patience) {}
+
+QtInstance::~QtInstance() = default;
+
+bool QtInstance::claim() {
+  claim_ = std::make_unique<Claim>(patience_);
+  if (!claim_->isConnected()) return true;
+  auto answer = Claim::Answer::ownerHasGone;
+  while (answer == Claim::Answer::ownerHasGone) answer = claim_->ask(service_);
+  const bool isGranted = answer == Claim::Answer::granted;
+  if (!isGranted) claim_.reset();
+  return isGranted;
+}
+
+void QtInstance::onShowSettings(std::function<void()> handler) {
+  if (claim_) claim_->setHandler(std::move(handler));
+}
+
+std::string QtInstance::serviceName(std::string_view display) {
+  const auto colon = display.rfind(':');
+  if (colon == std::string_view::npos) return "org.tilwin.Tilwin.display_" + asBusName(display);
+  const std::string_view number = display.substr(colon + 1);
+  const std::string_view host = display.substr(0, colon);
+  // Two ways to say this machine.
+  const bool isLocal = host.empty() || host == "unix";
+  return "org.tilwin.Tilwin.display_" + std::string(isLocal ? "" : asBusName(host) + "_") +
+         asBusName(number.substr(0, number.find('.')));
+}
+
+}  // namespace tilwin::qt
