@@ -1,0 +1,88 @@
+#include "platform/qt/settings/KeyCapButton.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "platform/qt/settings/Painting.h"
+
+namespace tilwin::qt {
+namespace {
+
+constexpr int capPadding = 12;
+constexpr int narrowestCap = 120;
+
+void drawCap(QPainter& painter, const QRectF& body, const ControlState& state, bool isRecording,
+             const Theme& theme) {
+  QColor face = theme.isDark ? theme.control : theme.card;
+  if (isRecording) face = mixed(theme.accent, theme.card, theme.isDark ? 0.22 : 0.1);
+  if (state.isUnderPointer && !isRecording) face = mixed(theme.text, face, 0.05);
+  if (state.isDown) face = mixed(theme.text, face, 0.1);
+  const double radius = metrics::controlRadius;
+  // The side of the cap shows below its face.
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(isRecording ? theme.accent : theme.outline);
+  painter.drawRoundedRect(body, radius, radius);
+  const double border = isRecording ? 2 : 1;
+  painter.setBrush(face);
+  painter.drawRoundedRect(body.adjusted(border, border, -border, isRecording ? -2 : -2.5), radius - border,
+                          radius - border);
+}
+
+}  // namespace
+
+KeyCapButton::KeyCapButton(const FormRecorder& recorder, const Report& report, QWidget* parent)
+    : QPushButton(parent) {
+  setObjectName(QString::fromStdString(recorder.id));
+  setAttribute(Qt::WA_Hover);
+  setFocusPolicy(Qt::StrongFocus);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  connect(this, &QPushButton::clicked, this,
+          [this, &report] { report(form::ButtonPressed{objectName().toStdString()}); });
+}
+
+void KeyCapButton::display(const FormRecorder& recorder) {
+  const QString title = QString::fromStdString(recorder.title);
+  setAccessibleName(QString::fromStdString(recorder.label));
+  setAccessibleDescription(title);
+  const bool starts = recorder.isRecording && !isRecording_;
+  const bool changes =
+      title != title_ || recorder.isEmpty != isEmpty_ || recorder.isRecording != isRecording_;
+  isRecording_ = recorder.isRecording;
+  isEmpty_ = recorder.isEmpty;
+  if (starts) setFocus(Qt::OtherFocusReason);
+  if (!changes) return;
+  if (title != title_) updateGeometry();
+  title_ = title;
+  update();
+}
+
+QSize KeyCapButton::sizeHint() const {
+  const int words = fontMetrics().horizontalAdvance(title_) + 2 + 2 * capPadding;
+  return {qMax(words, narrowestCap) + 2 * metrics::ring, metrics::controlHeight};
+}
+
+QSize KeyCapButton::minimumSizeHint() const { return {narrowestCap / 2, metrics::controlHeight}; }
+
+void KeyCapButton::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const Theme theme = Theme::of(palette());
+  const QRectF body = bodyOf(rect());
+  drawCap(painter, body, {isEnabled(), underMouse(), isDown(), hasFocus()}, isRecording_, theme);
+  if (hasFocus() && !isRecording_) drawFocusRing(painter, body, metrics::controlRadius, theme);
+  QColor ink = isEmpty_ ? theme.secondary : theme.text;
+  if (isRecording_) ink = theme.isDark ? theme.text : theme.accent;
+  painter.setPen(ink);
+  const QRectF room = body.adjusted(capPadding, 0, -capPadding, -1);
+  const QString shown = fontMetrics().elidedText(title_, Qt::ElideRight, static_cast<int>(room.width()) + 1);
+  painter.drawText(room, Qt::AlignCenter, shown);
+}
+
+void KeyCapButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    return QPushButton::keyPressEvent(event);
+  }
+  if (!event->isAutoRepeat()) click();
+}
+
+}  // namespace tilwin::qt

@@ -1,0 +1,107 @@
+#include "platform/qt/settings/RowControl.h"
+
+#include <QWidget>
+#include <algorithm>
+#include <variant>
+
+#include "platform/qt/settings/KeyCapButton.h"
+#include "platform/qt/settings/PushButton.h"
+#include "platform/qt/settings/SliderBar.h"
+#include "platform/qt/settings/SwitchButton.h"
+#include "platform/qt/settings/TextField.h"
+
+namespace tilwin::qt {
+namespace {
+
+template <typename Control>
+struct WidgetOf;
+template <>
+struct WidgetOf<FormToggle> {
+  using Type = SwitchButton;
+};
+template <>
+struct WidgetOf<FormSlider> {
+  using Type = SliderBar;
+};
+template <>
+struct WidgetOf<FormTextField> {
+  using Type = TextField;
+};
+template <>
+struct WidgetOf<FormButton> {
+  using Type = PushButton;
+};
+template <>
+struct WidgetOf<FormRecorder> {
+  using Type = KeyCapButton;
+};
+
+template <typename Control>
+constexpr bool doesStretch = std::is_same_v<Control, FormToggle> || std::is_same_v<Control, FormSlider> ||
+                             std::is_same_v<Control, FormTextField>;
+
+const std::string& idOf(const FormControl& control) {
+  return std::visit([](const auto& any) -> const std::string& { return any.id; }, control);
+}
+
+void discardControl(const RowControl& control) {
+  discard(control.widget);
+  if (control.caption != nullptr) discard(control.caption);
+}
+
+RowControl takenOrMade(std::vector<RowControl>& before, const FormControl& control, const Report& report,
+                       QWidget* parent) {
+  const auto kept = std::ranges::find_if(before, [&](const RowControl& candidate) {
+    return candidate.id == idOf(control) && candidate.kind == control.index();
+  });
+  if (kept == before.end()) return makeControl(control, report, parent);
+  const RowControl found = *kept;
+  before.erase(kept);
+  return found;
+}
+
+}  // namespace
+
+RowControl makeControl(const FormControl& control, const Report& report, QWidget* parent) {
+  RowControl made{.id = idOf(control), .kind = control.index()};
+  std::visit(
+      [&]<typename Control>(const Control& any) {
+        made.widget = new typename WidgetOf<Control>::Type(any, report, parent);
+        made.stretches = doesStretch<Control>;
+        if constexpr (std::is_same_v<Control, FormSlider>) {
+          made.caption = new TextLabel(TextLabel::Tone::secondary, parent);
+          made.caption->setAlignment(Qt::AlignRight | Qt::AlignTop);
+        }
+      },
+      control);
+  return made;
+}
+
+void displayControl(const RowControl& shown, const FormControl& control) {
+  std::visit(
+      [&]<typename Control>(const Control& any) {
+        static_cast<typename WidgetOf<Control>::Type*>(shown.widget)->display(any);
+        if constexpr (std::is_same_v<Control, FormSlider>) shown.caption->display(any.caption);
+      },
+      control);
+}
+
+void updateControls(std::vector<RowControl>& shown, const std::vector<FormControl>& controls,
+                    const Report& report, QWidget* parent) {
+  std::vector<RowControl> before;
+  before.swap(shown);
+  for (const auto& control : controls) {
+    shown.push_back(takenOrMade(before, control, report, parent));
+    displayControl(shown.back(), control);
+    shown.back().widget->show();
+  }
+  for (const auto& control : before) discardControl(control);
+}
+
+void discard(QWidget* widget) {
+  widget->setObjectName({});
+  widget->hide();
+  widget->deleteLater();
+}
+
+}  // namespace tilwin::qt

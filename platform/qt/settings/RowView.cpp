@@ -1,0 +1,118 @@
+#include "platform/qt/settings/RowView.h"
+
+#include <QEvent>
+#include <algorithm>
+#include <variant>
+
+#include "platform/qt/settings/MiniatureView.h"
+#include "platform/qt/settings/Theme.h"
+
+namespace tilwin::qt {
+namespace {
+
+bool isButtonsOnly(const FormRow& row) {
+  const bool hasText = !row.title.empty() || !row.note.empty() || !row.problem.empty();
+  return !hasText && !row.picture && std::ranges::all_of(row.controls, [](const FormControl& control) {
+    return std::holds_alternative<FormButton>(control);
+  });
+}
+
+TextLabel* namedLabel(TextLabel::Tone tone, const char* name, QWidget* parent) {
+  auto* label = new TextLabel(tone, parent);
+  label->setObjectName(QString::fromLatin1(name));
+  label->hide();
+  return label;
+}
+
+}  // namespace
+
+RowView::RowView(const Report& report, QWidget* parent)
+    : QWidget(parent),
+      report_(report),
+      title_(namedLabel(TextLabel::Tone::title, "title", this)),
+      note_(namedLabel(TextLabel::Tone::secondary, "note", this)),
+      problem_(namedLabel(TextLabel::Tone::problem, "problem", this)) {
+  QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
+}
+
+void RowView::display(const FormRow& row) {
+  setObjectName(QString::fromStdString(row.id));
+  displayPicture(row.picture);
+  title_->display(row.title);
+  updateControls(controls_, row.controls, report_, this);
+  note_->display(row.note);
+  problem_->display(row.problem);
+  isBare_ = isButtonsOnly(row);
+  updateGeometry();
+  arrange();
+}
+
+void RowView::displayPicture(const std::optional<FormPicture>& picture) {
+  if (!picture) {
+    if (picture_ != nullptr) discard(picture_);
+    picture_ = nullptr;
+    return;
+  }
+  if (picture_ == nullptr) {
+    picture_ = new MiniatureView(MiniatureView::Scale::small, report_, this);
+    picture_->show();
+  }
+  picture_->display(*picture);
+}
+
+void RowView::setColumns(const RowColumns& columns) {
+  if (columns == columns_) return;
+  columns_ = columns;
+  updateGeometry();
+  arrange();
+}
+
+void RowView::setPadding(int padding) {
+  if (padding == padding_) return;
+  padding_ = padding;
+  updateGeometry();
+  arrange();
+}
+
+RowColumns RowView::wantedColumns() const {
+  RowColumns wanted;
+  if (!std::ranges::any_of(controls_, &RowControl::stretches)) return wanted;
+  if (!title_->isHidden()) wanted.title = title_->lineWidth();
+  for (const auto& control : controls_) {
+    if (control.caption != nullptr) wanted.caption = std::max(wanted.caption, control.caption->lineWidth());
+  }
+  return wanted;
+}
+
+RowParts RowView::parts() const {
+  return {.picture = picture_,
+          .title = title_,
+          .note = note_,
+          .problem = problem_,
+          .controls = &controls_,
+          .columns = columns_,
+          .padding = padding_};
+}
+
+QSize RowView::sizeHint() const { return {400, heightForWidth(400)}; }
+
+QSize RowView::minimumSizeHint() const { return {160, 0}; }
+
+int RowView::heightForWidth(int width) const { return RowLayout(parts(), width).height(); }
+
+void RowView::arrange() {
+  const RowLayout layout(parts(), width());
+  for (const auto& place : layout.places()) place.widget->setGeometry(place.area);
+}
+
+void RowView::resizeEvent(QResizeEvent*) { arrange(); }
+
+bool RowView::event(QEvent* event) {
+  // A control's size hint has changed, for instance because of another font.
+  if (event->type() == QEvent::LayoutRequest) arrange();
+  return QWidget::event(event);
+}
+
+}  // namespace tilwin::qt

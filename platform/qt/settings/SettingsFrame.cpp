@@ -1,0 +1,127 @@
+#include "platform/qt/settings/SettingsFrame.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/settings/RowControl.h"
+#include "platform/qt/settings/SectionPage.h"
+#include "platform/qt/settings/Sidebar.h"
+#include "platform/qt/settings/Theme.h"
+
+namespace tilwin::qt {
+namespace {
+
+constexpr QSize initialSize{840, 640};
+constexpr QSize smallestSize{720, 480};
+
+bool isClosing(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Escape || event.matches(QKeySequence::Close) ||
+         (event.key() == Qt::Key_W && event.modifiers() == Qt::ControlModifier);
+}
+
+bool isSearching(const QKeyEvent& event) {
+  return event.matches(QKeySequence::Find) || event.text() == QLatin1String("/");
+}
+
+}  // namespace
+
+SettingsFrame::SettingsFrame(Report report, KeyCodeOf keyCodeOf, std::function<void()> onClosing)
+    : report_(std::move(report)),
+      onClosing_(std::move(onClosing)),
+      capture_(new KeyCapture(this, report_, std::move(keyCodeOf))),
+      sidebar_(new Sidebar(report_, this)),
+      layout_(new QHBoxLayout(this)) {
+  setObjectName(QStringLiteral("settings"));
+  setAttribute(Qt::WA_QuitOnClose, false);
+  setMinimumSize(smallestSize);
+  resize(initialSize);
+  layout_->setContentsMargins(0, 0, 0, 0);
+  layout_->setSpacing(0);
+  layout_->addWidget(sidebar_);
+  connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
+          [this](const QWindow* focused) { noteFocus(focused); });
+}
+
+void SettingsFrame::display(const FormModel& form) {
+  setWindowTitle(QString::fromStdString(form.title));
+  // Before the controls, one of which may take the focus in order to record.
+  capture_->setOn(form.isRecording());
+  sidebar_->display(form);
+  const auto chosen = std::ranges::find(form.sections, form.chosenSection, &FormSection::id);
+  if (chosen != form.sections.end()) displaySection(*chosen);
+  orderFocus();
+}
+
+void SettingsFrame::displaySection(const FormSection& section) {
+  SectionPage* former = page_ != nullptr && page_->section() != section.id ? page_ : nullptr;
+  if (page_ == nullptr || former != nullptr) {
+    page_ = new SectionPage(report_, this);
+    page_->display(section);
+    layout_->addWidget(page_, 1);
+    page_->show();
+  } else {
+    page_->display(section);
+  }
+  if (former == nullptr) return;
+  if (former->isAncestorOf(focusWidget())) sidebar_->setFocus();
+  layout_->removeWidget(former);
+  discard(former);
+}
+
+void SettingsFrame::orderFocus() {
+  std::vector<QWidget*> order{sidebar_};
+  if (page_ != nullptr) {
+    const auto controls = page_->controls();
+    order.insert(order.end(), controls.begin(), controls.end());
+  }
+  if (order == focusOrder_) return;
+  for (std::size_t index = 1; index < order.size(); ++index) setTabOrder(order[index - 1], order[index]);
+  focusOrder_ = std::move(order);
+}
+
+void SettingsFrame::dismiss() {
+  capture_->setOn(false);
+  disconnect(qGuiApp, nullptr, this, nullptr);
+  report_ = [](const FormEvent&) {};
+  discard(this);
+}
+
+void SettingsFrame::noteFocus(const QWindow* focused) {
+  const bool isLost = hadFocus_ && focused == nullptr;
+  hadFocus_ = focused != nullptr && focused == windowHandle();
+  if (isLost) report_(form::FocusLost{});
+}
+
+void SettingsFrame::closeEvent(QCloseEvent* event) {
+  event->accept();
+  const Report report = report_;
+  onClosing_();
+  report(form::WindowClosed{});
+}
+
+void SettingsFrame::keyPressEvent(QKeyEvent* event) {
+  if (event->isAutoRepeat()) return;
+  if (isClosing(*event)) {
+    close();
+  } else if (isSearching(*event) && page_ != nullptr) {
+    page_->focusSearch();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void SettingsFrame::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const Theme theme = Theme::of(palette());
+  const QRect side(sidebar_->geometry());
+  painter.fillRect(side.x(), 0, side.width(), height(), theme.sidebar);
+  painter.fillRect(side.right(), 0, 1, height(), theme.line);
+}
+
+}  // namespace tilwin::qt
