@@ -55,6 +55,15 @@ public:
     bool operator==(const Prompt&) const = default;
   };
 
+  /// A dialog while it is open.
+  struct Open {
+    DialogText text{};
+    std::vector<std::string> buttons{};
+    std::optional<std::string> placeholder{};  ///< of a prompt
+
+    bool operator==(const Open&) const = default;
+  };
+
   /// The next prompt is answered with this text; nothing cancels it.
   void answer(std::optional<std::string> text) { answers_.push_back(std::move(text)); }
   /// The next confirmations are accepted or cancelled.
@@ -65,6 +74,8 @@ public:
   [[nodiscard]] const std::vector<DialogText>& alerts() const { return alerts_; }
   [[nodiscard]] const std::vector<Prompt>& prompts() const { return prompts_; }
   [[nodiscard]] const std::vector<DialogText>& confirmations() const { return confirmations_; }
+  /// The open dialogs, the one in front last.
+  [[nodiscard]] const std::vector<Open>& openDialogs() const { return open_; }
   /// How often the program has come to the front; each dialog is shown in front of it.
   [[nodiscard]] int activations() const { return activations_; }
 
@@ -72,25 +83,31 @@ private:
   void activate() override { ++activations_; }
   void alert(const DialogText& text) override {
     alerts_.push_back(text);
-    if (whileOpen) whileOpen();
+    beOpen({text, {"OK"}});
   }
   std::optional<std::string> prompt(const DialogText& text, const std::string& placeholder) override {
     prompts_.push_back({text, placeholder});
-    if (whileOpen) whileOpen();
+    beOpen({text, {"OK", "Cancel"}, placeholder});
     if (answers_.empty()) return std::nullopt;
     auto answer = std::move(answers_.front());
     answers_.pop_front();
     return answer;
   }
-  bool confirm(const DialogText& text, const std::string&) override {
+  bool confirm(const DialogText& text, const std::string& accept) override {
     confirmations_.push_back(text);
-    if (whileOpen) whileOpen();
+    beOpen({text, {accept, "Cancel"}});
     return accepting_;
+  }
+  void beOpen(Open dialog) {
+    open_.push_back(std::move(dialog));
+    if (whileOpen) whileOpen();
+    open_.pop_back();
   }
 
   std::vector<DialogText> alerts_;
   std::vector<Prompt> prompts_;
   std::vector<DialogText> confirmations_;
+  std::vector<Open> open_;
   std::deque<std::optional<std::string>> answers_;
   bool accepting_ = false;
   int activations_ = 0;

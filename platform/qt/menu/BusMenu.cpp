@@ -1,0 +1,135 @@
+#include "platform/qt/menu/BusMenu.h"
+
+#include <QMetaObject>
+#include <QVariant>
+#include <utility>
+
+#include "platform/qt/menu/BusMenuTypes.h"
+#include "platform/qt/menu/PopupMenu.h"
+
+namespace tilwin::qt {
+namespace {
+
+/// In a label, an underscore marks the letter that follows.
+QString labelText(const std::string& title) { return titleText(title).replace('_', "__"); }
+
+QVariantMap entryProperties(const MenuItem& item, bool isRoot) {
+  if (item.kind == MenuItem::Kind::separator) return {{"type", "separator"}};
+  QVariantMap properties;
+  if (!isRoot) properties["label"] = labelText(item.title);
+  if (item.kind == MenuItem::Kind::submenu) properties["children-display"] = "submenu";
+  if (item.isChecked) {
+    properties["toggle-type"] = "checkmark";
+    properties["toggle-state"] = 1;
+  }
+  return properties;
+}
+
+/// Below `depth` levels the children are left out; -1 means all.
+bus::Layout layoutOf(const NumberedMenu& menu, int number, int depth) {
+  const auto& entry = *menu.entry(number);
+  bus::Layout layout{.entry = number, .properties = entryProperties(entry.item, number == 0)};
+  if (depth == 0) return layout;
+  for (const int child : entry.children) layout.children.push_back(layoutOf(menu, child, depth - 1));
+  return layout;
+}
+
+}  // namespace
+
+BusMenu::BusMenu(StatusItem::MenuMaker makeMenu, ChoiceHandler onChoice)
+    : BusObject("/StatusNotifierItem/Menu", "com.canonical.dbusmenu"),
+      makeMenu_(std::move(makeMenu)),
+      onChoice_(std::move(onChoice)) {
+  bus::registerMenuTypes();
+  addMethods();
+  addProperty("Version", "u", [] { return QVariant(3U); });
+  addProperty("TextDirection", "s", [] { return QVariant("ltr"); });
+  addProperty("Status", "s", [] { return QVariant("normal"); });
+  addProperty("IconThemePath", "as", [] { return QVariant(QStringList()); });
+}
+
+void BusMenu::addMethods() {
+  addMethod("GetLayout", "iias", "u(ia{sv}av)", [this](const auto& in) { return layout(in); });
+  addMethod("GetGroupProperties", "aias", "a(ia{sv})", [this](const auto& in) { return propertiesOf(in); });
+  addMethod("GetProperty", "is", "v", [this](const auto& in) { return property(in); });
+  addMethod("Event", "isvu", "", [this](const auto& in) { return event(in); });
+  addMethod("EventGroup", "a(isvu)", "ai", [this](const auto& in) { return events(in); });
+  addMethod("AboutToShow", "i", "b",
+            [this](const auto& in) { return QVariantList{isOutdated(in[0].toInt())}; });
+  addMethod("AboutToShowGroup", "ai", "aiai", [this](const auto& in) { return aboutToShowGroup(in); });
+}
+
+bool BusMenu::remake() {
+  auto model = makeMenu_();
+  if (revision_ > 0 && model == menu_.model()) return false;
+  former_ = std::exchange(menu_, NumberedMenu(std::move(model), menu_.next()));
+  ++revision_;
+  return true;
+}
+
+bool BusMenu::isOutdated(int entry) {
+  // Submenus are part of the menu, and open later.
+  if (entry != 0 || !remake()) return false;
+  announce("LayoutUpdated", {revision_, 0});
+  return true;
+}
+
+QVariantList BusMenu::layout(const QVariantList& arguments) {
+  if (revision_ == 0) remake();
+  const int number = arguments[0].toInt();
+  const auto layout = menu_.entry(number) == nullptr ? bus::Layout{.entry = number}
+                                                     : layoutOf(menu_, number, arguments[1].toInt());
+  return {revision_, QVariant::fromValue(layout)};
+}
+
+QVariantList BusMenu::propertiesOf(const QVariantList& arguments) const {
+  QList<bus::EntryProperties> all;
+  for (const int number : qdbus_cast<QList<int>>(arguments[0])) {
+    if (const auto* entry = find(number)) all.push_back({number, entryProperties(entry->item, number == 0)});
+  }
+  return {QVariant::fromValue(all)};
+}
+
+QVariantList BusMenu::property(const QVariantList& arguments) const {
+  const auto* entry = find(arguments[0].toInt());
+  const auto properties = entry == nullptr ? QVariantMap() : entryProperties(entry->item, false);
+  return {QVariant::fromValue(QDBusVariant(properties.value(arguments[1].toString(), "")))};
+}
+
+QVariantList BusMenu::event(const QVariantList& arguments) {
+  happened(arguments[0].toInt(), arguments[1].toString());
+  return {};
+}
+
+QVariantList BusMenu::events(const QVariantList& arguments) {
+  QList<int> unknown;
+  for (const auto& event : qdbus_cast<QList<bus::Event>>(arguments[0])) {
+    if (!happened(event.entry, event.name)) unknown.push_back(event.entry);
+  }
+  return {QVariant::fromValue(unknown)};
+}
+
+QVariantList BusMenu::aboutToShowGroup(const QVariantList& arguments) {
+  QList<int> outdated;
+  for (const int entry : qdbus_cast<QList<int>>(arguments[0])) {
+    if (isOutdated(entry)) outdated.push_back(entry);
+  }
+  return {QVariant::fromValue(outdated), QVariant::fromValue(QList<int>())};
+}
+
+bool BusMenu::happened(int entry, const QString& event) {
+  const auto* found = find(entry);
+  if (found == nullptr) return false;
+  if (event == "clicked" && found->item.kind == MenuItem::Kind::command) {
+    QMetaObject::invokeMethod(
+        this, [this, choice = found->item.choice] { onChoice_(choice); }, Qt::QueuedConnection);
+  }
+  return true;
+}
+
+const NumberedMenu::Entry* BusMenu::find(int entry) const {
+  const auto* found = menu_.entry(entry);
+  return found != nullptr ? found : former_.entry(entry);
+}
+
+}  // namespace tilwin::qt
