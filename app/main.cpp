@@ -1,11 +1,15 @@
 // The composition root: the only place that knows which desktop the program is built for.
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <iostream>
 #include <memory>
 #include <span>
+#include <string>
 
+#include "TilwinBuild.h"
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
 #include "platform/qt/QtMainQueue.h"
@@ -13,56 +17,145 @@
 #include "platform/qt/QtUserDefaults.h"
 #include "platform/qt/StopSignals.h"
 #include "platform/qt/XdgBundle.h"
+#include "platform/qt/menu/QtDialogs.h"
+#include "platform/qt/menu/QtStatusItem.h"
+#include "platform/qt/settings/QtSettingsWindow.h"
+#include "platform/qt/system/LinuxWords.h"
+#include "platform/qt/system/QtFileViewer.h"
+#include "platform/qt/system/QtInstance.h"
+#include "platform/qt/system/QtUpdateFramework.h"
+#include "platform/qt/system/XdgLoginService.h"
 #include "platform/x11/displays/X11Displays.h"
 #include "platform/x11/input/X11HotKeys.h"
 #include "platform/x11/input/X11Pointer.h"
 #include "platform/x11/overlay/X11Overlay.h"
 #include "platform/x11/windows/X11Trust.h"
 #include "platform/x11/windows/X11WindowProvider.h"
+#include "platform/x11/windows/X11Workspace.h"
 #include "platform/x11/wire/X11Connection.h"
+#include "platform/x11/wire/X11WindowManager.h"
 
 namespace {
 
-constexpr tilwin::x11::AccentColour accent{0x35, 0x84, 0xe4};
+using namespace tilwin;
+using Arguments = std::span<const char* const>;
 
-int runOnDesktop(tilwin::Bundle& bundle) {
-  using namespace tilwin;
+constexpr x11::AccentColour accent{0x35, 0x84, 0xe4};
+constexpr auto desktopEntry = "tilwin";
+
+/// What needs no display.
+struct System {
   qt::QtSystemLog log;
-  qt::QtMainQueue queue;
-  const qt::StopSignals stopSignals(queue);
-  x11::X11Connection x(log);
-  x11::X11HotKeys hotKeys(x, queue, log);
-  qt::QtUserDefaults userDefaults(log);
-  x11::X11Displays displays(x, queue);
-  x11::HeldWindow held(x);
-  x11::X11Pointer pointer(x, held, queue);
-  x11::X11Overlay overlay(x, accent);
-  x11::X11Trust trust;
-  const auto windows = std::make_shared<x11::X11WindowProvider>(x, displays, held, queue);
-  Platform platform{queue, log, hotKeys, userDefaults, windows, pointer, overlay, trust, displays, bundle};
+  qt::XdgBundle bundle{
+      {{UpdaterService::feedKey, build::feed}, {UpdaterService::tokenKey, build::updateToken}}};
+  qt::XdgLoginService login;
+  qt::LinuxWords words;
+};
 
-  queue.watch(x.fileDescriptor(), [&x] { x.dispatch(); });
-  queue.beforeEachSleep([&x] { x.dispatchQueued(); });
-  x.onLost([&] {
-    log.write("Tilwin: the X server has gone");
-    queue.stop(0);
-  });
+/// The adapters to an X11 desktop, connected to Qt's main loop.
+struct X11Desktop {
+  X11Desktop(System& system, x11::X11Connection& connection) : x(connection), log(system.log) {
+    queue.watch(x.fileDescriptor(), [this] { x.dispatch(); });
+    queue.beforeEachSleep([this] { x.dispatchQueued(); });
+    const auto sayLost = [this] { log.write("Tilwin: the X server has gone"); };
+    queue.onDisplayLost(sayLost);
+    x.onLost([this, sayLost] {
+      sayLost();
+      queue.stop(0);
+    });
+    manager.onStart([this] { hotKeys.tellOfChange(); });
+  }
 
+  x11::X11Connection& x;
+  SystemLog& log;
+  qt::QtMainQueue queue{};
+  qt::StopSignals stopSignals{queue};
+  x11::X11WindowManager manager{x, queue, log};
+  x11::X11HotKeys hotKeys{x, queue, log};
+  x11::X11Displays displays{x, queue};
+  x11::HeldWindow held{x};
+  x11::X11Pointer pointer{x, held, queue};
+  x11::X11Overlay overlay{x, accent};
+  x11::X11Trust trust{};
+  std::shared_ptr<x11::X11WindowProvider> windows =
+      std::make_shared<x11::X11WindowProvider>(x, displays, held, queue);
+  x11::X11Workspace workspace{
+      x, *windows, {.bundleIdentifier = std::string(desktopEntry), .localizedName = std::string("Tilwin")}};
+};
+
+/// What the program shows of itself, with Qt.
+struct Interface {
+  Interface(System& system, x11::X11HotKeys& hotKeys)
+      : settingsWindow([&hotKeys](std::uint32_t scanCode) { return hotKeys.keyCodeOf(scanCode); }),
+        files(system.log),
+        updates(build::version, {dialogs, files, system.log}) {}
+
+  qt::QtStatusItem statusItem{};
+  qt::QtDialogs dialogs{};
+  qt::QtSettingsWindow settingsWindow;
+  qt::QtFileViewer files;
+  qt::QtUpdateFramework updates;
+};
+
+int runOnDesktop(System& system, X11Desktop& desktop, qt::QtInstance& instance) {
+  qt::QtUserDefaults userDefaults(system.log);
+  Interface interface(system, desktop.hotKeys);
+  Platform platform{.mainQueue = desktop.queue,
+                    .log = system.log,
+                    .hotKeys = desktop.hotKeys,
+                    .userDefaults = userDefaults,
+                    .windows = desktop.windows,
+                    .pointer = desktop.pointer,
+                    .overlay = desktop.overlay,
+                    .trust = desktop.trust,
+                    .screenChanges = desktop.displays,
+                    .bundle = system.bundle,
+                    .workspace = desktop.workspace,
+                    .statusItem = interface.statusItem,
+                    .dialogs = interface.dialogs,
+                    .settingsWindow = interface.settingsWindow,
+                    .files = interface.files,
+                    .login = system.login,
+                    .updates = interface.updates,
+                    .words = system.words};
   AppDelegate delegate(platform);
-  delegate.start();
-  return queue.run();
+  desktop.manager.whenRunning([&delegate, &instance] {
+    delegate.start();
+    instance.onShowSettings([&delegate] { delegate.showSettings(); });
+  });
+  return desktop.queue.run();
+}
+
+int runApplication(int argc, char** argv, System& system) {
+  // Before Qt's own connection, as Qt aborts the process where there is no display.
+  x11::X11Connection x(system.log);
+  qputenv("QT_QPA_PLATFORM", "xcb");
+  QApplication::setDesktopFileName(desktopEntry);
+  const QApplication application(argc, argv);
+  QApplication::setApplicationName("Tilwin");
+  QApplication::setQuitOnLastWindowClosed(false);
+  X11Desktop desktop(system, x);
+  const Arguments arguments(argv + 1, static_cast<std::size_t>(argc - 1));
+  if (const auto status =
+          CommandLine::runOnDesktop(arguments, {*desktop.windows, desktop.trust}, std::cout)) {
+    return *status;
+  }
+  qt::QtInstance instance(qEnvironmentVariable("DISPLAY").toStdString());
+  return instance.claim() ? runOnDesktop(system, desktop, instance) : 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  tilwin::qt::XdgBundle bundle;
-  const std::span arguments(argv, static_cast<std::size_t>(argc));
-  if (const auto status = tilwin::CommandLine::run(arguments.subspan(1), bundle, std::cout)) return *status;
-  const QCoreApplication application(argc, argv);
+  qt::StopSignals::block();
+  System system;
+  const Arguments arguments(argv, static_cast<std::size_t>(argc));
+  const auto status = CommandLine::run(arguments.subspan(1),
+                                       {system.bundle, system.login, system.words, system.log}, std::cout);
+  if (status) return *status;
   try {
-    return runOnDesktop(bundle);
-  } catch (const tilwin::x11::X11Unavailable& reason) {
+    return runApplication(argc, argv, system);
+  } catch (const x11::X11Unavailable& reason) {
     std::fprintf(stderr, "Tilwin: %s\n", reason.what());
     return 1;
   }

@@ -5,6 +5,7 @@
 #include <QSocketNotifier>
 #include <QTimer>
 #include <chrono>
+#include <cstdlib>
 #include <utility>
 
 namespace tilwin::qt {
@@ -18,6 +19,9 @@ constexpr double coarseShare = 0.05;
 std::chrono::milliseconds rounded(MainQueue::Seconds time) {
   return std::chrono::ceil<std::chrono::milliseconds>(time);
 }
+
+/// The queue whose loop runs; for the handler of exit(3), which takes no argument.
+QtMainQueue* running = nullptr;
 
 class TimerRepetition : public MainQueue::Repetition {
 public:
@@ -50,9 +54,23 @@ MainQueue::WallTime QtMainQueue::now() const { return std::chrono::system_clock:
 MainQueue::Seconds QtMainQueue::uptime() const { return std::chrono::steady_clock::now().time_since_epoch(); }
 
 int QtMainQueue::run() {
+  [[maybe_unused]] static const int registered = std::atexit(finishInsideLoop);
+  QtMainQueue* const outer = std::exchange(running, this);
   const int exitStatus = QCoreApplication::exec();
-  for (const auto& task : std::exchange(aboutToStop_, {})) task();
+  running = outer;
+  finish();
   return exitStatus;
+}
+
+void QtMainQueue::finish() {
+  for (const auto& task : std::exchange(aboutToStop_, {})) task();
+}
+
+void QtMainQueue::finishInsideLoop() {
+  if (running == nullptr || !running->displayLost_) return;
+  running->finish();
+  running->displayLost_();
+  std::_Exit(0);
 }
 
 void QtMainQueue::stop(int exitStatus) { QCoreApplication::exit(exitStatus); }

@@ -22,6 +22,10 @@ public:
   void stop(int exitStatus) override;
   void onAboutToStop(Task task) override { aboutToStop_.push_back(std::move(task)); }
 
+  /// Qt calls exit(3) from inside the loop when its own connection to the display is lost. Then the tasks
+  /// that wait for the stop and after them this one are run, and the process ends with status 0.
+  void onDisplayLost(Task task) { displayLost_ = std::move(task); }
+
   /// Calls the task when the descriptor becomes readable.
   void watch(int fileDescriptor, const Task& task);
   /// Calls the task each time before the loop sleeps. Needed for libraries that read ahead, such as xcb: they
@@ -29,7 +33,11 @@ public:
   void beforeEachSleep(const Task& task);
 
 private:
+  void finish();
+  static void finishInsideLoop();
+
   QObject context_;
+  Task displayLost_;
   std::vector<Task> aboutToStop_;
 };
 

@@ -18,9 +18,18 @@ sigset_t stopSignals() {
 
 }  // namespace
 
-StopSignals::StopSignals(QtMainQueue& queue) {
+void StopSignals::block() {
   const sigset_t signals = stopSignals();
   sigprocmask(SIG_BLOCK, &signals, nullptr);
+}
+
+void StopSignals::unblock() {
+  const sigset_t signals = stopSignals();
+  sigprocmask(SIG_UNBLOCK, &signals, nullptr);
+}
+
+StopSignals::StopSignals(QtMainQueue& queue) {
+  const sigset_t signals = stopSignals();
   descriptor_ = signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
   queue.watch(descriptor_, [this, &queue] {
     signalfd_siginfo received{};

@@ -47,9 +47,21 @@ TEST_F(Starting, WithNobodyAnsweringAtTheDisplayItSaysSoAndGivesUp) {
   EXPECT_TRUE(givesUp(displayNamed(":987"), "no X server answers at DISPLAY=:987"));
 }
 
-TEST_F(Starting, WithoutAWindowManagerItSaysSoAndGivesUp) {
-  const auto server = XServer::virtualScreen(home_, {1024, 768});
-  EXPECT_TRUE(givesUp(server->environment(), "no EWMH window manager"));
+TEST_F(Starting, WithoutAWindowManagerItWaitsForOneAndThenServes) {
+  Session session;
+  session.manager().stop();
+  ChildProcess tilwin = session.start("waiting", {arguments().tilwin.string()});
+  const auto says = [&](const std::string& words) {
+    return session.desktop().waitUntil([&] { return tilwin.output().find(words) != std::string::npos; },
+                                       startTimeout);
+  };
+  ASSERT_TRUE(says("no EWMH window manager runs yet")) << tilwin.output();
+  session.manager().start();
+  EXPECT_TRUE(says("29 of 29 shortcuts work")) << tilwin.output();
+  const TestWindow window = session.window();
+  ASSERT_TRUE(session.desktop().activate(window.id()));
+  session.input().press(leftHalfKeys);
+  EXPECT_TRUE(session.desktop().waitForFrame(window.id(), leftHalf));
 }
 
 TEST_F(Starting, WithoutRandRItSaysSoAndGivesUp) {

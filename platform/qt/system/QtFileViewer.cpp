@@ -13,6 +13,8 @@
 #include <chrono>
 #include <system_error>
 
+#include "platform/qt/StopSignals.h"
+
 namespace tilwin::qt {
 namespace {
 
@@ -30,7 +32,11 @@ constexpr int managerPatience = 10'000;
 bool startsOpener(const Opener& opener, const QString& address) {
   QStringList arguments{address};
   if (opener.command != nullptr) arguments.prepend(QLatin1String(opener.command));
-  return QProcess::startDetached(QLatin1String(opener.program), arguments);
+  QProcess process;
+  process.setProgram(QLatin1String(opener.program));
+  process.setArguments(arguments);
+  process.setChildProcessModifier(StopSignals::unblock);
+  return process.startDetached();
 }
 
 std::filesystem::path nearestThatExists(std::filesystem::path file) {

@@ -1,47 +1,12 @@
-#include <algorithm>
+#include "tests/app/layouts/DisplayDays.h"
+
 #include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <optional>
-#include <string>
-#include <string_view>
-
-#include "tests/app/RunningProgram.h"
 
 namespace tilwin {
 namespace {
 
 using namespace std::chrono_literals;
-
-constexpr auto laptopAlone = "1440x900+0+0";
-constexpr auto docked = "1440x900+0+0,2560x1440+1440+0";
-constexpr Rect onDesk{1500, 100, 1200, 900};
-constexpr Rect onLaptop{50, 50, 900, 700};
-
-/// Days of a user who docks and undocks a laptop. Time is moved by hand; captures come every 20 seconds.
-struct DisplayDays : RunningProgram {
-  DisplayDays() : RunningProgram(docked) {}
-
-  /// The user plugs or unplugs, and the desktop moves the window as it likes.
-  void connect(std::string_view displays, const Rect& desktopMovesItTo) {
-    desktop.setDisplays(displays);
-    desktop.windows.moveByHand(editor, desktopMovesItTo);
-    desktop.time.runDue();
-  }
-  void passes(MainQueue::Seconds time) { desktop.time.advance(time); }
-  Rect frame() { return desktop.windows.find(editor)->frame; }
-  [[nodiscard]] std::size_t automaticLayouts() const { return savedLayouts().layouts.size(); }
-  void change(bool restoring) { RunningProgram::change({.restoreOnDisplayChange = restoring}); }
-  /// A layout file written by another hand, to see whether the program writes again.
-  void scribble() { std::ofstream(layoutsFile()) << "scribbled"; }
-  [[nodiscard]] bool isScribbled() const {
-    std::ifstream file(layoutsFile());
-    std::string text;
-    return std::getline(file, text) && text == "scribbled";
-  }
-
-  SimulatedWindows::Handle editor = desktop.windows.open({.frame = onDesk});
-};
 
 TEST_F(DisplayDays, WindowsReturnToTheirPlacesWhenADisplayComesBack) {
   start();
@@ -152,109 +117,6 @@ TEST_F(DisplayDays, AnUnchangedArrangementIsNotWrittenAgain) {
   passes(20s);
   EXPECT_FALSE(isScribbled());
   EXPECT_TRUE(std::filesystem::exists(layoutsFile().string() + ".unreadable"));
-}
-
-TEST_F(DisplayDays, WithoutWindowsNothingIsCaptured) {
-  desktop.windows.close(editor);
-  start();
-  passes(1min);
-  EXPECT_FALSE(std::filesystem::exists(layoutsFile()));
-}
-
-TEST_F(DisplayDays, WithoutAccessibilityNothingIsCapturedOrRestored) {
-  start();
-  passes(20s);
-  connect(laptopAlone, onLaptop);
-  desktop.user.setTrusted(false);
-  passes(1min);
-  EXPECT_EQ(automaticLayouts(), 1);
-  connect(docked, onLaptop);
-  passes(3s);
-  EXPECT_EQ(frame(), onLaptop);
-}
-
-TEST_F(DisplayDays, WhenTheUserDoesNotWantItNothingIsCapturedRestoredOrWokenFor) {
-  startWith({.restoreOnDisplayChange = false});
-  desktop.time.runDue();
-  EXPECT_TRUE(desktop.time.isIdle());
-  passes(1min);
-  EXPECT_FALSE(std::filesystem::exists(layoutsFile()));
-}
-
-TEST_F(DisplayDays, TheUserTurnsItOffAndOnAgain) {
-  start();
-  passes(20s);
-  change(false);
-  connect(laptopAlone, onLaptop);
-  connect(docked, onLaptop);
-  passes(1min);
-  EXPECT_EQ(frame(), onLaptop);
-  change(true);
-  connect(laptopAlone, onLaptop);
-  connect(docked, onLaptop);
-  passes(3s);
-  EXPECT_EQ(frame(), onDesk);
-}
-
-TEST_F(DisplayDays, TurnedOffBeforeTheRestoreItIsNotMade) {
-  start();
-  passes(20s);
-  connect(laptopAlone, onLaptop);
-  connect(docked, onLaptop);
-  change(false);
-  passes(3s);
-  EXPECT_EQ(frame(), onLaptop);
-}
-
-TEST_F(DisplayDays, IgnoredApplicationsStayWhereTheyAre) {
-  start();
-  passes(20s);
-  RunningProgram::change({.ignoredApps = {"org.example.Editor"}});
-  connect(laptopAlone, onLaptop);
-  connect(docked, onLaptop);
-  passes(3s);
-  EXPECT_EQ(frame(), onLaptop);
-}
-
-TEST_F(DisplayDays, AutomaticLayoutsAreNotInTheMenu) {
-  start();
-  passes(20s);
-  EXPECT_FALSE(desktop.icon.choose({"Layouts", "Automatic"}));
-}
-
-TEST_F(DisplayDays, AFileThatCannotBeWrittenIsLoggedOnceAndTriedAgain) {
-  std::ofstream(folder.path() / "Tilwin") << "a file where the folder should be";
-  start();
-  passes(20s);
-  desktop.windows.moveByHand(editor, onLaptop);
-  passes(20s);
-  const auto failures = std::ranges::count_if(desktop.log.lines(), [](const std::string& line) {
-    return line.starts_with("Tilwin: layouts could not be saved: ");
-  });
-  EXPECT_EQ(failures, 1);
-  std::filesystem::remove(folder.path() / "Tilwin");
-  desktop.windows.moveByHand(editor, onDesk);
-  passes(20s);
-  EXPECT_EQ(automaticLayouts(), 1);
-}
-
-TEST_F(DisplayDays, ARestoreThatStillWaitsWhenTheProgramGoesDoesNothing) {
-  start();
-  passes(20s);
-  connect(laptopAlone, onLaptop);
-  connect(docked, onLaptop);
-  delegate.reset();
-  passes(3s);
-  EXPECT_EQ(frame(), onLaptop);
-}
-
-TEST(LayoutsFilePlace, IsInTheApplicationSupportFolderOrElseInTheTemporaryOne) {
-  const TemporaryFolder folder;
-  SimulatedBundle bundle{folder.path()};
-  EXPECT_EQ(LayoutKeeper::layoutsURL(bundle), folder.path() / "Tilwin" / "layouts.json");
-  SimulatedBundle homeless{std::nullopt};
-  EXPECT_EQ(LayoutKeeper::layoutsURL(homeless),
-            std::filesystem::temp_directory_path() / "Tilwin" / "layouts.json");
 }
 
 }  // namespace
