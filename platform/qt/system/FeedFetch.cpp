@@ -102,7 +102,7 @@ void FeedFetch::redirect(const QUrl& target) {
   request(target);
 }
 
-void FeedFetch::end(Result result) {
+void FeedFetch::end(const Result& result) {
   timer_.stop();
   reply_->disconnect();
   reply_->abort();

@@ -50,7 +50,7 @@ private:
   bool takeBytes();
   void takeEnd();
   void redirect(const QUrl& target);
-  void end(Result result);
+  void end(const Result& result);
 
   QUrl origin_;
   Headers headers_;

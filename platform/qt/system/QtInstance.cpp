@@ -61,6 +61,8 @@ public:
   enum class Answer { granted, handedOver, ownerHasGone };
 
   explicit Claim(std::chrono::milliseconds patience) : deadline_(patience), bus_(patience) {}
+  Claim(const Claim&) = delete;
+  Claim& operator=(const Claim&) = delete;
   ~Claim() override { bus_.connection().unregisterObject(QLatin1String(instancePath)); }
 
   [[nodiscard]] bool isConnected() const { return bus_.isConnected(); }

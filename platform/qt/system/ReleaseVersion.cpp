@@ -51,7 +51,7 @@ std::optional<VersionPart> takePart(std::string_view& suffix) {
   if (run.empty()) return std::nullopt;
   std::string_view rest = run;
   if (const auto number = isWord ? std::nullopt : takeNumber(rest)) return VersionPart{.number = *number};
-  VersionPart part{.isWord = true, .word = std::string(run)};
+  VersionPart part{.kind = ReleaseVersion::Kind::word, .word = std::string(run)};
   std::transform(part.word.begin(), part.word.end(), part.word.begin(), lowerCase);
   return part;
 }
@@ -84,7 +84,7 @@ std::optional<ReleaseVersion> ReleaseVersion::parse(std::string_view text) {
   const std::string_view suffix = text.substr(0, plus);
   if (!isSuffix(suffix)) return std::nullopt;
   version.suffix = partsOf(suffix);
-  version.isFinal = version.suffix.empty();
+  if (!version.suffix.empty()) version.stage = Stage::early;
   return version;
 }
 

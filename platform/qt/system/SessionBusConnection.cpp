@@ -11,7 +11,7 @@ namespace {
 
 /// Where the bus of this session listens; empty if there is none.
 QString busAddress() {
-  const QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+  QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
   if (!named.isEmpty()) return named;
   const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
   const QString socket = folder + QStringLiteral("/bus");

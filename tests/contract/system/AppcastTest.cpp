@@ -97,7 +97,7 @@ TEST(Appcast, RefusesEntitiesThatMakeASmallFeedAHugeOne) {
   std::string bomb = "<!DOCTYPE rss [<!ENTITY a0 \"1.0\">";
   for (int each = 1; each < 40; ++each) {
     const std::string below = "&a" + std::to_string(each - 1) + ";";
-    bomb += "<!ENTITY a" + std::to_string(each) + " \"" + below + below + "\">";
+    bomb.append("<!ENTITY a" + std::to_string(each)).append(" \"").append(below).append(below).append("\">");
   }
   bomb += "]>" + feedOf({release("&a39;", "")});
   EXPECT_EQ(Appcast::read(bomb).problem, "a document type declaration is not allowed");

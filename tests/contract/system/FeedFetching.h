@@ -24,8 +24,8 @@ inline WebAnswer redirectTo(const std::string& address, int status = 302) {
 
 /// Fetches documents and waits for the result.
 struct FeedFetching : testing::Test {
-  qt::FeedFetch::Result fetch(const std::string& address, const qt::FeedFetch::Headers& headers = {},
-                              const qt::FeedFetch::Limits& limits = {}) {
+  static qt::FeedFetch::Result fetch(const std::string& address, const qt::FeedFetch::Headers& headers = {},
+                                     const qt::FeedFetch::Limits& limits = {}) {
     std::optional<qt::FeedFetch::Result> result;
     qt::FeedFetch running(QUrl(QString::fromStdString(address)), headers, limits,
                           [&](const qt::FeedFetch::Result& each) {
@@ -39,7 +39,7 @@ struct FeedFetching : testing::Test {
   }
 
   /// Why nothing was fetched.
-  std::string problem(const std::string& address, const qt::FeedFetch::Limits& limits = {}) {
+  static std::string problem(const std::string& address, const qt::FeedFetch::Limits& limits = {}) {
     const auto result = fetch(address, {}, limits);
     EXPECT_FALSE(result.document.has_value());
     return result.problem;

@@ -34,6 +34,8 @@ public:
     bus_.registerVirtualObject(QStringLiteral("/org/freedesktop/FileManager1"), this);
     bus_.registerService(QStringLiteral("org.freedesktop.FileManager1"));
   }
+  FileManager(const FileManager&) = delete;
+  FileManager& operator=(const FileManager&) = delete;
   ~FileManager() override { QDBusConnection::disconnectFromBus(QStringLiteral("file-manager")); }
 
   Lines calls;

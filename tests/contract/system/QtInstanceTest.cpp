@@ -31,7 +31,7 @@ constexpr std::chrono::milliseconds grace = 2s;
 /// A session with a bus of its own.
 struct QtInstanceTest : testing::Test {
   /// Starts an instance elsewhere and returns whether it is to go on running.
-  bool claimElsewhere(const std::string& display, std::chrono::milliseconds patience = 5s) {
+  static bool claimElsewhere(const std::string& display, std::chrono::milliseconds patience = 5s) {
     auto claimed = std::async(std::launch::async, [=] { return QtInstance(display, patience).claim(); });
     EXPECT_TRUE(runMainLoopUntil([&] { return claimed.wait_for(0s) == std::future_status::ready; },
                                  desktop::startTimeout));
@@ -87,6 +87,7 @@ TEST_F(QtInstanceTest, OfManyThatStartAtOnceOneGoesOn) {
   EXPECT_TRUE(first.claim());
   listen();
   std::vector<std::future<bool>> others;
+  others.reserve(8);
   for (int each = 0; each < 8; ++each)
     others.push_back(std::async(std::launch::async, [] { return QtInstance(":0", 10s).claim(); }));
   EXPECT_TRUE(runMainLoopUntil([&] { return shown == 8; }, desktop::startTimeout));
@@ -112,6 +113,8 @@ public:
     bus_.registerVirtualObject(QStringLiteral("/org/tilwin/Tilwin"), this);
     bus_.registerService(QString::fromStdString(QtInstance::serviceName(":0")));
   }
+  LeavingOwner(const LeavingOwner&) = delete;
+  LeavingOwner& operator=(const LeavingOwner&) = delete;
   ~LeavingOwner() override { leave(); }
 
 private:

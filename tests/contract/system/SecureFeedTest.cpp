@@ -37,6 +37,9 @@ struct SecureFeedTest : FeedFetching {
     configuration.setLocalCertificate(certificate);
     configuration.setPrivateKey(QSslKey(&key, QSsl::Rsa));
   }
+  SecureFeedTest() = default;
+  SecureFeedTest(const SecureFeedTest&) = delete;
+  SecureFeedTest& operator=(const SecureFeedTest&) = delete;
   ~SecureFeedTest() override { QSslConfiguration::setDefaultConfiguration(before); }
 
   [[nodiscard]] QString pathOf(const char* name) const {
