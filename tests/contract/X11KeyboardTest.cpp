@@ -98,6 +98,14 @@ TEST_F(X11KeyboardOfServer, HasEveryKeyWhereItsNameIsPrinted) {
     EXPECT_EQ(chord->modifiers, 0) << entry.name;
     const auto keys = keysWith(keysymOf(entry.name));
     EXPECT_NE(std::ranges::find(keys, chord->keycode), keys.end()) << entry.name;
+    EXPECT_EQ(keyboard.keyCodeOf(chord->keycode), entry.keyCode) << entry.name;
+  }
+}
+
+TEST_F(X11KeyboardOfServer, AModifierHasNoKeyCode) {
+  const auto keyboard = read();
+  for (const xcb_keysym_t modifier : {0xffe1U, 0xffe3U, 0xffe9U, 0xffebU}) {
+    for (const auto key : keysWith(modifier)) EXPECT_EQ(keyboard.keyCodeOf(key), std::nullopt) << modifier;
   }
 }
 
