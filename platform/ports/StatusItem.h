@@ -10,7 +10,8 @@ namespace tilwin {
 /// The program's icon among the desktop's status icons, and its menu.
 class StatusItem {
 public:
-  /// Called each time the menu is about to open.
+  /// Called each time the menu is about to open. Where a panel in another program draws the menu, also when
+  /// that reads it for the first time and after each choice, so that it need not change while it is open.
   using MenuMaker = std::function<MenuModel()>;
   /// Called after the menu has closed, as a task of the main queue.
   using ChoiceHandler = std::function<void(const MenuChoice&)>;

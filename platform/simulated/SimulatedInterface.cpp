@@ -22,7 +22,7 @@ bool SimulatedStatusItem::choose(const std::vector<std::string>& path) {
     chosen = &*found;
     items = &found->items;
   }
-  if (chosen == nullptr || chosen->kind != MenuItem::Kind::command) return false;
+  if (chosen == nullptr || chosen->kind != MenuItem::Kind::command || !chosen->isEnabled) return false;
   onChoice_(chosen->choice);
   return true;
 }

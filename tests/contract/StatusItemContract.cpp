@@ -30,7 +30,7 @@ std::vector<ShownEntry> entriesOf(const std::vector<MenuItem>& items) {
   std::vector<ShownEntry> entries;
   entries.reserve(items.size());
   for (const auto& item : items) {
-    entries.push_back({item.kind, item.title, item.isChecked, entriesOf(item.items)});
+    entries.push_back({item.kind, item.title, item.isChecked, item.isEnabled, entriesOf(item.items)});
   }
   return entries;
 }
@@ -155,6 +155,19 @@ TEST_P(StatusItemContract, ACheckMarkChangesWithTheModelAloneNotWithAClick) {
   menu.items[3].isChecked = false;
   world->openMenu(MouseButton::left);
   EXPECT_FALSE(world->shown()[3].isChecked);
+}
+
+TEST_P(StatusItemContract, AnEntryThatCannotBeChosenNowIsDrawnSo) {
+  menu = {{numbered("Check", "check"), numbered("Quit", "quit")}};
+  menu.items[0].isEnabled = false;
+  show();
+  world->openMenu(MouseButton::left);
+  EXPECT_EQ(world->shown(), entriesOf(menu.items));
+  world->dismiss();
+  ASSERT_TRUE(world->settle([&] { return !world->isMenuOpen(); }));
+  menu.items[0].isEnabled = true;
+  choose({"Check"});
+  EXPECT_EQ(choices, (Choices{{"number", "check"}}));
 }
 
 TEST_P(StatusItemContract, AMenuThatIsDismissedReportsNothing) {

@@ -17,6 +17,7 @@ struct ShownEntry {
   MenuItem::Kind kind = MenuItem::Kind::command;
   std::string title{};
   bool isChecked = false;
+  bool isEnabled = true;
   std::vector<ShownEntry> items{};
 
   bool operator==(const ShownEntry&) const = default;

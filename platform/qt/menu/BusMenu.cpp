@@ -1,6 +1,7 @@
 #include "platform/qt/menu/BusMenu.h"
 
 #include <QMetaObject>
+#include <QPointer>
 #include <QVariant>
 #include <utility>
 
@@ -13,14 +14,16 @@ namespace {
 /// In a label, an underscore marks the letter that follows.
 QString labelText(const std::string& title) { return titleText(title).replace('_', "__"); }
 
-QVariantMap entryProperties(const MenuItem& item, bool isRoot) {
+/// All properties that may change are given, so that none ever has to be taken away.
+QVariantMap entryProperties(const MenuItem& item) {
   if (item.kind == MenuItem::Kind::separator) return {{"type", "separator"}};
-  QVariantMap properties;
-  if (!isRoot) properties["label"] = labelText(item.title);
-  if (item.kind == MenuItem::Kind::submenu) properties["children-display"] = "submenu";
-  if (item.isChecked) {
-    properties["toggle-type"] = "checkmark";
-    properties["toggle-state"] = 1;
+  QVariantMap properties{{"label", labelText(item.title)}};
+  if (item.kind == MenuItem::Kind::submenu) {
+    properties["children-display"] = "submenu";
+  } else {
+    properties["toggle-type"] = item.isChecked ? "checkmark" : "";
+    properties["toggle-state"] = item.isChecked ? 1 : 0;
+    properties["enabled"] = item.isEnabled;
   }
   return properties;
 }
@@ -28,7 +31,7 @@ QVariantMap entryProperties(const MenuItem& item, bool isRoot) {
 /// Below `depth` levels the children are left out; -1 means all.
 bus::Layout layoutOf(const NumberedMenu& menu, int number, int depth) {
   const auto& entry = *menu.entry(number);
-  bus::Layout layout{.entry = number, .properties = entryProperties(entry.item, number == 0)};
+  bus::Layout layout{.entry = number, .properties = entryProperties(entry.item)};
   if (depth == 0) return layout;
   for (const int child : entry.children) layout.children.push_back(layoutOf(menu, child, depth - 1));
   return layout;
@@ -60,18 +63,26 @@ void BusMenu::addMethods() {
 }
 
 bool BusMenu::remake() {
-  auto model = makeMenu_();
-  if (revision_ > 0 && model == menu_.model()) return false;
-  former_ = std::exchange(menu_, NumberedMenu(std::move(model), menu_.next()));
+  former_ = std::exchange(menu_, NumberedMenu(makeMenu_(), menu_));
+  QList<bus::EntryProperties> changed;
+  for (const auto& [number, entry] : menu_.entries()) {
+    const auto* before = former_.entry(number);
+    const bool differs = before != nullptr && before->item != entry.item;
+    if (differs) changed.push_back({number, entryProperties(entry.item)});
+  }
+  if (!changed.isEmpty()) {
+    announce("ItemsPropertiesUpdated",
+             {QVariant::fromValue(changed), QVariant::fromValue(QList<bus::EntryPropertyNames>())});
+  }
+  if (revision_ > 0 && menu_.hasShapeOf(former_)) return false;
   ++revision_;
+  announce("LayoutUpdated", {revision_, 0});
   return true;
 }
 
 bool BusMenu::isOutdated(int entry) {
   // Submenus are part of the menu, and open later.
-  if (entry != 0 || !remake()) return false;
-  announce("LayoutUpdated", {revision_, 0});
-  return true;
+  return entry == 0 && remake();
 }
 
 QVariantList BusMenu::layout(const QVariantList& arguments) {
@@ -85,14 +96,14 @@ QVariantList BusMenu::layout(const QVariantList& arguments) {
 QVariantList BusMenu::propertiesOf(const QVariantList& arguments) const {
   QList<bus::EntryProperties> all;
   for (const int number : qdbus_cast<QList<int>>(arguments[0])) {
-    if (const auto* entry = find(number)) all.push_back({number, entryProperties(entry->item, number == 0)});
+    if (const auto* entry = find(number)) all.push_back({number, entryProperties(entry->item)});
   }
   return {QVariant::fromValue(all)};
 }
 
 QVariantList BusMenu::property(const QVariantList& arguments) const {
   const auto* entry = find(arguments[0].toInt());
-  const auto properties = entry == nullptr ? QVariantMap() : entryProperties(entry->item, false);
+  const auto properties = entry == nullptr ? QVariantMap() : entryProperties(entry->item);
   return {QVariant::fromValue(QDBusVariant(properties.value(arguments[1].toString(), "")))};
 }
 
@@ -122,9 +133,16 @@ bool BusMenu::happened(int entry, const QString& event) {
   if (found == nullptr) return false;
   if (event == "clicked" && found->item.kind == MenuItem::Kind::command) {
     QMetaObject::invokeMethod(
-        this, [this, choice = found->item.choice] { onChoice_(choice); }, Qt::QueuedConnection);
+        this, [this, choice = found->item.choice] { chosen(choice); }, Qt::QueuedConnection);
   }
   return true;
+}
+
+void BusMenu::chosen(const MenuChoice& choice) {
+  const QPointer<BusMenu> alive(this);
+  onChoice_(choice);
+  // A panel that draws its menu with GTK does not resize it for entries that come while it is open.
+  if (alive) remake();
 }
 
 const NumberedMenu::Entry* BusMenu::find(int entry) const {

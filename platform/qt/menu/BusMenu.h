@@ -18,13 +18,13 @@ class BusMenu : public BusObject {
 public:
   using ChoiceHandler = std::function<void(const MenuChoice&)>;
 
-  /// The menu is also made when a panel reads it for the first time, which may be before it opens it. The
-  /// handler is called through the event loop.
+  /// The menu is made whenever the panel is about to open it, when it reads the menu for the first time, and
+  /// after each choice. The handler is called through the event loop.
   BusMenu(StatusItem::MenuMaker makeMenu, ChoiceHandler onChoice);
 
 private:
   void addMethods();
-  /// Makes the menu anew and returns whether it differs from the one before.
+  /// Makes the menu anew, tells panels what differs and returns whether they must read it again.
   bool remake();
   [[nodiscard]] bool isOutdated(int entry);
   QVariantList layout(const QVariantList& arguments);
@@ -35,6 +35,7 @@ private:
   QVariantList aboutToShowGroup(const QVariantList& arguments);
   /// Returns whether the entry exists.
   bool happened(int entry, const QString& event);
+  void chosen(const MenuChoice& choice);
   [[nodiscard]] const NumberedMenu::Entry* find(int entry) const;
 
   StatusItem::MenuMaker makeMenu_;

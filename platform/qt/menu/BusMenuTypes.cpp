@@ -20,6 +20,20 @@ const QDBusArgument& operator>>(const QDBusArgument& from, EntryProperties& valu
   return from;
 }
 
+QDBusArgument& operator<<(QDBusArgument& to, const EntryPropertyNames& value) {
+  to.beginStructure();
+  to << value.entry << value.names;
+  to.endStructure();
+  return to;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& from, EntryPropertyNames& value) {
+  from.beginStructure();
+  from >> value.entry >> value.names;
+  from.endStructure();
+  return from;
+}
+
 QDBusArgument& operator<<(QDBusArgument& to, const Layout& value) {
   to.beginStructure();
   to << value.entry << value.properties;
@@ -61,6 +75,8 @@ const QDBusArgument& operator>>(const QDBusArgument& from, Event& value) {
 void registerMenuTypes() {
   qDBusRegisterMetaType<EntryProperties>();
   qDBusRegisterMetaType<QList<EntryProperties>>();
+  qDBusRegisterMetaType<EntryPropertyNames>();
+  qDBusRegisterMetaType<QList<EntryPropertyNames>>();
   qDBusRegisterMetaType<Layout>();
   qDBusRegisterMetaType<Event>();
   qDBusRegisterMetaType<QList<Event>>();

@@ -4,6 +4,7 @@
 #include <QDBusVariant>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVariantMap>
 
 /// The compound types of com.canonical.dbusmenu, as Qt sends them over the bus.
@@ -14,6 +15,12 @@ namespace tilwin::qt::bus {
 struct EntryProperties {
   int entry = 0;
   QVariantMap properties{};
+};
+
+/// (ias)
+struct EntryPropertyNames {
+  int entry = 0;
+  QStringList names{};
 };
 
 /// (ia{sv}av): an entry with its properties and the entries below it.
@@ -33,6 +40,8 @@ struct Event {
 
 QDBusArgument& operator<<(QDBusArgument& to, const EntryProperties& value);
 const QDBusArgument& operator>>(const QDBusArgument& from, EntryProperties& value);
+QDBusArgument& operator<<(QDBusArgument& to, const EntryPropertyNames& value);
+const QDBusArgument& operator>>(const QDBusArgument& from, EntryPropertyNames& value);
 QDBusArgument& operator<<(QDBusArgument& to, const Layout& value);
 const QDBusArgument& operator>>(const QDBusArgument& from, Layout& value);
 QDBusArgument& operator<<(QDBusArgument& to, const Event& value);
@@ -44,5 +53,6 @@ void registerMenuTypes();
 }  // namespace tilwin::qt::bus
 
 Q_DECLARE_METATYPE(tilwin::qt::bus::EntryProperties)
+Q_DECLARE_METATYPE(tilwin::qt::bus::EntryPropertyNames)
 Q_DECLARE_METATYPE(tilwin::qt::bus::Layout)
 Q_DECLARE_METATYPE(tilwin::qt::bus::Event)

@@ -23,7 +23,7 @@ QString argumentsText(const QString& signature, const char* direction) {
     if (type == ')' || type == '}') --depth;
     if (depth > 0 || type == 'a') continue;
     text +=
-        QString("<arg type=\"%1\" direction=\"%2\"/>").arg(signature.mid(start, end + 1 - start), direction);
+        QString(R"(<arg type="%1" direction="%2"/>)").arg(signature.mid(start, end + 1 - start), direction);
     start = end + 1;
   }
   return text;
@@ -40,13 +40,13 @@ void BusObject::offer(const QDBusConnection& bus) {
 }
 
 QString BusObject::introspect(const QString&) const {
-  QString text = QString("<interface name=\"%1\">").arg(interface_);
+  QString text = QString(R"(<interface name="%1">)").arg(interface_);
   for (const auto& [name, row] : methods_) {
-    text += QString("<method name=\"%1\">%2%3</method>")
+    text += QString(R"(<method name="%1">%2%3</method>)")
                 .arg(name, argumentsText(row.signature, "in"), argumentsText(row.returns, "out"));
   }
   for (const auto& [name, row] : properties_) {
-    text += QString("<property name=\"%1\" type=\"%2\" access=\"read\"/>").arg(name, row.signature);
+    text += QString(R"(<property name="%1" type="%2" access="read"/>)").arg(name, row.signature);
   }
   return text + "</interface>";
 }

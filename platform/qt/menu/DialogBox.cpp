@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShowEvent>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -58,8 +59,8 @@ void DialogBox::bringToFront() {
 void DialogBox::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (event->spontaneous()) return;
-  // Window managers compare the time of the request with that of the user's last input elsewhere. Qt learns
-  // the time from the events that follow the creation of the window.
+  // A window manager leaves a window behind that was asked for before the user's last input elsewhere. By now
+  // Qt knows the server's time from the window's own events and can ask again.
   QTimer::singleShot(0, this, [this] { bringToFront(); });
 }
 
@@ -72,15 +73,18 @@ void DialogBox::addTexts(QVBoxLayout& column, const DialogText& text) {
 }
 
 void DialogBox::addMessage(QVBoxLayout& column, const QString& message) {
-  auto* label = new WrappedLabel(message, font(), fieldSize.width());
   const int tallest = static_cast<int>(screen()->availableGeometry().height() * tallestMessage);
-  if (label->minimumHeight() <= tallest) return column.addWidget(label);
+  auto* label = new WrappedLabel(message, font(), fieldSize.width());
+  column.addWidget(label);
+  if (label->minimumHeight() <= tallest) return;
   auto* scrolling = new QScrollArea;
   scrolling->setFrameShape(QFrame::NoFrame);
   scrolling->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scrolling->setWidget(label);
-  scrolling->setFixedHeight(tallest);
-  column.addWidget(scrolling);
+  scrolling->setFixedSize(fieldSize.width(), tallest);
+  const int bar = scrolling->verticalScrollBar()->sizeHint().width();
+  scrolling->setWidget(new WrappedLabel(message, font(), fieldSize.width() - bar));
+  delete column.replaceWidget(label, scrolling);
+  delete label;
 }
 
 void DialogBox::addField(QVBoxLayout& column, const QString& name, const QString& placeholder) {

@@ -15,8 +15,8 @@ constexpr const char* watcherPath = "/StatusNotifierWatcher";
 
 }  // namespace
 
-NotifierHosts::NotifierHosts(const QDBusConnection& bus, std::function<void()> onChange)
-    : bus_(bus), onChange_(std::move(onChange)) {
+NotifierHosts::NotifierHosts(QDBusConnection bus, std::function<void()> onChange)
+    : bus_(std::move(bus)), onChange_(std::move(onChange)) {
   soon_.setSingleShot(true);
   soon_.setInterval(0);
   soon_.callOnTimeout([this] { ask(); });

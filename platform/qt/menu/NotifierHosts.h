@@ -21,7 +21,7 @@ public:
 
   /// `onChange` is called from the event loop whenever the presence or the watcher may have changed. Without
   /// a bus the panel is absent.
-  NotifierHosts(const QDBusConnection& bus, std::function<void()> onChange);
+  NotifierHosts(QDBusConnection bus, std::function<void()> onChange);
   NotifierHosts(const NotifierHosts&) = delete;
   NotifierHosts& operator=(const NotifierHosts&) = delete;
   ~NotifierHosts() = default;

@@ -70,8 +70,9 @@ namespace {
 
 constexpr const char* itemTitle = "Tilwin";
 
-/// The sizes of icons in panels, in pixels; a panel takes the one that suits it best.
-constexpr std::array iconSides{16, 18, 20, 22, 24, 32, 36, 44, 48, 64};
+/// The sizes of icons in panels, in pixels. Some panels take the one that suits them best, others the
+/// largest, which therefore is twice the most common size: scaled down by half it stays sharp.
+constexpr std::array iconSides{16, 18, 20, 22, 24, 32, 36, 44};
 
 bus::IconPixmap pixmapOf(const TemplateImage& image, int side) {
   const auto drawn = drawTemplate(image, side).convertToFormat(QImage::Format_ARGB32);
@@ -88,10 +89,10 @@ QVariant pixmapsOf(const TemplateImage& image) {
 
 }  // namespace
 
-NotifierItem::NotifierItem(const QDBusConnection& bus, TemplateImage image, BusMenu& menu,
+NotifierItem::NotifierItem(QDBusConnection bus, TemplateImage image, BusMenu& menu,
                            std::function<void()> open)
     : BusObject("/StatusNotifierItem", "org.kde.StatusNotifierItem"),
-      bus_(bus),
+      bus_(std::move(bus)),
       image_(std::move(image)),
       menu_(menu),
       open_(std::move(open)),

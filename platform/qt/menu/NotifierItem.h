@@ -17,7 +17,7 @@ class NotifierItem : public BusObject {
 public:
   /// `open` opens the menu as a window of this program, for panels that cannot draw menus. The menu must
   /// outlive this.
-  NotifierItem(const QDBusConnection& bus, TemplateImage image, BusMenu& menu, std::function<void()> open);
+  NotifierItem(QDBusConnection bus, TemplateImage image, BusMenu& menu, std::function<void()> open);
   NotifierItem(const NotifierItem&) = delete;
   NotifierItem& operator=(const NotifierItem&) = delete;
   ~NotifierItem() override { hide(); }

@@ -1,40 +1,41 @@
 #pragma once
 
+#include <map>
 #include <vector>
 
 #include "platform/ports/MenuModel.h"
 
 namespace tilwin::qt {
 
-/// A menu whose entries have numbers, by which a panel in another program asks for them. The root is 0. No
-/// number is given twice in one run, so that nothing the panel remembers of an older menu is taken for a new
-/// entry.
+/// A menu whose entries have numbers, by which a panel in another program asks for them. The root is 0.
 class NumberedMenu {
 public:
   struct Entry {
     MenuItem item{};  ///< without the items of a submenu
     std::vector<int> children{};
+
+    bool operator==(const Entry&) const = default;
   };
 
-  NumberedMenu() : NumberedMenu({}, 1) {}
-  /// Gives numbers from `first` on. Separators that separate nothing are left out.
-  NumberedMenu(MenuModel model, int first);
+  /// An empty menu.
+  NumberedMenu();
+  /// The menu that follows `former` in the same panel. An entry keeps its number if it is the same, or if it
+  /// took the place of one with the same command, so that a panel changes only what differs. A number that is
+  /// no longer used is never used again. Separators that separate nothing are left out.
+  NumberedMenu(const MenuModel& model, const NumberedMenu& former);
 
-  [[nodiscard]] const MenuModel& model() const { return model_; }
   /// Null if no entry has this number.
   [[nodiscard]] const Entry* entry(int number) const;
-  [[nodiscard]] bool isSubmenu(int number) const;
-  /// The first number that the next menu may use.
-  [[nodiscard]] int next() const { return first_ + static_cast<int>(entries_.size()); }
+  [[nodiscard]] const std::map<int, Entry>& entries() const { return entries_; }
+  /// Whether the same numbers are in the same places.
+  [[nodiscard]] bool hasShapeOf(const NumberedMenu& other) const;
 
 private:
-  std::vector<int> number(const std::vector<MenuItem>& items);
-  [[nodiscard]] bool isSeparator(int number) const;
+  std::vector<int> number(const std::vector<MenuItem>& items, int parent, const NumberedMenu& former);
+  int add(const MenuItem& item, int number, const NumberedMenu& former);
 
-  MenuModel model_;
-  int first_;
-  Entry root_;
-  std::vector<Entry> entries_;
+  std::map<int, Entry> entries_;
+  int next_ = 1;
 };
 
 }  // namespace tilwin::qt

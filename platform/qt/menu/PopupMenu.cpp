@@ -44,6 +44,7 @@ void PopupMenu::addCommand(QMenu& menu, const MenuItem& item) {
   QAction* action = menu.addAction(actionText(item.title));
   action->setCheckable(item.isChecked);
   action->setChecked(item.isChecked);
+  action->setEnabled(item.isEnabled);
   QObject::connect(action, &QAction::triggered, &menu_, [this, choice = item.choice] {
     QMetaObject::invokeMethod(
         &menu_, [this, choice] { onChoice_(choice); }, Qt::QueuedConnection);

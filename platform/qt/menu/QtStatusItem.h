@@ -13,10 +13,11 @@
 namespace tilwin::qt {
 
 /// The status icon: a StatusNotifierItem while a panel shows those, otherwise an icon in the XEmbed tray. It
-/// follows panels that come, go and change their kind; without a session bus only the tray is used. A
+/// follows panels that come, go and change their kind; without a session bus only the tray is used.
+/// While the one that knows of panels on the bus does not answer, the icon waits for it; nothing else does. A
 /// QApplication must exist as long as this does.
 ///
-/// Both mouse buttons open the menu. A panel that draws the menu itself may read it once before it opens it.
+/// Both mouse buttons open the menu. The panel draws it if it can, this program otherwise.
 class QtStatusItem : public StatusItem {
 public:
   QtStatusItem() = default;

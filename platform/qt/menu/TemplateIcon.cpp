@@ -33,7 +33,8 @@ void drawShape(QPainter& painter, const TemplateImage::Shape& shape, double scal
   const QRectF outline =
       onPixels(frame.adjusted(-half, -half, half, half)).adjusted(half, half, -half, -half);
   painter.setOpacity(shape.opacity);
-  painter.setPen(line > 0 ? QPen(QColor(templateColour), line) : QPen(Qt::NoPen));
+  painter.setPen(line > 0 ? QPen(QColor(templateColour), line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin)
+                          : QPen(Qt::NoPen));
   painter.setBrush(line > 0 ? QBrush(Qt::NoBrush) : QBrush(QColor(templateColour)));
   painter.drawRoundedRect(outline, shape.cornerRadius * scale, shape.cornerRadius * scale);
 }

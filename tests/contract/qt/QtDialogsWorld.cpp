@@ -1,3 +1,5 @@
+#include "tests/contract/qt/QtDialogsWorld.h"
+
 #include <QApplication>
 #include <QLineEdit>
 #include <QPointer>
@@ -11,7 +13,6 @@
 #include "platform/qt/menu/DialogBox.h"
 #include "platform/qt/menu/QtDialogs.h"
 #include "platform/qt/menu/WrappedLabel.h"
-#include "tests/contract/DialogsContract.h"
 #include "tests/contract/MainLoop.h"
 #include "tests/contract/qt/QtDesktop.h"
 
@@ -135,9 +136,11 @@ private:
   std::vector<std::unique_ptr<DialogUser>> users_;
 };
 
+}  // namespace
+
 std::unique_ptr<DialogsWorld> makeQtDialogs() { return std::make_unique<QtDialogsWorld>(); }
 
-}  // namespace
+QWidget* frontDialogWindow() { return frontDialog(); }
 
 INSTANTIATE_TEST_SUITE_P(Qt, DialogsContract, testing::Values(&makeQtDialogs));
 

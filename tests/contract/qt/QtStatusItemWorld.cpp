@@ -41,7 +41,8 @@ std::vector<ShownEntry> drawnEntries(const QMenu& menu) {
 
 ShownEntry drawnEntry(const QAction& action) {
   if (action.isSeparator()) return {.kind = MenuItem::Kind::separator};
-  ShownEntry entry{.title = drawnTitle(action), .isChecked = action.isChecked()};
+  ShownEntry entry{
+      .title = drawnTitle(action), .isChecked = action.isChecked(), .isEnabled = action.isEnabled()};
   if (const auto* submenu = action.menu<QMenu*>()) {
     entry.kind = MenuItem::Kind::submenu;
     entry.items = drawnEntries(*submenu);

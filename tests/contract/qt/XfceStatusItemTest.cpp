@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QWidget>
+
+#include "tests/contract/qt/StatusIcon.h"
+#include "tests/desktop/harness/Screenshot.h"
+
+namespace tilwin::contract {
+namespace {
+
+using Chosen = std::vector<std::string>;
+
+/// Where the panel's menu opens, without its right edge: how wide it is depends on what it was before.
+constexpr Rect menuArea{0, 30, 80, 300};
+
+QImage look() { return desktop::screenshot(qtDesktop().desktop().connection(), menuArea); }
+
+/// The picture of the area once it stays the same for a while.
+QImage restingLook() {
+  QImage seen = look();
+  QImage before;
+  runMainLoopUntil(
+      [&] {
+        before = seen;
+        runMainLoop(desktop::Milliseconds{150});
+        seen = look();
+        return seen == before;
+      },
+      desktop::answerTimeout);
+  return seen;
+}
+
+/// xfce4-panel shows the icon and draws its menu.
+class XfceStatusItem : public testing::Test {
+protected:
+  void SetUp() override { ASSERT_TRUE(StatusIcon::comes()); }
+
+  /// Opens the menu and returns how it looks.
+  QImage open(int button = 1) {
+    StatusIcon::click(button);
+    EXPECT_TRUE(runMainLoopUntil([&] { return look() != closed; }, desktop::answerTimeout));
+    return restingLook();
+  }
+  void close() {
+    qtDesktop().input().press("Escape");
+    EXPECT_TRUE(runMainLoopUntil([&] { return look() == closed; }, desktop::answerTimeout));
+  }
+  static void press(const std::vector<const char*>& keys) {
+    for (const auto* key : keys) {
+      qtDesktop().input().press(key);
+      restingLook();
+    }
+  }
+
+  desktop::ChildProcess panel = startXfcePanel();
+  StatusIcon icon;
+  QImage closed = look();
+};
+
+TEST_F(XfceStatusItem, BothMouseButtonsOpenItsMenu) {
+  for (const int button : {1, 3}) {
+    open(button);
+    press({"Down", "Down", "Return"});
+    EXPECT_TRUE(icon.isChosen(1));
+    EXPECT_EQ(icon.chosen, Chosen{"second"});
+    icon.chosen.clear();
+    ASSERT_TRUE(runMainLoopUntil([&] { return look() == closed; }, desktop::answerTimeout));
+  }
+}
+
+TEST_F(XfceStatusItem, ItsMenuHasWhatIsNewWhenItOpens) {
+  open();
+  close();
+  icon.menu.items.insert(icon.menu.items.begin(), MenuItem::command("New", {"new", ""}));
+  open();
+  press({"Down", "Return"});
+  EXPECT_TRUE(icon.isChosen(1));
+  icon.menu.items.erase(icon.menu.items.begin(), icon.menu.items.begin() + 2);
+  open();
+  press({"Down", "Return"});
+  EXPECT_TRUE(icon.isChosen(2));
+  EXPECT_EQ(icon.chosen, (Chosen{"new", "second"}));
+}
+
+TEST_F(XfceStatusItem, ItsMenuShowsTitlesAndCheckMarksOfTheMoment) {
+  const QImage plain = open();
+  close();
+  icon.menu.items[1].isChecked = true;
+  const QImage checked = open();
+  EXPECT_TRUE(checked != plain);
+  close();
+  icon.menu.items[1] = MenuItem::command("Other", {"second", "x"}, true);
+  EXPECT_TRUE(open() != checked);
+  close();
+  icon.menu.items[1] = MenuItem::command("Second", {"second", ""});
+  EXPECT_TRUE(open() == plain);
+  close();
+}
+
+TEST_F(XfceStatusItem, EntriesOfSubmenusCanBeChosen) {
+  icon.menu.items.insert(icon.menu.items.begin(),
+                         MenuItem::submenu("Layouts", {MenuItem::command("Desk", {"desk", ""}),
+                                                       MenuItem::command("Writing", {"writing", ""})}));
+  open();
+  press({"Down", "Right", "Down", "Return"});
+  EXPECT_TRUE(icon.isChosen(1));
+  EXPECT_EQ(icon.chosen, Chosen{"writing"});
+}
+
+TEST_F(XfceStatusItem, CanBeHiddenAndShownAgain) {
+  icon.item.setVisible(false);
+  EXPECT_TRUE(StatusIcon::goes());
+  icon.item.setVisible(true);
+  ASSERT_TRUE(StatusIcon::comes());
+  open();
+  press({"Down", "Return"});
+  EXPECT_TRUE(icon.isChosen(1));
+}
+
+TEST_F(XfceStatusItem, ComesAgainWhenThePanelIsRestarted) {
+  panel.end();
+  EXPECT_TRUE(StatusIcon::goes());
+  panel = startXfcePanel();
+  ASSERT_TRUE(StatusIcon::comes());
+  EXPECT_TRUE(StatusIcon::isAtTheTop());
+  open();
+  press({"Down", "Return"});
+  EXPECT_TRUE(icon.isChosen(1));
+}
+
+}  // namespace
+}  // namespace tilwin::contract
