@@ -54,7 +54,9 @@ bool isStock(const QPalette& palette) { return palette.color(QPalette::Window) =
 }  // namespace
 
 ColourScheme::ColourScheme() = default;
-ColourScheme::~ColourScheme() = default;
+ColourScheme::~ColourScheme() {
+  if (desktop_ && QCoreApplication::instance() != nullptr) QApplication::setPalette(*desktop_);
+}
 
 bool ColourScheme::isDark(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();

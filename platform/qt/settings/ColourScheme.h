@@ -12,7 +12,7 @@ namespace tilwin::qt {
 /// Gives the application light or dark colours, as the desktop asks for. The first of these that knows
 /// decides: the palette of Qt's platform theme, if it is dark already; the desktop portal; GTK's settings.
 /// Sources: org.freedesktop.portal.Settings, key "color-scheme" of "org.freedesktop.appearance"; GTK 3,
-/// settings.ini.
+/// settings.ini. The application gets its own colours back when this is destroyed.
 class ColourScheme {
 public:
   enum class Wish { none, light, dark };

@@ -12,6 +12,7 @@ GroupView::GroupView(const Report& report, QWidget* parent)
       heading_(new TextLabel(TextLabel::Tone::heading, this)),
       card_(new Card(report, this)) {
   heading_->setObjectName(QStringLiteral("heading"));
+  heading_->setContentsMargins(metrics::ring, 0, metrics::ring, 0);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(metrics::grid);
@@ -22,6 +23,7 @@ GroupView::GroupView(const Report& report, QWidget* parent)
 void GroupView::display(const FormGroup& group) {
   setObjectName(QString::fromStdString(group.id));
   heading_->display(group.heading);
+  setAccessibleName(QString::fromStdString(group.heading));
   card_->setVisible(!group.rows.empty() || group.picture);
   card_->display(group);
 }

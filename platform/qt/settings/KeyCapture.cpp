@@ -31,28 +31,38 @@ KeyCapture::KeyCapture(QWidget* window, const Report& report, KeyCodeOf keyCodeO
   QCoreApplication::instance()->installEventFilter(this);
 }
 
+bool KeyCapture::isRepeat(const QKeyEvent& event) const {
+  // Qt looks for the next event to tell a repetition, which may not have arrived yet.
+  return event.isAutoRepeat() ||
+         (event.nativeScanCode() == releasedKey_ && event.timestamp() == releaseTime_);
+}
+
 bool KeyCapture::takes(const QKeyEvent& event) const {
   if (!window_->isActiveWindow()) return false;
   // A key that is still held when the recording has ended was not meant for the control that has the focus.
-  return isOn_ || (event.isAutoRepeat() && event.nativeScanCode() == held_);
+  return isOn_ || (isRepeat(event) && event.nativeScanCode() == takenKey_);
 }
 
 bool KeyCapture::eventFilter(QObject* watched, QEvent* event) {
   const auto type = event->type();
   const bool isPress = type == QEvent::KeyPress;
-  if (!isPress && type != QEvent::ShortcutOverride && type != QEvent::KeyRelease) return false;
+  const bool isRelease = type == QEvent::KeyRelease;
+  if (!isPress && !isRelease && type != QEvent::ShortcutOverride) return false;
   auto& key = static_cast<QKeyEvent&>(*event);
-  if (!takes(key)) {
-    if (type == QEvent::KeyRelease && !key.isAutoRepeat()) held_ = 0;
-    return QObject::eventFilter(watched, event);
+  const bool isTaken = takes(key);
+  const bool isFresh = isPress && !isRepeat(key);
+  if (isRelease) {
+    releasedKey_ = key.nativeScanCode();
+    releaseTime_ = key.timestamp();
   }
+  if (isFresh) takenKey_ = isTaken ? key.nativeScanCode() : 0;
+  if (!isTaken) return QObject::eventFilter(watched, event);
   event->accept();
-  if (isPress && !key.isAutoRepeat()) report(key);
+  if (isFresh) report(key);
   return true;
 }
 
 void KeyCapture::report(const QKeyEvent& event) {
-  held_ = event.nativeScanCode();
   const auto keyCode = keyCodeOf_(event.nativeScanCode());
   if (keyCode) report_(form::KeyPressed{{*keyCode, bitsOf(event.modifiers())}});
 }

@@ -29,6 +29,7 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  [[nodiscard]] bool isRepeat(const QKeyEvent& event) const;
   [[nodiscard]] bool takes(const QKeyEvent& event) const;
   void report(const QKeyEvent& event);
 
@@ -36,7 +37,9 @@ private:
   const Report& report_;
   KeyCodeOf keyCodeOf_;
   bool isOn_ = false;
-  std::uint32_t held_ = 0;  ///< the scan code of the key taken last, until it is released; 0 for none
+  std::uint32_t takenKey_ = 0;     ///< the scan code of the last key, if it was taken; else 0
+  std::uint32_t releasedKey_ = 0;  ///< the scan code of the key released last
+  std::uint64_t releaseTime_ = 0;
 };
 
 }  // namespace tilwin::qt

@@ -7,6 +7,8 @@
 namespace tilwin::qt {
 namespace {
 
+constexpr double betweenLines = 2;
+
 /// Lays the text out and returns its height.
 double layOutLines(QTextLayout& layout, int width) {
   QTextOption option;
@@ -17,10 +19,10 @@ double layOutLines(QTextLayout& layout, int width) {
   for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
     line.setLineWidth(width);
     line.setPosition({0, height});
-    height += line.height() + line.leading();
+    height += line.height() + betweenLines;
   }
   layout.endLayout();
-  return height;
+  return height - betweenLines;
 }
 
 }  // namespace
@@ -48,7 +50,7 @@ void drawButtonBody(QPainter& painter, const QRectF& body, const ControlState& s
 
 int WrappedText::height(const QString& text, const QFont& font, int width) {
   QTextLayout layout(text, font);
-  return qCeil(layOutLines(layout, qMax(width, 1)));
+  return qMax(qCeil(layOutLines(layout, qMax(width, 1))), 0);
 }
 
 void WrappedText::draw(QPainter& painter, const QRect& area, const QString& text) {

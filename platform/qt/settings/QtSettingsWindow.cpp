@@ -1,5 +1,7 @@
 #include "platform/qt/settings/QtSettingsWindow.h"
 
+#include "platform/qt/settings/AccessibleRoles.h"
+
 namespace tilwin::qt {
 
 QtSettingsWindow::~QtSettingsWindow() { delete frame_.data(); }
@@ -14,6 +16,7 @@ void QtSettingsWindow::show(const FormModel& form) {
 }
 
 void QtSettingsWindow::open(const FormModel& form) {
+  installAccessibleRoles();
   colours_.ask();
   frame_ = new SettingsFrame(
       [this](const FormEvent& event) {

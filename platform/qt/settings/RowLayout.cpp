@@ -13,6 +13,8 @@ constexpr int controlGap = 2;  // beside the room for the focus rings
 constexpr int leastStretch = 112;
 constexpr int leastTitle = 120;
 constexpr int leastLine = 28;
+constexpr int besideTwoLines = 4;
+constexpr int besideLines = 4;
 
 int heightOf(QWidget* widget, int width) {
   return widget->hasHeightForWidth() ? widget->heightForWidth(width) : widget->sizeHint().height();
@@ -37,7 +39,10 @@ void RowLayout::put(QWidget* widget, int x, int width) {
 
 void RowLayout::closeLine(int least) {
   int height = least;
-  for (const auto& place : line_) height = std::max(height, place.area.height());
+  for (const auto& place : line_) {
+    const bool isText = dynamic_cast<const TextLabel*>(place.widget) != nullptr;
+    height = std::max(height, place.area.height() + (isText ? 2 * besideLines : 0));
+  }
   for (auto& place : line_) {
     place.area.moveTop(y_ + (height - place.area.height()) / 2);
     places_.push_back(place);
@@ -55,7 +60,13 @@ void RowLayout::addPicture() {
 
 void RowLayout::addControls() {
   const auto stretching = std::ranges::find_if(*parts_.controls, &RowControl::stretches);
-  if (stretching != parts_.controls->end()) return addStretchingLine(*stretching);
+  if (stretching != parts_.controls->end()) {
+    addStretchingLine(*stretching);
+    for (auto further = stretching + 1; further != parts_.controls->end(); ++further) {
+      if (further->stretches) addFurtherLine(*further);
+    }
+    return;
+  }
   if (isShown(parts_.title)) return addTitleLine();
   if (!parts_.controls->empty()) return addFlow(left_ - metrics::ring);
   if (!line_.empty()) closeLine(leastLine);
@@ -94,6 +105,7 @@ void RowLayout::addStretchingLine(const RowControl& stretching) {
 }
 
 void RowLayout::addTwoLines(const RowControl& stretching) {
+  y_ += besideTwoLines;
   const bool hasCaption = isShown(stretching.caption);
   const int wanted = hasCaption ? stretching.caption->lineWidth() : 0;
   const int caption = std::min(wanted, (right_ - left_) * 2 / 3);
@@ -101,9 +113,18 @@ void RowLayout::addTwoLines(const RowControl& stretching) {
   put(parts_.title, left_, right_ - left_ - caption - gap);
   if (hasCaption) put(stretching.caption, right_ - caption, caption);
   closeLine(0);
+  y_ -= besideLines;
   const int fixed = fixedWidth();
   put(stretching.widget, left_ - metrics::ring, right_ - left_ + 2 * metrics::ring - fixed);
   putFixed(right_ + metrics::ring - fixed + controlGap);
+  closeLine(leastLine);
+  y_ += besideTwoLines;
+}
+
+void RowLayout::addFurtherLine(const RowControl& stretching) {
+  const int caption = isShown(stretching.caption) ? parts_.columns.caption + metrics::grid : 0;
+  put(stretching.widget, left_ - metrics::ring, right_ - left_ + 2 * metrics::ring - caption);
+  if (caption > 0) put(stretching.caption, right_ - parts_.columns.caption, parts_.columns.caption);
   closeLine(leastLine);
 }
 

@@ -46,6 +46,7 @@ private:
   void addPicture();
   void addStretchingLine(const RowControl& stretching);
   void addTwoLines(const RowControl& stretching);
+  void addFurtherLine(const RowControl& stretching);
   void addTitleLine();
   void addFlow(int from);
   void addText(TextLabel& label);

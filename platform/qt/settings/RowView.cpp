@@ -32,7 +32,7 @@ RowView::RowView(const Report& report, QWidget* parent)
       title_(namedLabel(TextLabel::Tone::title, "title", this)),
       note_(namedLabel(TextLabel::Tone::secondary, "note", this)),
       problem_(namedLabel(TextLabel::Tone::problem, "problem", this)) {
-  QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
 }

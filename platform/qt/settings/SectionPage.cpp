@@ -30,7 +30,7 @@ SectionPage::SectionPage(const Report& report, QWidget* parent)
       help_(pageLabel(TextLabel::Tone::secondary, "sectionHelp", this)),
       emptyText_(nullptr),
       scroll_(new QScrollArea(this)),
-      content_(new QWidget),
+      content_(new QWidget(this)),
       header_(makeHeader()),
       stack_(new QVBoxLayout(content_)) {
   auto* layout = new QVBoxLayout(this);
@@ -39,12 +39,15 @@ SectionPage::SectionPage(const Report& report, QWidget* parent)
   layout->addLayout(header_);
   layout->addWidget(scroll_, 1);
   emptyText_ = pageLabel(TextLabel::Tone::secondary, "emptyText", content_);
+  emptyText_->setContentsMargins(metrics::ring, 0, metrics::ring, 0);
   makeScroll();
 }
 
 QVBoxLayout* SectionPage::makeHeader() {
   auto* header = new QVBoxLayout;
   header->setSpacing(6);
+  // The search field has room for its focus ring around it.
+  for (auto* label : {title_, help_}) label->setContentsMargins(metrics::ring, 0, metrics::ring, 0);
   header->addWidget(title_);
   header->addWidget(help_);
   return header;
@@ -56,6 +59,7 @@ void SectionPage::makeScroll() {
   stack_->addStretch(1);
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setVerticalScrollBar(new ThinScrollBar(scroll_));
+  scroll_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll_->setWidgetResizable(true);
   scroll_->setFocusPolicy(Qt::NoFocus);
@@ -105,10 +109,11 @@ void SectionPage::focusSearch() {
 
 void SectionPage::centreContent() {
   const int side = qMax(metrics::pageMargin, (width() - metrics::widestContent) / 2);
-  header_->setContentsMargins(side, metrics::pageMargin, side, 2 * metrics::grid);
+  const int outer = side - metrics::ring;
+  header_->setContentsMargins(outer, metrics::pageMargin, outer, 2 * metrics::grid);
   // The scroll bar takes its room from the margin, so that cards end where the header ends.
   const int bar = scroll_->verticalScrollBar()->sizeHint().width();
-  stack_->setContentsMargins(side, metrics::grid / 2, side - bar, metrics::pageMargin);
+  stack_->setContentsMargins(outer, metrics::grid / 2, outer - bar, metrics::pageMargin);
 }
 
 void SectionPage::resizeEvent(QResizeEvent* event) {

@@ -1,6 +1,7 @@
 #include "platform/qt/settings/SettingsFrame.h"
 
 #include <QCloseEvent>
+#include <QFont>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -18,7 +19,13 @@ namespace tilwin::qt {
 namespace {
 
 constexpr QSize initialSize{840, 640};
+constexpr double smallestFont = 10;  // points; Qt takes 9 where no desktop gives one
 constexpr QSize smallestSize{720, 480};
+
+QFont legible(QFont font) {
+  font.setPointSizeF(std::max(font.pointSizeF(), smallestFont));
+  return font;
+}
 
 bool isClosing(const QKeyEvent& event) {
   return event.key() == Qt::Key_Escape || event.matches(QKeySequence::Close) ||
@@ -37,6 +44,8 @@ SettingsFrame::SettingsFrame(Report report, KeyCodeOf keyCodeOf, std::function<v
       capture_(new KeyCapture(this, report_, std::move(keyCodeOf))),
       sidebar_(new Sidebar(report_, this)),
       layout_(new QHBoxLayout(this)) {
+  // A font given in pixels has no size in points.
+  if (font().pointSizeF() > 0) setFont(legible(font()));
   setObjectName(QStringLiteral("settings"));
   setAttribute(Qt::WA_QuitOnClose, false);
   setMinimumSize(smallestSize);
@@ -46,6 +55,12 @@ SettingsFrame::SettingsFrame(Report report, KeyCodeOf keyCodeOf, std::function<v
   layout_->addWidget(sidebar_);
   connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
           [this](const QWindow* focused) { noteFocus(focused); });
+}
+
+SettingsFrame::~SettingsFrame() {
+  fallSilent();
+  // Before what they report to.
+  qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
 void SettingsFrame::display(const FormModel& form) {
@@ -85,10 +100,14 @@ void SettingsFrame::orderFocus() {
   focusOrder_ = std::move(order);
 }
 
-void SettingsFrame::dismiss() {
+void SettingsFrame::fallSilent() {
   capture_->setOn(false);
   disconnect(qGuiApp, nullptr, this, nullptr);
   report_ = [](const FormEvent&) {};
+}
+
+void SettingsFrame::dismiss() {
+  fallSilent();
   discard(this);
 }
 

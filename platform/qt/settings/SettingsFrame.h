@@ -21,6 +21,9 @@ class SettingsFrame final : public QWidget {
 public:
   /// `onClosing` is called when the user closes the window, before that is reported.
   SettingsFrame(Report report, KeyCodeOf keyCodeOf, std::function<void()> onClosing);
+  SettingsFrame(const SettingsFrame&) = delete;
+  SettingsFrame& operator=(const SettingsFrame&) = delete;
+  ~SettingsFrame() override;
 
   void display(const FormModel& form);
   /// Hides it and deletes it when the event being handled is over. It reports nothing any more.
@@ -32,6 +35,7 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
+  void fallSilent();
   void displaySection(const FormSection& section);
   void orderFocus();
   void noteFocus(const QWindow* focused);

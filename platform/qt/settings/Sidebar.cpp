@@ -13,6 +13,7 @@ namespace {
 
 constexpr int idRole = Qt::UserRole;
 constexpr int symbolRole = Qt::UserRole + 1;
+constexpr const char* ringProperty = "showsRing";
 constexpr int itemHeight = 36;
 constexpr int narrowestSidebar = 192;
 constexpr int widestSidebar = 264;
@@ -59,7 +60,8 @@ private:
     if (!isChosen && isUnderPointer) painter.setBrush(mixed(theme.text, theme.sidebar, 0.06));
     if (isChosen || isUnderPointer)
       painter.drawRoundedRect(body, metrics::controlRadius, metrics::controlRadius);
-    if (option.state.testFlag(QStyle::State_HasFocus)) {
+    const bool hasRing = option.widget != nullptr && option.widget->property(ringProperty).toBool();
+    if (hasRing && option.state.testFlag(QStyle::State_HasFocus)) {
       drawFocusRing(painter, body.adjusted(1, 1, -1, -1), metrics::controlRadius, theme);
     }
   }
@@ -77,8 +79,10 @@ Sidebar::Sidebar(const Report& report, QWidget* parent) : QListWidget(parent) {
   viewport()->setAutoFillBackground(false);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
   setTabKeyNavigation(false);
-  connect(this, &QListWidget::currentItemChanged, this, [&report](const QListWidgetItem* item) {
-    if (item != nullptr) report(form::SectionChosen{item->data(idRole).toString().toStdString()});
+  connect(this, &QListWidget::itemSelectionChanged, this, [this, &report] {
+    const auto chosen = selectedItems();
+    if (chosen.isEmpty()) return;
+    report(form::SectionChosen{chosen.constFirst()->data(idRole).toString().toStdString()});
   });
 }
 
@@ -89,7 +93,8 @@ void Sidebar::display(const FormModel& form) {
   for (int index = 0; index < static_cast<int>(form.sections.size()); ++index) {
     const auto& section = form.sections[static_cast<std::size_t>(index)];
     displaySection(index, section);
-    if (section.id == form.chosenSection && currentRow() != index) setCurrentRow(index);
+    const bool isChosen = currentRow() == index && item(index)->isSelected();
+    if (section.id == form.chosenSection && !isChosen) setCurrentRow(index);
   }
 }
 
@@ -120,12 +125,25 @@ QSize Sidebar::sizeHint() const {
 void Sidebar::keyPressEvent(QKeyEvent* event) {
   // Letters are for the form, not for a search in five titles.
   if (!event->text().isEmpty() && event->text().at(0).isPrint()) return event->ignore();
+  showRing(true);
   QListWidget::keyPressEvent(event);
+}
+
+void Sidebar::mousePressEvent(QMouseEvent* event) {
+  showRing(false);
+  QListWidget::mousePressEvent(event);
+}
+
+void Sidebar::showRing(bool shown) {
+  setProperty(ringProperty, shown);
+  viewport()->update();
 }
 
 void Sidebar::focusInEvent(QFocusEvent* event) {
   // Unlike the original, chooses nothing.
   QAbstractScrollArea::focusInEvent(event);
+  const auto reason = event->reason();
+  if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) showRing(true);
   viewport()->update();
 }
 

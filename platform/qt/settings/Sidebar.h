@@ -19,10 +19,13 @@ public:
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
 private:
+  /// The focus ring is for those who use the keyboard.
+  void showRing(bool shown);
   void displaySection(int index, const FormSection& section);
 };
 

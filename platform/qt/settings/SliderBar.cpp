@@ -75,7 +75,7 @@ void SliderBar::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const Theme theme = Theme::of(palette());
   const double middle = height() / 2.0;
-  const QRectF groove(sliderMargin, middle - grooveHeight / 2, width() - 2 * sliderMargin, grooveHeight);
+  const QRectF groove(metrics::ring, middle - grooveHeight / 2, width() - 2 * metrics::ring, grooveHeight);
   painter.setPen(Qt::NoPen);
   painter.setBrush(theme.trough);
   painter.drawRoundedRect(groove, 2, 2);

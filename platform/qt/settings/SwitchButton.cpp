@@ -54,11 +54,12 @@ void SwitchButton::display(const FormToggle& toggle) {
 }
 
 int SwitchButton::titleWidth(int width) const {
-  return width - switchSize.width() - 2 * metrics::ring - switchGap;
+  return width - switchSize.width() - 2 * metrics::ring - switchGap - metrics::ring;
 }
 
 QSize SwitchButton::sizeHint() const {
-  const int title = title_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(title_) + 2 + switchGap;
+  const int title =
+      title_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(title_) + 2 + switchGap + metrics::ring;
   return {title + switchSize.width() + 2 * metrics::ring, switchSize.height() + 2 * metrics::ring};
 }
 
@@ -68,7 +69,7 @@ QSize SwitchButton::minimumSizeHint() const {
 
 int SwitchButton::heightForWidth(int width) const {
   if (title_.isEmpty()) return sizeHint().height();
-  return qMax(sizeHint().height(), WrappedText::height(title_, font(), titleWidth(width)));
+  return qMax(sizeHint().height(), WrappedText::height(title_, font(), titleWidth(width)) + metrics::grid);
 }
 
 void SwitchButton::paintEvent(QPaintEvent*) {
@@ -78,7 +79,7 @@ void SwitchButton::paintEvent(QPaintEvent*) {
   const int room = titleWidth(width());
   const int lines = WrappedText::height(title_, font(), room);
   painter.setPen(theme.text);
-  WrappedText::draw(painter, {0, (height() - lines) / 2, room, lines}, title_);
+  WrappedText::draw(painter, {metrics::ring, (height() - lines) / 2, room, lines}, title_);
   const QRectF body(width() - switchSize.width() - metrics::ring, (height() - switchSize.height()) / 2.0,
                     switchSize.width(), switchSize.height());
   drawSwitch(painter, body, isChecked(), underMouse(), theme);

@@ -34,7 +34,11 @@ const ToneLook& lookOf(TextLabel::Tone tone) { return toneLooks.at(static_cast<s
 TextLabel::TextLabel(Tone tone, QWidget* parent) : QLabel(parent), tone_(tone) {
   setTextFormat(Qt::PlainText);
   QFont look = font();
-  look.setPointSizeF(look.pointSizeF() * lookOf(tone).scale);
+  if (look.pointSizeF() > 0) {
+    look.setPointSizeF(look.pointSizeF() * lookOf(tone).scale);
+  } else {
+    look.setPixelSize(qRound(look.pixelSize() * lookOf(tone).scale));
+  }
   look.setWeight(lookOf(tone).weight);
   setFont(look);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
@@ -51,13 +55,17 @@ bool TextLabel::display(const std::string& text) {
   return true;
 }
 
-int TextLabel::lineWidth() const { return fontMetrics().horizontalAdvance(text()) + 2; }
+int TextLabel::lineWidth() const { return fontMetrics().horizontalAdvance(text()) + 2 + sideMargins(); }
+
+int TextLabel::sideMargins() const { return contentsMargins().left() + contentsMargins().right(); }
 
 QSize TextLabel::sizeHint() const { return {lineWidth(), fontMetrics().height()}; }
 
 QSize TextLabel::minimumSizeHint() const { return {narrowestLabel, fontMetrics().height()}; }
 
-int TextLabel::heightForWidth(int width) const { return WrappedText::height(text(), font(), width); }
+int TextLabel::heightForWidth(int width) const {
+  return WrappedText::height(text(), font(), width - sideMargins());
+}
 
 void TextLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -65,10 +73,10 @@ void TextLabel::paintEvent(QPaintEvent*) {
   const QColor colour = theme.*lookOf(tone_).colour;
   painter.setPen(isEnabled() ? colour : mixed(colour, theme.card, 0.5));
   if (alignment().testFlag(Qt::AlignRight) && lineWidth() <= width()) {
-    painter.drawText(rect(), Qt::AlignRight | Qt::AlignTop, text());
+    painter.drawText(contentsRect(), Qt::AlignRight | Qt::AlignTop, text());
     return;
   }
-  WrappedText::draw(painter, rect(), text());
+  WrappedText::draw(painter, contentsRect(), text());
 }
 
 }  // namespace tilwin::qt

@@ -27,6 +27,8 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
+  [[nodiscard]] int sideMargins() const;
+
   Tone tone_;
 };
 

@@ -1,0 +1,160 @@
+#include "platform/qt/settings/ColourScheme.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <filesystem>
+
+#include "tests/contract/MainLoop.h"
+#include "tests/contract/qt/QtDesktop.h"
+
+namespace tilwin::qt {
+namespace {
+
+using contract::qtDesktop;
+using Wish = ColourScheme::Wish;
+
+bool isDarkNow() { return ColourScheme::isDark(QApplication::palette()); }
+
+std::string windowColour() { return QApplication::palette().color(QPalette::Window).name().toStdString(); }
+
+/// A portal with this value, which answers after so many seconds.
+class Portal {
+public:
+  explicit Portal(const std::string& value, const std::string& delay = "0")
+      : process_(qtDesktop().start("portal", {"/usr/bin/python3", "-B",
+                                              TILWIN_QT_TEST_FOLDER "/settings_portal.py", value, delay})) {
+    EXPECT_TRUE(waitForName(true));
+  }
+  Portal(const Portal&) = delete;
+  Portal& operator=(const Portal&) = delete;
+  ~Portal() {
+    process_.end();
+    EXPECT_TRUE(waitForName(false));
+  }
+
+private:
+  static bool waitForName(bool wanted) {
+    return runMainLoopUntil(
+        [&] {
+          return QDBusConnection::sessionBus()
+                     .interface()
+                     ->isServiceRegistered(QStringLiteral("org.freedesktop.portal.Desktop"))
+                     .value() == wanted;
+        },
+        desktop::startTimeout);
+  }
+
+  desktop::ChildProcess process_;
+};
+
+class ColourSchemeTest : public testing::Test {
+protected:
+  void TearDown() override { std::filesystem::remove_all(qtDesktop().home().config() / "gtk-3.0"); }
+
+  static void writeGtk(const std::string& text) {
+    qtDesktop().home().write("config/gtk-3.0/settings.ini", text);
+  }
+  void apply() {
+    colours_.ask();
+    colours_.apply();
+  }
+
+  static constexpr const char* darkTheme = "[Settings]\ngtk-theme-name=Adwaita-dark\n";
+  ColourScheme colours_;
+};
+
+struct GtkCase {
+  const char* text;
+  Wish wish;
+};
+
+TEST(ColourSchemeOfGtk, ReadsWhetherTheThemeIsDark) {
+  for (const auto& [text, wish] : {
+           GtkCase{"", Wish::none},
+           {"[Settings]\ngtk-application-prefer-dark-theme=1\n", Wish::dark},
+           {"[Settings]\ngtk-application-prefer-dark-theme = true", Wish::dark},
+           {"[Settings]\r\ngtk-application-prefer-dark-theme=1\r\ngtk-theme-name=Adwaita\r\n", Wish::dark},
+           {"[Settings]\ngtk-application-prefer-dark-theme=0\n", Wish::none},
+           {"[Settings]\n#gtk-application-prefer-dark-theme=1\n", Wish::none},
+           {"[Settings]\ngtk-theme-name=Yaru-Dark\n", Wish::dark},
+           {"[Settings]\ngtk-theme-name=\"Adwaita-dark\"\n", Wish::dark},
+           {"[Settings]\ngtk-theme-name=Adwaita\n", Wish::none},
+           {"[Settings]\ngtk-theme-name=Darkly\n", Wish::none},
+           {"[Settings]\ngtk-icon-theme-name=Papirus-Dark\n", Wish::none},
+       }) {
+    EXPECT_EQ(ColourScheme::inGtkSettings(QString::fromLatin1(text)), wish) << text;
+  }
+}
+
+TEST_F(ColourSchemeTest, IsLightIfNobodyAsksForDark) {
+  apply();
+  EXPECT_FALSE(isDarkNow());
+}
+
+TEST_F(ColourSchemeTest, FollowsGtkWhereThereIsNoPortal) {
+  writeGtk(darkTheme);
+  apply();
+  EXPECT_TRUE(isDarkNow());
+  writeGtk("[Settings]\n");
+  apply();
+  EXPECT_FALSE(isDarkNow());
+}
+
+TEST_F(ColourSchemeTest, FollowsThePortal) {
+  const Portal portal("1");
+  apply();
+  EXPECT_TRUE(runMainLoopUntil(isDarkNow, desktop::answerTimeout));
+}
+
+TEST_F(ColourSchemeTest, ThePortalOverrulesGtk) {
+  writeGtk(darkTheme);
+  const Portal portal("2");
+  apply();
+  EXPECT_TRUE(runMainLoopUntil([] { return !isDarkNow(); }, desktop::answerTimeout));
+}
+
+TEST_F(ColourSchemeTest, APortalWithoutPreferenceLeavesItToGtk) {
+  writeGtk(darkTheme);
+  const Portal portal("0");
+  apply();
+  EXPECT_TRUE(isDarkNow());
+  runMainLoop(desktop::Milliseconds{100});
+  EXPECT_TRUE(isDarkNow());
+}
+
+TEST_F(ColourSchemeTest, ASlowPortalIsNotWaitedForAndStillCounts) {
+  const Portal portal("1", "0.4");
+  const auto start = desktop::Clock::now();
+  apply();
+  EXPECT_LT(desktop::Clock::now() - start, desktop::Milliseconds{200});
+  EXPECT_FALSE(isDarkNow());
+  EXPECT_TRUE(runMainLoopUntil(isDarkNow, desktop::answerTimeout));
+}
+
+TEST_F(ColourSchemeTest, APaletteThatIsDarkAlreadyIsLeftAlone) {
+  const QPalette before = QApplication::palette();
+  QPalette own(QColor(0x10, 0x20, 0x10));
+  own.setColor(QPalette::WindowText, Qt::white);
+  QApplication::setPalette(own);
+  apply();
+  EXPECT_EQ(windowColour(), "#102010");
+  QApplication::setPalette(before);
+}
+
+TEST_F(ColourSchemeTest, TheApplicationGetsItsOwnColoursBack) {
+  const auto before = windowColour();
+  writeGtk(darkTheme);
+  {
+    ColourScheme other;
+    other.ask();
+    other.apply();
+    ASSERT_TRUE(isDarkNow());
+  }
+  EXPECT_EQ(windowColour(), before);
+}
+
+}  // namespace
+}  // namespace tilwin::qt
