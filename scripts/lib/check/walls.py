@@ -87,6 +87,7 @@ MAY_INCLUDE = {
     "bench": ([CORE, PORTS, "platform/simulated", "app", "bench/drag", "tests"], ["std", "posix", "benchmark"]),
     "bench/drag": ([CORE], ["std"]),
     "bench/desktop": (["core/geometry", "tests/desktop"], ["std", "posix", "benchmark", "xcb"]),
+    "bench/desktop/start": (["core/geometry", "tests/desktop"], ["std", "posix", "xcb", "qt"]),
 }
 CPP_ROOTS = ("core", "app", "platform", "tests", "fuzz", "bench")
 
