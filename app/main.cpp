@@ -12,6 +12,7 @@
 #include "TilwinBuild.h"
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
+#include "app/menu/MenuBarImage.h"
 #include "platform/qt/QtMainQueue.h"
 #include "platform/qt/QtSystemLog.h"
 #include "platform/qt/QtUserDefaults.h"
@@ -19,6 +20,7 @@
 #include "platform/qt/XdgBundle.h"
 #include "platform/qt/menu/QtDialogs.h"
 #include "platform/qt/menu/QtStatusItem.h"
+#include "platform/qt/menu/TemplateIcon.h"
 #include "platform/qt/settings/QtSettingsWindow.h"
 #include "platform/qt/system/LinuxWords.h"
 #include "platform/qt/system/QtFileViewer.h"
@@ -134,6 +136,7 @@ int runApplication(int argc, char** argv, System& system) {
   const QApplication application(argc, argv);
   QApplication::setApplicationName("Tilwin");
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(qt::templateIcon(menuBarImage()));
   X11Desktop desktop(system, x);
   const Arguments arguments(argv + 1, static_cast<std::size_t>(argc - 1));
   if (const auto status =

@@ -39,7 +39,7 @@ protected:
            << "wanted " << testing::PrintToString(wanted) << ", but saw " << testing::PrintToString(last);
   }
 
-  void setRecording(const std::string& recorder, bool recording);
+  void setRecording(const std::string& id, bool recording);
   /// Opens the shortcuts while the recorder of the first row records.
   void openRecording();
 

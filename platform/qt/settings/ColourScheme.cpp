@@ -18,7 +18,7 @@ namespace {
 
 constexpr int portalTimeout = 3000;  // ms; the bus may have to start the portal
 constexpr int longestWait = 40;      // ms, of the window being opened
-constexpr qint64 longestGtkSettings = 64 * 1024;
+constexpr qint64 longestGtkSettings = 65536;
 
 /// A program on a bus can be asked; without a bus, Qt would start one.
 bool hasSessionBus() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <utility>
 
 #include "platform/ports/SettingsWindow.h"
 #include "platform/qt/settings/ColourScheme.h"
@@ -15,6 +16,8 @@ namespace tilwin::qt {
 class QtSettingsWindow final : public SettingsWindow {
 public:
   explicit QtSettingsWindow(KeyCodeOf keyCodeOf) : keyCodeOf_(std::move(keyCodeOf)) {}
+  QtSettingsWindow(const QtSettingsWindow&) = delete;
+  QtSettingsWindow& operator=(const QtSettingsWindow&) = delete;
   ~QtSettingsWindow() override;
 
   void onEvent(EventHandler handler) override { handler_ = std::move(handler); }

@@ -55,7 +55,7 @@ RowControl takenOrMade(std::vector<RowControl>& before, const FormControl& contr
     return candidate.id == idOf(control) && candidate.kind == control.index();
   });
   if (kept == before.end()) return makeControl(control, report, parent);
-  const RowControl found = *kept;
+  RowControl found = *kept;
   before.erase(kept);
   return found;
 }

@@ -28,7 +28,6 @@ SectionPage::SectionPage(const Report& report, QWidget* parent)
       report_(report),
       title_(pageLabel(TextLabel::Tone::pageTitle, "sectionTitle", this)),
       help_(pageLabel(TextLabel::Tone::secondary, "sectionHelp", this)),
-      emptyText_(nullptr),
       scroll_(new QScrollArea(this)),
       content_(new QWidget(this)),
       header_(makeHeader()),

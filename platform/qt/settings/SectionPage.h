@@ -44,7 +44,7 @@ private:
   std::string section_;
   TextLabel* title_;
   TextLabel* help_;
-  TextLabel* emptyText_;
+  TextLabel* emptyText_ = nullptr;
   TextField* search_ = nullptr;
   QScrollArea* scroll_;
   QWidget* content_;

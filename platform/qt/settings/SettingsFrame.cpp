@@ -18,7 +18,7 @@
 namespace tilwin::qt {
 namespace {
 
-constexpr QSize initialSize{840, 640};
+constexpr QSize initialSize{880, 640};
 constexpr double smallestFont = 10;  // points; Qt takes 9 where no desktop gives one
 constexpr QSize smallestSize{720, 480};
 

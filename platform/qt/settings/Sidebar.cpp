@@ -140,15 +140,16 @@ void Sidebar::showRing(bool shown) {
 }
 
 void Sidebar::focusInEvent(QFocusEvent* event) {
-  // Unlike the original, chooses nothing.
-  QAbstractScrollArea::focusInEvent(event);
+  // Where nothing is chosen, the list would choose something.
+  const QSignalBlocker silent(this);
+  QListWidget::focusInEvent(event);
   const auto reason = event->reason();
   if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) showRing(true);
   viewport()->update();
 }
 
 void Sidebar::focusOutEvent(QFocusEvent* event) {
-  QAbstractScrollArea::focusOutEvent(event);
+  QListWidget::focusOutEvent(event);
   viewport()->update();
 }
 

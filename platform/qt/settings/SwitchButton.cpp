@@ -53,7 +53,7 @@ void SwitchButton::display(const FormToggle& toggle) {
   setChecked(toggle.isOn);
 }
 
-int SwitchButton::titleWidth(int width) const {
+int SwitchButton::titleWidth(int width) {
   return width - switchSize.width() - 2 * metrics::ring - switchGap - metrics::ring;
 }
 

@@ -27,7 +27,7 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
-  [[nodiscard]] int titleWidth(int width) const;
+  [[nodiscard]] static int titleWidth(int width);
 
   QString title_;
 };

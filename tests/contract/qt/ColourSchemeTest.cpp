@@ -24,8 +24,9 @@ std::string windowColour() { return QApplication::palette().color(QPalette::Wind
 class Portal {
 public:
   explicit Portal(const std::string& value, const std::string& delay = "0")
-      : process_(qtDesktop().start("portal", {"/usr/bin/python3", "-B",
-                                              TILWIN_QT_TEST_FOLDER "/settings_portal.py", value, delay})) {
+      : process_(qtDesktop().start(
+            "portal", {"/usr/bin/python3", "-B", std::string(TILWIN_QT_TEST_FOLDER) + "/settings_portal.py",
+                       value, delay})) {
     EXPECT_TRUE(waitForName(true));
   }
   Portal(const Portal&) = delete;

@@ -21,8 +21,8 @@ using Seen = std::vector<QJsonObject>;
 /// What a screen reader, which is another program, sees of this one.
 Seen readFromOutside() {
   auto reader = qtDesktop().start(
-      "reader", {"/usr/bin/python3", "-B", "-W", "ignore", TILWIN_QT_TEST_FOLDER "/read_accessibles.py",
-                 "contract-tests-qt-settings"});
+      "reader", {"/usr/bin/python3", "-B", "-W", "ignore",
+                 std::string(TILWIN_QT_TEST_FOLDER) + "/read_accessibles.py", "contract-tests-qt-settings"});
   runMainLoopUntil([&] { return !reader.running(); }, desktop::startTimeout);
   std::istringstream lines(reader.output());
   Seen seen;

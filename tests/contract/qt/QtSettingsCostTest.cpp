@@ -38,7 +38,8 @@ long long millisecondsToOpen(QtSettingsDriver& driver, const std::string& sectio
   FirstPaint paint;
   const auto start = desktop::Clock::now();
   driver.window().show(form);
-  driver.settle([&] { return driver.frame()->testAttribute(Qt::WA_Mapped) && driver.isInFront(); });
+  driver.settle(
+      [&] { return QtSettingsDriver::frame()->testAttribute(Qt::WA_Mapped) && driver.isInFront(); });
   driver.settle([&] { return paint.at.has_value(); });
   return std::chrono::duration_cast<desktop::Milliseconds>(paint.at.value_or(desktop::Clock::now()) - start)
       .count();

@@ -31,7 +31,7 @@ public:
   void drop(const std::string& picture) override;
   void closeByHand() override;
 
-  void focus(const std::string& control) override;
+  void focus(const std::string& id) override;
   void type(const std::string& text) override;
   void pressKeys(const HotKeySpec& keys) override;
   void holdUntilItRepeats(const HotKeySpec& keys) override;

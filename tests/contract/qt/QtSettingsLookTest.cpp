@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QRegion>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 
@@ -18,12 +19,12 @@
 namespace tilwin::contract {
 namespace {
 
-constexpr const char* sections[]{"spacing", "behavior", "shortcuts", "areas", "statistics"};
+constexpr std::array sections{"spacing", "behavior", "shortcuts", "areas", "statistics"};
 
 /// Where pictures are kept: the folder in this variable, if it is set.
 std::optional<std::filesystem::path> pictureFolder() {
   const char* folder = std::getenv("TILWIN_PICTURES");
-  if (folder == nullptr) return std::nullopt;
+  if (folder == nullptr || *folder == '\0') return std::nullopt;
   std::filesystem::create_directories(folder);
   return folder;
 }
@@ -101,10 +102,10 @@ protected:
     QtSettingsDriver::letArrive();
   }
   /// Keeps a picture of the window and returns it.
-  QImage picture(const std::string& name) {
+  static QImage picture(const std::string& name) {
     auto& desk = qtDesktop().desktop();
     const auto area = desk.clientArea(static_cast<desktop::WindowId>(QtSettingsDriver::frame()->winId()));
-    const auto image = desktop::screenshot(desk.connection(), area);
+    auto image = desktop::screenshot(desk.connection(), area);
     if (const auto folder = pictureFolder()) {
       const auto scale = qRound(QtSettingsDriver::frame()->devicePixelRatioF() * 100);
       const auto file = *folder / ("settings-" + name + "-" + std::to_string(scale) + ".png");
