@@ -27,6 +27,7 @@ using Millis = std::chrono::duration<double, std::milli>;
 constexpr int rounds = 10;
 constexpr Milliseconds untilItRests{3000};
 constexpr Milliseconds restTime{60000};
+constexpr Milliseconds oneBurst{100};
 
 struct Programs {
   std::string tilwin;
@@ -96,18 +97,25 @@ void compareStarts(Session& session, const Programs& programs) {
 }
 
 struct Rest {
-  double wakeUpsAMinute = 0;
+  int wakeUps = 0;  ///< a burst of work counts once: it wakes the processor once
+  std::int64_t contextSwitches = 0;
   long long kib = 0;
 };
 
 Rest measureRest(Session& session, const ChildProcess& process) {
   pause(session, untilItRests);
-  const auto before = useOf(process.pid());
-  pause(session, restTime);
-  const auto after = useOf(process.pid());
-  if (!before || !after) throw HarnessError("a program has ended");
-  const double minutes = std::chrono::duration<double, std::ratio<60>>(restTime).count();
-  return {static_cast<double>(after->wakeUps - before->wakeUps) / minutes, after->proportionalKiB};
+  auto last = useOf(process.pid());
+  Rest rest;
+  for (auto rested = Milliseconds{0}; rested < restTime; rested += oneBurst) {
+    pause(session, oneBurst);
+    const auto now = useOf(process.pid());
+    if (!last || !now) throw HarnessError("a program has ended");
+    if (now->wakeUps != last->wakeUps) ++rest.wakeUps;
+    rest.contextSwitches += now->wakeUps - last->wakeUps;
+    last = now;
+  }
+  rest.kib = last->proportionalKiB;
+  return rest;
 }
 
 void compareRest(Session& session, const Programs& programs) {
@@ -116,8 +124,10 @@ void compareRest(Session& session, const Programs& programs) {
   const ChildProcess tilwin = session.start("tilwin", {programs.tilwin});
   const Rest ofTilwin = measureRest(session, tilwin);
   std::printf(
-      "At rest: %.1f wake-ups a minute beside the bare program's %.1f; %lld KiB (PSS) beside %lld: %.2f x\n",
-      ofTilwin.wakeUpsAMinute, ofBare.wakeUpsAMinute, ofTilwin.kib, ofBare.kib,
+      "At rest for a minute: woken %d times (%lld context switches) beside the bare program's %d (%lld); "
+      "%lld KiB (PSS) beside %lld: %.2f x\n",
+      ofTilwin.wakeUps, static_cast<long long>(ofTilwin.contextSwitches), ofBare.wakeUps,
+      static_cast<long long>(ofBare.contextSwitches), ofTilwin.kib, ofBare.kib,
       static_cast<double>(ofTilwin.kib) / static_cast<double>(ofBare.kib));
 }
 

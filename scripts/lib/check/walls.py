@@ -19,7 +19,7 @@ STANDARD = set(
 OUTSIDE = {
     "std": lambda name: name in STANDARD,
     "posix": re.compile(r"(sys|netinet|arpa|net)/|(unistd|fcntl|poll|signal|spawn|dirent|pwd|dlfcn|netdb|time"
-                        r"|errno|stdlib|termios|langinfo|pthread|sched|syslog)\.h$").match,
+                        r"|errno|stdlib|malloc|termios|langinfo|pthread|sched|syslog)\.h$").match,
     "icu": re.compile(r"unicode/").match,
     "json": re.compile(r"nlohmann/").match,
     "linux": re.compile(r"linux/").match,
