@@ -93,7 +93,7 @@ struct Interface {
         updates(build::version, {dialogs, files, system.log}) {}
 
   qt::QtStatusItem statusItem{};
-  qt::QtDialogs dialogs{};
+  qt::QtDialogs dialogs{[this] { settingsWindow.takeColours(); }};
   qt::QtSettingsWindow settingsWindow;
   qt::QtFileViewer files;
   qt::QtUpdateFramework updates;

@@ -26,6 +26,7 @@ bool QtDialogs::confirm(const DialogText& text, const std::string& accept) {
 }
 
 bool QtDialogs::run(DialogBox& box) {
+  if (beforeOpening_) beforeOpening_();
   open_.push_back(&box);
   // The loop also ends when the program stops; the dialog then still has the result of one that is closed.
   box.exec();

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/ports/Dialogs.h"
@@ -12,6 +16,10 @@ namespace tilwin::qt {
 /// buttons stand in the order of the desktop. A QApplication must exist as long as this does.
 class QtDialogs : public Dialogs {
 public:
+  /// `beforeOpening` is called before each dialog, for instance to give the application its colours.
+  explicit QtDialogs(std::function<void()> beforeOpening = nullptr)
+      : beforeOpening_(std::move(beforeOpening)) {}
+
   /// Every dialog comes to the front by itself when it opens; this brings an open one there again.
   void activate() override;
   void alert(const DialogText& text) override;
@@ -23,6 +31,7 @@ private:
   /// Returns whether the user accepted.
   bool run(DialogBox& box);
 
+  std::function<void()> beforeOpening_;
   std::vector<DialogBox*> open_;
 };
 

@@ -47,6 +47,11 @@ void QtSettingsWindow::open(const FormModel& form) {
   frame_->show();
 }
 
+void QtSettingsWindow::takeColours() {
+  colours_.ask();
+  colours_.apply();
+}
+
 void QtSettingsWindow::update(const FormModel& form) {
   if (isOpen()) frame_->display(form);
 }

@@ -26,6 +26,9 @@ public:
   void close() override;
   [[nodiscard]] bool isOpen() const override { return !frame_.isNull(); }
 
+  /// Gives the application the colours that the desktop asks for, as opening the window does.
+  void takeColours();
+
 private:
   void open(const FormModel& form);
 
