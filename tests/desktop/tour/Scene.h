@@ -7,9 +7,9 @@
 
 namespace tilwin::desktop {
 
-/// A shortcut or drag performed on a real window, and its result.
+/// What was done to a real window, and its result.
 struct Scene {
-  std::string by = {};  ///< the shortcut as menus show it, or "drag"
+  std::string by = {};  ///< the shortcut as menus show it, or "drag", "menu", "words", "display"
   std::string action = {};
   std::string application = {};
   Rect expected = {};

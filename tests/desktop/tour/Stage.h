@@ -32,10 +32,11 @@ public:
   /// Drags the window by its title bar. Takes one screenshot with the preview, just before the release, and
   /// one after.
   void drag(const RealApplication& application, const DragExample& example);
+  /// Waits until the window has the expected frame, and records the scene with its screenshot. `scene` has
+  /// what was done, and in `right` whether it went as it should until then.
+  void keep(const RealApplication& application, Scene scene, Clock::time_point since);
 
 private:
-  /// Waits until the window has the expected frame, and records the scene with its screenshot.
-  void keep(const RealApplication& application, Scene scene, Clock::time_point since);
   [[nodiscard]] bool previews(const Rect& frame);
   [[nodiscard]] bool isRight(WindowId window, const Rect& expected);
 

@@ -1,6 +1,6 @@
-// Shows the finished program at work: every default shortcut pressed on real windows of a private desktop,
-// and windows dragged to every edge and corner, each frame held against what was meant, each scene kept as a
-// picture.
+// Shows the finished program at work on private desktops: every default shortcut pressed on real windows,
+// windows dragged to every edge and corner, each frame held against what was meant; then the menu, its
+// dialogs, the settings window, and a display that comes back. Each scene is kept as a picture.
 
 #include <algorithm>
 #include <array>
@@ -14,6 +14,11 @@
 #include "tests/desktop/TilwinProcess.h"
 #include "tests/desktop/harness/ExitGuard.h"
 #include "tests/desktop/harness/HarnessError.h"
+#include "tests/desktop/tour/Album.h"
+#include "tests/desktop/tour/Arguments.h"
+#include "tests/desktop/tour/Background.h"
+#include "tests/desktop/tour/DisplayAct.h"
+#include "tests/desktop/tour/MenuAct.h"
 #include "tests/desktop/tour/Stage.h"
 
 namespace {
@@ -21,16 +26,7 @@ namespace {
 using namespace tilwin;
 using namespace tilwin::desktop;
 
-struct Arguments {
-  std::filesystem::path tilwin;
-  std::filesystem::path output;
-};
-
-void paintBackground(Session& session) {
-  session.start("xsetroot", {"xsetroot", "-solid", "#2e5a6b"}).waitFor(answerTimeout);
-}
-
-void playOneDisplay(const Arguments& arguments, std::vector<Scene>& scenes) {
+void playOneDisplay(const TourArguments& arguments, std::vector<Scene>& scenes) {
   Session session;
   paintBackground(session);
   const TilwinProcess program(session, arguments.tilwin);
@@ -52,7 +48,7 @@ void playOneDisplay(const Arguments& arguments, std::vector<Scene>& scenes) {
 }
 
 /// False, with the reason printed, where this machine cannot plug displays.
-bool playTwoDisplays(const Arguments& arguments, std::vector<Scene>& scenes) {
+bool playTwoDisplays(const TourArguments& arguments, std::vector<Scene>& scenes) {
   std::string whyNot;
   const auto session =
       Session::tryStart({.displays = {{.output = "DUMMY0", .mode = {1920, 1080}, .primary = true},
@@ -73,7 +69,7 @@ bool playTwoDisplays(const Arguments& arguments, std::vector<Scene>& scenes) {
 }
 
 /// On a composited desktop, where the preview lets through what is below it.
-void playDrags(const Arguments& arguments, std::vector<Scene>& scenes) {
+void playDrags(const TourArguments& arguments, std::vector<Scene>& scenes) {
   Session session;
   paintBackground(session);
   const ChildProcess compositor =
@@ -91,16 +87,19 @@ void playDrags(const Arguments& arguments, std::vector<Scene>& scenes) {
   }
 }
 
-int playAll(const Arguments& arguments) {
+int playAll(const TourArguments& arguments) {
   std::filesystem::remove_all(arguments.output);
   std::filesystem::create_directories(arguments.output);
   std::vector<Scene> scenes;
   playOneDisplay(arguments, scenes);
   playTwoDisplays(arguments, scenes);
   playDrags(arguments, scenes);
+  Album album(arguments.output);
+  playMenuAndSettings(arguments, scenes, album);
+  playDisplays(arguments, scenes, album);
   std::fputs("\r\033[K", stderr);
-  std::printf("%s\nPictures: %s\n%s\n", tableOf(scenes).c_str(), arguments.output.c_str(),
-              summaryOf(scenes).c_str());
+  std::printf("%s\n%s\nPictures: %s\n%s\n", tableOf(scenes).c_str(), album.table().c_str(),
+              arguments.output.c_str(), summaryOf(scenes).c_str());
   return std::ranges::all_of(scenes, &Scene::right) ? 0 : 1;
 }
 
@@ -108,7 +107,7 @@ int playAll(const Arguments& arguments) {
 
 int main(int argc, char** argv) {
   const EndOnSignal endOnSignal;
-  Arguments arguments;
+  TourArguments arguments;
   for (int index = 1; index + 1 < argc; index += 2) {
     const std::string_view option = argv[index];
     if (option == "--tilwin") arguments.tilwin = std::filesystem::absolute(argv[index + 1]);

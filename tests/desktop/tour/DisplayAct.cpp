@@ -1,0 +1,101 @@
+#include "tests/desktop/tour/DisplayAct.h"
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "tests/desktop/TilwinProcess.h"
+#include "tests/desktop/harness/HarnessError.h"
+#include "tests/desktop/tour/Background.h"
+#include "tests/desktop/tour/Stage.h"
+
+namespace tilwin::desktop {
+
+namespace {
+
+const PluggedDisplay laptop{.output = "DUMMY0", .mode = {1280, 800}, .position = {0, 0}, .primary = true};
+const PluggedDisplay monitor{.output = "DUMMY1", .mode = {1920, 1080}, .position = {1280, 0}};
+
+/// The program keeps what is open every 20 seconds.
+constexpr Milliseconds longestCapture{23000};
+
+/// Where each window is while the monitor is there.
+constexpr Rect onLaptop{0, 0, 640, 800};
+constexpr Rect onMonitorLeft{1280, 0, 1280, 1080};
+constexpr Rect onMonitorRight{2560, 0, 640, 1080};
+
+class DisplayAct {
+public:
+  DisplayAct(Session& session, const TourArguments& arguments, std::vector<Scene>& scenes, Album& album)
+      : session_(session),
+        tilwin_(session, arguments.tilwin),
+        stage_(session, arguments.output, scenes),
+        album_(album) {}
+
+  void play() {
+    stage_.set(browser_, onLaptop);
+    stage_.set(editor_, onMonitorLeft);
+    stage_.set(viewer_, onMonitorRight);
+    album_.keep(session_, "display-1-before", "two displays, two windows on the right one");
+    waitForCapture();
+    session_.server().unplug(monitor.output);
+    snap(editor_, "Control+Alt+Right", {640, 0, 640, 800});
+    snap(viewer_, "Control+Alt+i", {640, 0, 640, 400});
+    album_.keep(session_, "display-2-unplugged",
+                "the right display is unplugged, its windows are put on the other");
+    const auto plugged = Clock::now();
+    session_.server().plug(monitor);
+    stage_.keep(editor_,
+                {.by = "display", .action = "display-back-editor", .expected = onMonitorLeft, .right = true},
+                plugged);
+    stage_.keep(viewer_,
+                {.by = "display", .action = "display-back-viewer", .expected = onMonitorRight, .right = true},
+                plugged);
+    album_.keep(session_, "display-3-back", "it is plugged in again: the windows are back");
+  }
+
+private:
+  void snap(const RealApplication& application, const char* chord, const Rect& frame) {
+    auto& desktop = session_.desktop();
+    if (!desktop.activate(application.window())) throw HarnessError("a window cannot be focused");
+    session_.input().press(chord);
+    if (!desktop.waitForFrame(application.window(), frame)) throw HarnessError("a window cannot be snapped");
+  }
+
+  void waitForCapture() {
+    if (!session_.desktop().waitUntil([this] { return isCaptured(); }, longestCapture)) {
+      throw HarnessError("the places of the windows are not kept");
+    }
+  }
+
+  [[nodiscard]] bool isCaptured() const {
+    std::ifstream file(session_.home().data() / "Tilwin" / "layouts.json");
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str().find("Automatic") != std::string::npos;
+  }
+
+  Session& session_;
+  TilwinProcess tilwin_;
+  RealApplication browser_{session_.open(Application::gtkHeaderBar)};
+  RealApplication editor_{session_.open(Application::qt)};
+  RealApplication viewer_{session_.open(Application::gtkMenuBar)};
+  Stage stage_;
+  Album& album_;
+};
+
+}  // namespace
+
+void playDisplays(const TourArguments& arguments, std::vector<Scene>& scenes, Album& album) {
+  std::string whyNot;
+  const auto session = Session::tryStart({.displays = {laptop, monitor}}, whyNot);
+  if (!session) {
+    std::printf("A display that comes back cannot be shown here: %s\n", whyNot.c_str());
+    return;
+  }
+  paintBackground(*session);
+  DisplayAct(*session, arguments, scenes, album).play();
+}
+
+}  // namespace tilwin::desktop

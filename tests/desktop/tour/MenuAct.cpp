@@ -1,0 +1,154 @@
+#include "tests/desktop/tour/MenuAct.h"
+
+#include "tests/desktop/TilwinProcess.h"
+#include "tests/desktop/harness/HarnessError.h"
+#include "tests/desktop/harness/StatusIcon.h"
+#include "tests/desktop/tour/Background.h"
+#include "tests/desktop/tour/OwnWindow.h"
+#include "tests/desktop/tour/SettingsAct.h"
+#include "tests/desktop/tour/Stage.h"
+
+namespace tilwin::desktop {
+
+namespace {
+
+constexpr PixelSize screen{1440, 900};
+constexpr double panelHeight = 32;
+constexpr double height = screen.height - panelHeight;
+constexpr Rect leftHalf{0, 0, 720, height};
+constexpr Rect rightHalf{720, 0, 720, height};
+constexpr Rect leftThird{0, 0, 480, height};
+constexpr Rect rightTwoThirds{480, 0, 960, height};
+constexpr Rect middle{320, 150, 760, 540};
+
+constexpr double margin = 12;
+constexpr auto dialogTitle = "Tilwin";
+
+/// Rows of the submenu of layouts, below the saved ones.
+constexpr int saveArrangement = 1;
+constexpr int describeLayout = -2;
+
+class MenuAct {
+public:
+  MenuAct(Session& session, const TourArguments& arguments, std::vector<Scene>& scenes, Album& album)
+      : session_(session), stage_(session, arguments.output, scenes), album_(album) {}
+
+  void play() {
+    if (!icon_.appears()) throw HarnessError("the panel does not show the icon");
+    showSubmenu();
+    saveTheArrangement();
+    applyTheLayout();
+    describeALayout();
+    describeNonsense();
+    saveAnArea();
+  }
+
+private:
+  void showSubmenu() {
+    stage_.set(editor_, middle);
+    icon_.open();
+    icon_.walk({row::halves, 2});
+    album_.keep(session_, "menu-halves", "the menu, opened at the icon, with a submenu", openMenus());
+    const auto chosen = Clock::now();
+    session_.input().press("Return");
+    stage_.keep(editor_, {.by = "menu", .action = "menu-rightHalf", .expected = rightHalf, .right = true},
+                chosen);
+  }
+
+  void saveTheArrangement() {
+    stage_.set(terminal_, leftHalf);
+    icon_.choose({row::layouts, saveArrangement});
+    const WindowId prompt = waitForTitle(session_, dialogTitle);
+    type(session_.input(), "Writing");
+    album_.keep(session_, "prompt-save-arrangement", "a prompt: the name of an arrangement", around(prompt));
+    album_.keep(session_, "prompt-on-desktop", "the same, with the desktop around it");
+    session_.input().press("Return");
+    waitForClosing(session_, prompt);
+  }
+
+  void applyTheLayout() {
+    stage_.set(terminal_, {500, 300, 700, 400});
+    stage_.set(editor_, middle);
+    icon_.open();
+    icon_.walk({row::layouts, 1});
+    album_.keep(session_, "menu-layouts", "the layouts, with the one just saved", openMenus());
+    const auto chosen = Clock::now();
+    session_.input().press("Return");
+    stage_.keep(editor_, {.by = "menu", .action = "layout-Writing", .expected = rightHalf, .right = true},
+                chosen);
+  }
+
+  void describeALayout() {
+    icon_.choose({row::layouts, describeLayout});
+    const WindowId prompt = waitForTitle(session_, dialogTitle);
+    type(session_.input(), "xterm left third, featherpad right two thirds");
+    album_.keep(session_, "prompt-describe-layout", "a prompt: a layout in words", around(prompt));
+    const auto chosen = Clock::now();
+    session_.input().press("Return");
+    stage_.keep(editor_,
+                {.by = "words", .action = "layout-described", .expected = rightTwoThirds, .right = true},
+                chosen);
+  }
+
+  void describeNonsense() {
+    icon_.choose({row::layouts, describeLayout});
+    const WindowId prompt = waitForTitle(session_, dialogTitle);
+    type(session_.input(), "calendar left, terminal upside down");
+    session_.input().press("Return");
+    waitForClosing(session_, prompt);
+    const WindowId alert = waitForTitle(session_, dialogTitle);
+    album_.keep(session_, "alert-nothing-to-place", "an alert: words that say nothing", around(alert));
+    session_.input().press("Return");
+    waitForClosing(session_, alert);
+  }
+
+  void saveAnArea() {
+    stage_.set(editor_, {288, 0, 864, height});
+    icon_.choose({row::customAreas, 1});
+    const WindowId prompt = waitForTitle(session_, dialogTitle);
+    type(session_.input(), "Reading column");
+    session_.input().press("Return");
+    waitForClosing(session_, prompt);
+    icon_.open();
+    icon_.walk({row::customAreas, 1});
+    album_.keep(session_, "menu-custom-areas", "the area just made from a window", openMenus());
+    icon_.close();
+  }
+
+  /// The icon and the open menus.
+  Rect openMenus() {
+    const auto icon = icon_.area();
+    Rect all = icon ? *icon : Rect();
+    for (const Rect& menu : icon_.menus()) all = united(all, menu);
+    return withMargin(all, margin);
+  }
+
+  Rect around(WindowId window) {
+    return withMargin(session_.desktop().frame(window).value_or(Rect()), margin);
+  }
+
+  Session& session_;
+  StatusIcon icon_{session_};
+  RealApplication terminal_{session_.open(Application::xterm)};
+  RealApplication editor_{session_.open(Application::qt)};
+  Stage stage_;
+  Album& album_;
+};
+
+}  // namespace
+
+void playMenuAndSettings(const TourArguments& arguments, std::vector<Scene>& scenes, Album& album) {
+  Session session({.manager = Manager::xfwm4, .setup = {.compositing = false}, .screen = screen});
+  paintBackground(session);
+  const ChildProcess panel = startPanel(session, Panel::xfce);
+  {
+    const TilwinProcess program(session, arguments.tilwin);
+    MenuAct(session, arguments, scenes, album).play();
+    playSettings(session, arguments, album, "light");
+  }
+  session.home().write("config/gtk-3.0/settings.ini", "[Settings]\ngtk-application-prefer-dark-theme=1\n");
+  const TilwinProcess program(session, arguments.tilwin);
+  playSettings(session, arguments, album, "dark");
+}
+
+}  // namespace tilwin::desktop

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "tests/desktop/harness/Session.h"
+
+namespace tilwin::desktop {
+
+/// Waits until a window with this title is shown and has the focus; throws HarnessError if that does not
+/// happen.
+[[nodiscard]] WindowId waitForTitle(Session& session, const std::string& title);
+/// Waits until the window is closed; throws HarnessError if it stays.
+void waitForClosing(Session& session, WindowId window);
+
+/// Types a text of letters, digits, spaces and commas.
+void type(Input& input, const std::string& text);
+
+}  // namespace tilwin::desktop
