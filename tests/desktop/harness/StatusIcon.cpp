@@ -89,10 +89,12 @@ void StatusIcon::choose(const MenuPath& path) {
 }
 
 void StatusIcon::close() {
-  for (std::size_t depth = menus().size(); depth > 0; --depth) {
+  // Some toolkits close one menu by it, others all.
+  for (std::size_t depth = menus().size(); depth > 0 && !menus().empty(); --depth) {
     press("Escape", 1);
-    waitForMenus(depth - 1);
+    session_.desktop().waitUntil([&] { return menus().size() < depth; });
   }
+  waitForMenus(0);
 }
 
 std::vector<Rect> StatusIcon::menus() {

@@ -13,13 +13,7 @@ namespace tilwin::desktop {
 namespace {
 
 constexpr PixelSize screen{1440, 900};
-constexpr double panelHeight = 32;
-constexpr double height = screen.height - panelHeight;
-constexpr Rect leftHalf{0, 0, 720, height};
-constexpr Rect rightHalf{720, 0, 720, height};
-constexpr Rect leftThird{0, 0, 480, height};
-constexpr Rect rightTwoThirds{480, 0, 960, height};
-constexpr Rect middle{320, 150, 760, 540};
+constexpr Rect middle{260, 60, 700, 480};
 
 constexpr double margin = 12;
 constexpr auto dialogTitle = "Tilwin";
@@ -35,6 +29,7 @@ public:
 
   void play() {
     if (!icon_.appears()) throw HarnessError("the panel does not show the icon");
+    height_ = session_.desktop().visibleFrame(session_.desktop().monitors().at(0)).height;
     showSubmenu();
     saveTheArrangement();
     applyTheLayout();
@@ -51,12 +46,11 @@ private:
     album_.keep(session_, "menu-halves", "the menu, opened at the icon, with a submenu", openMenus());
     const auto chosen = Clock::now();
     session_.input().press("Return");
-    stage_.keep(editor_, {.by = "menu", .action = "menu-rightHalf", .expected = rightHalf, .right = true},
-                chosen);
+    expect(editor_, "menu", "menu-rightHalf", {720, 0, 720, height_}, chosen);
   }
 
   void saveTheArrangement() {
-    stage_.set(terminal_, leftHalf);
+    stage_.set(terminal_, {0, 0, 720, height_});
     icon_.choose({row::layouts, saveArrangement});
     const WindowId prompt = waitForTitle(session_, dialogTitle);
     type(session_.input(), "Writing");
@@ -74,8 +68,8 @@ private:
     album_.keep(session_, "menu-layouts", "the layouts, with the one just saved", openMenus());
     const auto chosen = Clock::now();
     session_.input().press("Return");
-    stage_.keep(editor_, {.by = "menu", .action = "layout-Writing", .expected = rightHalf, .right = true},
-                chosen);
+    expect(editor_, "menu", "layout-Writing", {720, 0, 720, height_}, chosen);
+    expect(terminal_, "menu", "layout-Writing", {0, 0, 720, height_}, chosen);
   }
 
   void describeALayout() {
@@ -85,9 +79,8 @@ private:
     album_.keep(session_, "prompt-describe-layout", "a prompt: a layout in words", around(prompt));
     const auto chosen = Clock::now();
     session_.input().press("Return");
-    stage_.keep(editor_,
-                {.by = "words", .action = "layout-described", .expected = rightTwoThirds, .right = true},
-                chosen);
+    expect(editor_, "words", "layout-described", {480, 0, 960, height_}, chosen);
+    expect(terminal_, "words", "layout-described", {0, 0, 480, height_}, chosen);
   }
 
   void describeNonsense() {
@@ -103,7 +96,7 @@ private:
   }
 
   void saveAnArea() {
-    stage_.set(editor_, {288, 0, 864, height});
+    stage_.set(editor_, {288, 0, 864, height_});
     icon_.choose({row::customAreas, 1});
     const WindowId prompt = waitForTitle(session_, dialogTitle);
     type(session_.input(), "Reading column");
@@ -115,10 +108,14 @@ private:
     icon_.close();
   }
 
-  /// The icon and the open menus.
+  void expect(const RealApplication& application, const char* by, const char* action, const Rect& frame,
+              Clock::time_point chosen) {
+    stage_.keep(application, {.by = by, .action = action, .expected = frame, .right = true}, chosen);
+  }
+
+  /// The open menus and the end of the panel below them.
   Rect openMenus() {
-    const auto icon = icon_.area();
-    Rect all = icon ? *icon : Rect();
+    Rect all{screen.width, screen.height, 0, 0};
     for (const Rect& menu : icon_.menus()) all = united(all, menu);
     return withMargin(all, margin);
   }
@@ -133,6 +130,7 @@ private:
   RealApplication editor_{session_.open(Application::qt)};
   Stage stage_;
   Album& album_;
+  double height_ = 0;  ///< of the screen above the panel
 };
 
 }  // namespace

@@ -68,12 +68,14 @@ std::string tableOf(const std::vector<Scene>& scenes) {
 
 std::string summaryOf(const std::vector<Scene>& scenes) {
   std::vector<double> times;
-  std::ranges::transform(scenes, std::back_inserter(times), &Scene::milliseconds);
+  for (const Scene& scene : scenes) {
+    if (!scene.waits) times.push_back(scene.milliseconds);
+  }
   std::ranges::sort(times);
   const auto right = std::ranges::count(scenes, true, &Scene::right);
   std::string result = std::to_string(right) + " of " + std::to_string(scenes.size()) + " frames right";
   if (times.empty()) return result;
-  return result + "; press or letting go to settled: median " + timeText(times[times.size() / 2]) +
+  return result + "; from the key, button or choice to settled: median " + timeText(times[times.size() / 2]) +
          " ms, longest " + timeText(times.back()) + " ms";
 }
 

@@ -42,6 +42,8 @@ public:
     const Rect area = session_.desktop().clientArea(window_).value_or(Rect());
     session_.input().click(
         {static_cast<int>(area.x) + firstSection.x, static_cast<int>(area.y) + firstSection.y});
+    // What is under the pointer is highlighted.
+    session_.input().movePointer({static_cast<int>(area.maxX()) - 20, static_cast<int>(area.maxY()) - 20});
     if (look_ == "light") setSpacing();
     for (const Section& section : sections) {
       if (&section != sections.data()) session_.input().press("Down");

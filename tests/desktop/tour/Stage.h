@@ -35,10 +35,10 @@ public:
   /// Waits until the window has the expected frame, and records the scene with its screenshot. `scene` has
   /// what was done, and in `right` whether it went as it should until then.
   void keep(const RealApplication& application, Scene scene, Clock::time_point since);
+  [[nodiscard]] bool isRight(WindowId window, const Rect& expected);
 
 private:
   [[nodiscard]] bool previews(const Rect& frame);
-  [[nodiscard]] bool isRight(WindowId window, const Rect& expected);
 
   Session& session_;
   std::filesystem::path folder_;

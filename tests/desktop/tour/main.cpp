@@ -98,8 +98,9 @@ int playAll(const TourArguments& arguments) {
   playMenuAndSettings(arguments, scenes, album);
   playDisplays(arguments, scenes, album);
   std::fputs("\r\033[K", stderr);
-  std::printf("%s\n%s\nPictures: %s\n%s\n", tableOf(scenes).c_str(), album.table().c_str(),
-              arguments.output.c_str(), summaryOf(scenes).c_str());
+  std::printf("%s\n%s\nPictures: %s\n%s; %zu pictures of menu, dialogs, settings and displays\n",
+              tableOf(scenes).c_str(), album.table().c_str(), arguments.output.c_str(),
+              summaryOf(scenes).c_str(), album.size());
   return std::ranges::all_of(scenes, &Scene::right) ? 0 : 1;
 }
 
