@@ -15,14 +15,15 @@ namespace {
 constexpr Milliseconds stillness{200};
 constexpr int fewestColours = 16;
 
-/// The picture once two in a row are equal; the last one if that takes too long, as a cursor blinks.
-QImage restingPicture(Session& session, const std::optional<Rect>& area) {
+/// The picture once it differs from the one before and two in a row are equal; the last one if that takes too
+/// long.
+QImage restingPicture(Session& session, const std::optional<Rect>& area, const QImage& before) {
   auto& desktop = session.desktop();
   QImage picture;
   const auto deadline = Clock::now() + answerTimeout;
   while (Clock::now() < deadline) {
     QImage next = screenshot(desktop.connection(), area);
-    if (next == picture) break;
+    if (next == picture && next != before) break;
     picture = std::move(next);
     desktop.waitUntil([] { return false; }, stillness);
   }
@@ -34,7 +35,7 @@ QImage restingPicture(Session& session, const std::optional<Rect>& area) {
 void Album::keep(Session& session, const std::string& name, const std::string& line,
                  const std::optional<Rect>& area) {
   if (isatty(STDERR_FILENO) != 0) std::fprintf(stderr, "\r\033[K%s", line.c_str());
-  const QImage picture = restingPicture(session, area);
+  const QImage picture = restingPicture(session, area, last_);
   if (colourCount(picture, fewestColours) < fewestColours) throw HarnessError(name + ": nothing is drawn");
   if (picture == last_) throw HarnessError(name + ": the screen looks as before");
   const std::string file = name + ".png";

@@ -2,12 +2,11 @@
 
 #include <array>
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 
 #include "tests/desktop/TilwinProcess.h"
 #include "tests/desktop/harness/HarnessError.h"
 #include "tests/desktop/tour/Background.h"
+#include "tests/desktop/tour/OwnWindow.h"
 #include "tests/desktop/tour/Stage.h"
 
 namespace tilwin::desktop {
@@ -38,7 +37,7 @@ public:
     stage_.set(editor_, onMonitorLeft);
     stage_.set(terminal_, onMonitorRight);
     album_.keep(session_, "display-1-before", "two displays, two windows on the right one");
-    waitForCapture();
+    waitForText(session_, session_.home().data() / "Tilwin" / "layouts.json", "Automatic", longestCapture);
     session_.server().unplug(monitor.output);
     snap(editor_, "Control+Alt+i", {640, 0, 640, 400});
     snap(terminal_, "Control+Alt+k", {640, 400, 640, 400});
@@ -65,19 +64,6 @@ private:
     if (!desktop.waitUntil([&] { return stage_.isRight(application.window(), frame); })) {
       throw HarnessError("a window is not snapped to the display that is left");
     }
-  }
-
-  void waitForCapture() {
-    if (!session_.desktop().waitUntil([this] { return isCaptured(); }, longestCapture)) {
-      throw HarnessError("the places of the windows are not kept");
-    }
-  }
-
-  [[nodiscard]] bool isCaptured() const {
-    std::ifstream file(session_.home().data() / "Tilwin" / "layouts.json");
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str().find("Automatic") != std::string::npos;
   }
 
   Session& session_;

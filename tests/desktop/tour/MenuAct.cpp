@@ -57,7 +57,7 @@ private:
     album_.keep(session_, "prompt-save-arrangement", "a prompt: the name of an arrangement", around(prompt));
     album_.keep(session_, "prompt-on-desktop", "the same, with the desktop around it");
     session_.input().press("Return");
-    waitForClosing(session_, prompt);
+    waitForText(session_, session_.home().data() / "Tilwin" / "layouts.json", "Writing");
   }
 
   void applyTheLayout() {
@@ -101,7 +101,7 @@ private:
     const WindowId prompt = waitForTitle(session_, dialogTitle);
     type(session_.input(), "Reading column");
     session_.input().press("Return");
-    waitForClosing(session_, prompt);
+    waitForText(session_, session_.home().config() / "Tilwin" / "Tilwin.conf", "Reading column");
     icon_.open();
     icon_.walk({row::customAreas, 1});
     album_.keep(session_, "menu-custom-areas", "the area just made from a window", openMenus());

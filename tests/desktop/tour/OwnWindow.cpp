@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <fstream>
+#include <sstream>
 
 #include "tests/desktop/harness/HarnessError.h"
 
@@ -39,6 +41,19 @@ void waitForClosing(Session& session, WindowId window) {
     return std::ranges::find(clients, window) == clients.end();
   });
   if (!closed) throw HarnessError("a window stays open: " + desktop.title(window));
+}
+
+void waitForText(Session& session, const std::filesystem::path& file, const std::string& text,
+                 Milliseconds timeout) {
+  const auto isThere = [&] {
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream content;
+    content << stream.rdbuf();
+    return content.str().find(text) != std::string::npos;
+  };
+  if (!session.desktop().waitUntil(isThere, timeout)) {
+    throw HarnessError(file.filename().string() + " does not get \"" + text + "\"");
+  }
 }
 
 void type(Input& input, const std::string& text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "tests/desktop/harness/Session.h"
@@ -11,6 +12,10 @@ namespace tilwin::desktop {
 [[nodiscard]] WindowId waitForTitle(Session& session, const std::string& title);
 /// Waits until the window is closed; throws HarnessError if it stays.
 void waitForClosing(Session& session, WindowId window);
+
+/// Waits until the program has written this text into a file; throws HarnessError if that does not happen.
+void waitForText(Session& session, const std::filesystem::path& file, const std::string& text,
+                 Milliseconds timeout = answerTimeout);
 
 /// Types a text of letters, digits, spaces and commas.
 void type(Input& input, const std::string& text);

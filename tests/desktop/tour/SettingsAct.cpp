@@ -1,8 +1,6 @@
 #include "tests/desktop/tour/SettingsAct.h"
 
 #include <array>
-#include <fstream>
-#include <sstream>
 
 #include "tests/desktop/harness/HarnessError.h"
 #include "tests/desktop/tour/OwnWindow.h"
@@ -63,16 +61,8 @@ private:
     for (int point = 0; point < 8; ++point) hand.press("Right");
     hand.press("Shift+Tab");
     hand.press("Shift+Tab");
-    if (!session_.desktop().waitUntil([this] { return isKept("outer") && isKept("gap"); })) {
-      throw HarnessError("the settings file does not follow the sliders");
-    }
-  }
-
-  [[nodiscard]] bool isKept(const std::string& setting) const {
-    std::ifstream file(session_.home().config() / "Tilwin" / "Tilwin.conf");
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str().find("\\\"" + setting + "\\\"") != std::string::npos;
+    const auto file = session_.home().config() / "Tilwin" / "Tilwin.conf";
+    for (const char* setting : {"outer", "gap"}) waitForText(session_, file, setting);
   }
 
   void keep(const std::string& section, const std::string& line) {
