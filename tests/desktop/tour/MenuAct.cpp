@@ -98,7 +98,7 @@ private:
   void saveAnArea() {
     stage_.set(editor_, {288, 0, 864, height_});
     icon_.choose({row::customAreas, 1});
-    const WindowId prompt = waitForTitle(session_, dialogTitle);
+    waitForTitle(session_, dialogTitle);
     type(session_.input(), "Reading column");
     session_.input().press("Return");
     waitForText(session_, session_.home().config() / "Tilwin" / "Tilwin.conf", "Reading column");

@@ -9,7 +9,7 @@ namespace tilwin::desktop {
 
 /// Waits until a window with this title is shown and has the focus; throws HarnessError if that does not
 /// happen.
-[[nodiscard]] WindowId waitForTitle(Session& session, const std::string& title);
+WindowId waitForTitle(Session& session, const std::string& title);
 /// Waits until the window is closed; throws HarnessError if it stays.
 void waitForClosing(Session& session, WindowId window);
 
