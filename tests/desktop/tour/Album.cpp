@@ -12,7 +12,7 @@ namespace tilwin::desktop {
 
 namespace {
 
-constexpr Milliseconds stillness{200};
+constexpr Milliseconds pause{200};
 constexpr int fewestColours = 16;
 
 /// The picture once it differs from the one before and two in a row are equal; the last one if that takes too
@@ -25,7 +25,7 @@ QImage restingPicture(Session& session, const std::optional<Rect>& area, const Q
     QImage next = screenshot(desktop.connection(), area);
     if (next == picture && next != before) break;
     picture = std::move(next);
-    desktop.waitUntil([] { return false; }, stillness);
+    desktop.waitUntil([] { return false; }, pause);
   }
   return picture;
 }

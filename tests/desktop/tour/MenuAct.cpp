@@ -18,7 +18,7 @@ constexpr Rect middle{260, 60, 700, 480};
 constexpr double margin = 12;
 constexpr auto dialogTitle = "Tilwin";
 
-/// Rows of the submenu of layouts, below the saved ones.
+/// Rows of the submenu of layouts: while none is saved, and as soon as one is.
 constexpr int saveArrangement = 1;
 constexpr int describeLayout = -2;
 
