@@ -144,7 +144,7 @@ void Killed::expectWholeFiles() {
 
 void Killed::expectToServe() {
   day_.startTilwin();
-  EXPECT_EQ(day_.log().find("read"), std::string::npos) << day_.log();
+  EXPECT_EQ(day_.log().find("can be read"), std::string::npos) << day_.log();
   ASSERT_TRUE(day_.desktop().activate(window_.id()));
   day_.input().press("Control+Alt+u");
   const Rect room = day_.room();

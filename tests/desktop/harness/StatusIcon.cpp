@@ -16,12 +16,15 @@ namespace {
 constexpr QRgb iconColour = 0xff0f7ae5;
 constexpr int fewestPixels = 20;
 
-bool isMenu(XConnection& connection, WindowId window) {
+/// The program's own menus are override-redirect windows without a particular type.
+bool isMenu(Desktop& desktop, WindowId window) {
+  auto& connection = desktop.connection();
   const auto types = connection.numbers(window, "_NET_WM_WINDOW_TYPE");
   const auto is = [&](const char* name) {
     return std::ranges::find(types, connection.atom(name)) != types.end();
   };
-  return is("_NET_WM_WINDOW_TYPE_POPUP_MENU") || is("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU");
+  return is("_NET_WM_WINDOW_TYPE_POPUP_MENU") || is("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU") ||
+         (is("_NET_WM_WINDOW_TYPE_NORMAL") && desktop.wmClass(window).second == "Tilwin");
 }
 
 /// The children of the root, bottom to top.
@@ -101,7 +104,7 @@ std::vector<Rect> StatusIcon::menus() {
   auto& desktop = session_.desktop();
   std::vector<Rect> found;
   for (const WindowId window : topLevels(desktop.connection())) {
-    if (!desktop.viewable(window) || !isMenu(desktop.connection(), window)) continue;
+    if (!desktop.viewable(window) || !isMenu(desktop, window)) continue;
     if (const auto area = desktop.topLevelArea(window)) found.push_back(*area);
   }
   return found;
