@@ -34,6 +34,7 @@ struct ReleaseVersion {
   [[nodiscard]] static std::optional<ReleaseVersion> parse(std::string_view text);
 
   /// By the fields in their order.
+  // NOLINTNEXTLINE(modernize-use-nullptr): as above
   auto operator<=>(const ReleaseVersion& other) const = default;
 };
 

@@ -37,6 +37,13 @@ testing::AssertionResult holds(const Names& saved, const Names& asked) {
                                      << testing::PrintToString(saved);
 }
 
+/// The one given by --gtest_random_seed, to see the same moments again; any other if none is.
+int chosenSeed() {
+  constexpr unsigned largest = 99999;
+  const int given = GTEST_FLAG_GET(random_seed);
+  return given != 0 ? given : static_cast<int>(std::random_device()() % largest + 1);
+}
+
 /// Kills a process at a moment, whatever else happens.
 class Death {
 public:
@@ -57,7 +64,6 @@ class Killed : public testing::Test {
 protected:
   void SetUp() override {
     std::cout << "seed " << seed_ << "\n";
-    random_.seed(seed_);
     day_.startTilwin();
     workOnce();
     endTilwin();
@@ -80,8 +86,8 @@ protected:
     return Clock::now() + Milliseconds{std::uniform_int_distribution<long>(0, latestDeath.count())(random_)};
   }
 
-  const unsigned seed_ = std::random_device()();
-  std::mt19937 random_;
+  const int seed_ = chosenSeed();
+  std::mt19937 random_{static_cast<unsigned>(seed_)};
   Afternoon day_;
   TestWindow window_ = day_.session().window();
   Asked asked_;
