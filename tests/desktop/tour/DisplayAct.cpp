@@ -53,7 +53,7 @@ public:
 private:
   void expectBack(const RealApplication& application, const Rect& frame, Clock::time_point plugged) {
     stage_.keep(application,
-                {.by = "display", .action = "display-back", .expected = frame, .waits = true, .right = true},
+                {.by = "display", .action = "display-back", .expected = frame, .timed = false, .right = true},
                 plugged);
   }
 

@@ -30,26 +30,17 @@ public:
   void play() {
     if (!icon_.appears()) throw HarnessError("the panel does not show the icon");
     height_ = session_.desktop().visibleFrame(session_.desktop().monitors().at(0)).height;
-    showSubmenu();
     saveTheArrangement();
     applyTheLayout();
     describeALayout();
     describeNonsense();
     saveAnArea();
+    snapFromTheMenu();
   }
 
 private:
-  void showSubmenu() {
-    stage_.set(editor_, middle);
-    icon_.open();
-    icon_.walk({row::halves, 2});
-    album_.keep(session_, "menu-halves", "the menu, opened at the icon, with a submenu", openMenus());
-    const auto chosen = Clock::now();
-    session_.input().press("Return");
-    expect(editor_, "menu", "menu-rightHalf", {720, 0, 720, height_}, chosen);
-  }
-
   void saveTheArrangement() {
+    stage_.set(editor_, {720, 0, 720, height_});
     stage_.set(terminal_, {0, 0, 720, height_});
     icon_.choose({row::layouts, saveArrangement});
     const WindowId prompt = waitForTitle(session_, dialogTitle);
@@ -61,15 +52,15 @@ private:
   }
 
   void applyTheLayout() {
-    stage_.set(terminal_, {500, 300, 700, 400});
     stage_.set(editor_, middle);
+    stage_.set(terminal_, {100, 300, 700, 400});
     icon_.open();
     icon_.walk({row::layouts, 1});
     album_.keep(session_, "menu-layouts", "the layouts, with the one just saved", openMenus());
     const auto chosen = Clock::now();
     session_.input().press("Return");
-    expect(editor_, "menu", "layout-Writing", {720, 0, 720, height_}, chosen);
-    expect(terminal_, "menu", "layout-Writing", {0, 0, 720, height_}, chosen);
+    expect(editor_, {.by = "menu", .action = "layout-Writing", .expected = {720, 0, 720, height_}}, chosen);
+    expectToo(terminal_, {.by = "menu", .action = "layout-Writing", .expected = {0, 0, 720, height_}});
   }
 
   void describeALayout() {
@@ -79,8 +70,9 @@ private:
     album_.keep(session_, "prompt-describe-layout", "a prompt: a layout in words", around(prompt));
     const auto chosen = Clock::now();
     session_.input().press("Return");
-    expect(editor_, "words", "layout-described", {480, 0, 960, height_}, chosen);
-    expect(terminal_, "words", "layout-described", {0, 0, 480, height_}, chosen);
+    expect(editor_, {.by = "words", .action = "layout-described", .expected = {480, 0, 960, height_}},
+           chosen);
+    expectToo(terminal_, {.by = "words", .action = "layout-described", .expected = {0, 0, 480, height_}});
   }
 
   void describeNonsense() {
@@ -108,9 +100,24 @@ private:
     icon_.close();
   }
 
-  void expect(const RealApplication& application, const char* by, const char* action, const Rect& frame,
-              Clock::time_point chosen) {
-    stage_.keep(application, {.by = by, .action = action, .expected = frame, .right = true}, chosen);
+  void snapFromTheMenu() {
+    stage_.set(editor_, middle);
+    icon_.open();
+    icon_.walk({row::halves, 2});
+    album_.keep(session_, "menu-halves", "the menu, opened at the icon, with a submenu", openMenus());
+    const auto chosen = Clock::now();
+    session_.input().press("Return");
+    expect(editor_, {.by = "menu", .action = "menu-rightHalf", .expected = {720, 0, 720, height_}}, chosen);
+  }
+
+  void expect(const RealApplication& application, Scene scene, Clock::time_point chosen) {
+    scene.right = true;
+    stage_.keep(application, scene, chosen);
+  }
+  /// The same for another window that the choice before has moved.
+  void expectToo(const RealApplication& application, Scene scene) {
+    scene.timed = false;
+    expect(application, scene, Clock::now());
   }
 
   /// The open menus and the end of the panel below them.

@@ -69,7 +69,7 @@ std::string tableOf(const std::vector<Scene>& scenes) {
 std::string summaryOf(const std::vector<Scene>& scenes) {
   std::vector<double> times;
   for (const Scene& scene : scenes) {
-    if (!scene.waits) times.push_back(scene.milliseconds);
+    if (scene.timed) times.push_back(scene.milliseconds);
   }
   std::ranges::sort(times);
   const auto right = std::ranges::count(scenes, true, &Scene::right);

@@ -15,14 +15,14 @@ struct Scene {
   Rect expected = {};
   Rect seen = {};
   double milliseconds = 0;  ///< from the key press or release until the window has its final frame
-  bool waits = false;       ///< the program waits on purpose before it moves the window
+  bool timed = true;        ///< false if the program waits on purpose, or another scene is in between
   bool right = false;
 };
 
 /// The scenes as a table with a heading, columns aligned.
 [[nodiscard]] std::string tableOf(const std::vector<Scene>& scenes);
 
-/// "29 of 29 frames right …", with the median and longest time of those that do not wait.
+/// "29 of 29 frames right …", with the median and longest time of those that are timed.
 [[nodiscard]] std::string summaryOf(const std::vector<Scene>& scenes);
 
 }  // namespace tilwin::desktop

@@ -2,6 +2,8 @@
 // windows dragged to every edge and corner, each frame held against what was meant; then the menu, its
 // dialogs, the settings window, and a display that comes back. Each scene is kept as a picture.
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -97,7 +99,7 @@ int playAll(const TourArguments& arguments) {
   Album album(arguments.output);
   playMenuAndSettings(arguments, scenes, album);
   playDisplays(arguments, scenes, album);
-  std::fputs("\r\033[K", stderr);
+  if (isatty(STDERR_FILENO) != 0) std::fputs("\r\033[K", stderr);
   std::printf("%s\n%s\nPictures: %s\n%s; %zu pictures of menu, dialogs, settings and displays\n",
               tableOf(scenes).c_str(), album.table().c_str(), arguments.output.c_str(),
               summaryOf(scenes).c_str(), album.size());
