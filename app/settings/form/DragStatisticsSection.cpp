@@ -29,12 +29,14 @@ FormSection FormSections::dragStatistics(const FormState& state) {
       "changes nothing about how snapping works; it only lets you check, later, whether a smarter rule would "
       "suit "
       "the way you drag.");
-  FormRow data{.id = "shadowData", .title = countLine(state.shadowDrags)};
-  data.controls = {FormButton{.id = std::string(FormIds::showShadowData),
-                              .title = wording.text("Show recorded data in Finder")},
-                   FormButton{.id = std::string(FormIds::deleteShadowData), .title = "Delete recorded data"}};
+  FormRow count{.id = "shadowData", .title = countLine(state.shadowDrags)};
+  FormRow actions{.id = "shadowActions"};
+  actions.controls = {
+      FormButton{.id = std::string(FormIds::showShadowData),
+                 .title = wording.text("Show recorded data in Finder")},
+      FormButton{.id = std::string(FormIds::deleteShadowData), .title = "Delete recorded data"}};
   FormSection section{.id = "dragStatistics", .title = "Drag statistics", .symbol = FormSymbol::statistics};
-  section.groups = {{.id = "statistics", .rows = {std::move(toggle), std::move(data)}}};
+  section.groups = {{.id = "statistics", .rows = {std::move(toggle), std::move(count), std::move(actions)}}};
   return section;
 }
 

@@ -69,7 +69,7 @@ TEST_F(DragStatistics, TheSectionSaysWhatIsRecordedAndWhatIsNot) {
   EXPECT_EQ(control<FormToggle>("shadowRecording")->title, "Record drag statistics on this Mac");
   EXPECT_TRUE(
       row("shadowRecording")->note.starts_with("Off by default. When on, Tilwin notes how each drag"));
-  EXPECT_EQ(control<FormButton>("shadowData")->title, "Show recorded data in Finder");
+  EXPECT_EQ(control<FormButton>("shadowActions")->title, "Show recorded data in Finder");
 }
 
 struct OpenAtLogin : OpenSettings {
