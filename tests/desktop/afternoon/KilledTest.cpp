@@ -151,6 +151,7 @@ void Killed::expectWholeFiles() {
 void Killed::expectToServe() {
   day_.startTilwin();
   EXPECT_EQ(day_.log().find("can be read"), std::string::npos) << day_.log();
+  day_.placeByHand(window_.id(), startFrame);
   ASSERT_TRUE(day_.desktop().activate(window_.id()));
   day_.input().press("Control+Alt+u");
   const Rect room = day_.room();
