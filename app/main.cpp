@@ -59,12 +59,8 @@ struct X11Desktop {
   X11Desktop(System& system, x11::X11Connection& connection) : x(connection), log(system.log) {
     queue.watch(x.fileDescriptor(), [this] { x.dispatch(); });
     queue.beforeEachSleep([this] { x.dispatchQueued(); });
-    const auto sayLost = [this] { log.write("Tilwin: the X server has gone"); };
-    queue.onDisplayLost(sayLost);
-    x.onLost([this, sayLost] {
-      sayLost();
-      queue.stop(0);
-    });
+    queue.onDisplayLost([this] { log.write("Tilwin: the X server has gone"); });
+    x.onLost([this] { queue.loseDisplay(); });
     manager.onStart([this] { hotKeys.tellOfChange(); });
   }
 

@@ -66,11 +66,15 @@ void QtMainQueue::finish() {
   for (const auto& task : std::exchange(aboutToStop_, {})) task();
 }
 
-void QtMainQueue::finishInsideLoop() {
-  if (running == nullptr || !running->displayLost_) return;
-  running->finish();
-  running->displayLost_();
+void QtMainQueue::loseDisplay() {
+  finish();
+  if (displayLost_) displayLost_();
+  // Not by unwinding: Qt would call exit(3) with status 1 as soon as it touches its connection.
   std::_Exit(0);
+}
+
+void QtMainQueue::finishInsideLoop() {
+  if (running != nullptr && running->displayLost_) running->loseDisplay();
 }
 
 void QtMainQueue::stop(int exitStatus) { QCoreApplication::exit(exitStatus); }

@@ -22,9 +22,11 @@ public:
   void stop(int exitStatus) override;
   void onAboutToStop(Task task) override { aboutToStop_.push_back(std::move(task)); }
 
-  /// Qt calls exit(3) from inside the loop when its own connection to the display is lost. Then the tasks
-  /// that wait for the stop and after them this one are run, and the process ends with status 0.
+  /// Without its display the process ends at once: the tasks that wait for the stop and after them this one
+  /// are run, and the exit status is 0. Qt calls exit(3) from inside the loop when it finds its own
+  /// connection broken; whoever finds another one broken calls `loseDisplay`.
   void onDisplayLost(Task task) { displayLost_ = std::move(task); }
+  [[noreturn]] void loseDisplay();
 
   /// Calls the task when the descriptor becomes readable.
   void watch(int fileDescriptor, const Task& task);

@@ -72,7 +72,7 @@ private:
 
   void attend(qt::DialogBox& dialog, bool isLate) {
     if (attended_.contains(&dialog)) return;
-    const bool isReady = dialog.isVisible() && dialog.isActiveWindow();
+    const bool isReady = hasSteadyFocus(dialog);
     if (!isReady && !isLate) return;
     EXPECT_TRUE(isReady) << "the dialog does not get the focus";
     attended_.insert(&dialog);
@@ -83,7 +83,17 @@ private:
     until_ = isReady ? desktop::Clock::now() + desktop::answerTimeout : desktop::Clock::now();
   }
 
+  /// While a window manager closes one dialog, the focus may leave the next one again for a moment.
+  bool hasSteadyFocus(const qt::DialogBox& dialog) {
+    const auto now = desktop::Clock::now();
+    if (!dialog.isVisible() || !dialog.isActiveWindow()) focusedSince_ = now;
+    return now - focusedSince_ >= steadyFocus;
+  }
+
+  static constexpr desktop::Milliseconds steadyFocus{150};
+
   DialogsWorld::Steps steps_;
+  desktop::Clock::time_point focusedSince_ = desktop::Clock::now();
   std::set<const QWidget*>& attended_;
   QPointer<qt::DialogBox> dialog_;
   desktop::Clock::time_point until_ = desktop::Clock::now() + desktop::answerTimeout;
