@@ -18,6 +18,7 @@ using desktop::Milliseconds;
 constexpr std::uint32_t controlOption = HotKeySpec::control | HotKeySpec::option;
 constexpr HotKeySpec left{123, controlOption};
 constexpr HotKeySpec right{124, controlOption};
+constexpr HotKeySpec up{126, controlOption};
 
 /// The keymap in force, with one modifier more.
 constexpr const char* scrollLockModifier =
@@ -61,6 +62,15 @@ protected:
   void makeScrollLockAModifier() { run({"sh", "-c", scrollLockModifier}); }
 
   xcb_keycode_t keyAt(const std::string& position) { return session_.input().keyboard().at(position); }
+
+  /// Another program that has Control and Alt with this key.
+  desktop::XConnection holderOf(xcb_keycode_t key) {
+    desktop::XConnection other(session_.server().display());
+    xcb_grab_key(other.get(), 1, other.root(), XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1, key,
+                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    other.sync();
+    return other;
+  }
 
   /// Whether another program can no longer have the key with Control and Alt and these modifiers.
   bool isTaken(xcb_keycode_t key, unsigned moreModifiers = 0) {
@@ -154,12 +164,8 @@ TEST_F(X11HotKeysOnChangedKeyboard, AKeyWithAnotherCodeIsFollowedAndItsOldCodeGi
 }
 
 TEST_F(X11HotKeysOnChangedKeyboard, ACombinationTakenOnTheNewOneIsToldOfAndWorksAgainOnTheNextOne) {
-  const desktop::XConnection other(session_.server().display());
   constexpr xcb_keycode_t leftOfXFree86 = 100;
-  xcb_grab_key(other.get(), 1, other.root(), XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1, leftOfXFree86,
-               XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-  xcb_flush(other.get());
-  ASSERT_TRUE(runMainLoopUntil([&] { return isTaken(leftOfXFree86); }, patience));
+  const auto other = holderOf(leftOfXFree86);
   const auto before = keyAt("LEFT");
   run({"setxkbmap", "-keycodes", "xfree86"});
   ASSERT_EQ(keyAt("LEFT"), leftOfXFree86);
@@ -173,6 +179,19 @@ TEST_F(X11HotKeysOnChangedKeyboard, ACombinationTakenOnTheNewOneIsToldOfAndWorks
   session_.input().press("Control+Alt+<LEFT>");
   session_.input().press("Control+Alt+<RGHT>");
   EXPECT_TRUE(pressed({2, 1, 2}));
+}
+
+TEST_F(X11HotKeysOnChangedKeyboard, ACombinationThatWasRefusedCanBeHadWhenTheChangeIsToldOf) {
+  bool isHad = false;
+  {
+    const auto other = holderOf(keyAt("UP"));
+    EXPECT_FALSE(hotKeys_->add(up, {0, 3}));
+    hotKeys_->setChangeHandler([&] { isHad = hotKeys_->add(up, {0, 3}).has_value(); });
+  }
+  makeScrollLockAModifier();
+  EXPECT_TRUE(runMainLoopUntil([&] { return isHad; }, patience));
+  session_.input().press("Control+Alt+<UP>");
+  EXPECT_TRUE(pressed({3}));
 }
 
 TEST_F(X11HotKeysOnChangedKeyboard, APressAfterALongSilenceCountsThoughItsReleaseWasLost) {

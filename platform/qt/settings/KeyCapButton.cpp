@@ -1,6 +1,5 @@
 #include "platform/qt/settings/KeyCapButton.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 #include "platform/qt/settings/Painting.h"
@@ -31,34 +30,22 @@ void drawCap(QPainter& painter, const QRectF& body, const ControlState& state, b
 }  // namespace
 
 KeyCapButton::KeyCapButton(const FormRecorder& recorder, const Report& report, QWidget* parent)
-    : QPushButton(parent) {
-  setObjectName(QString::fromStdString(recorder.id));
-  setAttribute(Qt::WA_Hover);
-  setFocusPolicy(Qt::StrongFocus);
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  connect(this, &QPushButton::clicked, this,
-          [this, &report] { report(form::ButtonPressed{objectName().toStdString()}); });
-}
+    : TitledButton(recorder.id, report, parent) {}
 
 void KeyCapButton::display(const FormRecorder& recorder) {
-  const QString title = QString::fromStdString(recorder.title);
+  setTitle(QString::fromStdString(recorder.title));
   setAccessibleName(QString::fromStdString(recorder.label));
-  setAccessibleDescription(title);
+  setAccessibleDescription(title());
   const bool starts = recorder.isRecording && !isRecording_;
-  const bool changes =
-      title != title_ || recorder.isEmpty != isEmpty_ || recorder.isRecording != isRecording_;
+  const bool changes = recorder.isEmpty != isEmpty_ || recorder.isRecording != isRecording_;
   isRecording_ = recorder.isRecording;
   isEmpty_ = recorder.isEmpty;
   if (starts) setFocus(Qt::OtherFocusReason);
-  if (!changes) return;
-  if (title != title_) updateGeometry();
-  title_ = title;
-  update();
+  if (changes) update();
 }
 
 QSize KeyCapButton::sizeHint() const {
-  const int words = fontMetrics().horizontalAdvance(title_) + 2 + 2 * capPadding;
-  return {qMax(words, narrowestCap) + 2 * metrics::ring, metrics::controlHeight};
+  return {qMax(titleWidth() + 2 * capPadding, narrowestCap) + 2 * metrics::ring, metrics::controlHeight};
 }
 
 QSize KeyCapButton::minimumSizeHint() const { return {narrowestCap / 2, metrics::controlHeight}; }
@@ -74,15 +61,7 @@ void KeyCapButton::paintEvent(QPaintEvent*) {
   if (isRecording_) ink = theme.isDark ? theme.text : theme.accent;
   painter.setPen(ink);
   const QRectF room = body.adjusted(capPadding, 0, -capPadding, -1);
-  const QString shown = fontMetrics().elidedText(title_, Qt::ElideRight, static_cast<int>(room.width()) + 1);
-  painter.drawText(room, Qt::AlignCenter, shown);
-}
-
-void KeyCapButton::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-    return QPushButton::keyPressEvent(event);
-  }
-  if (!event->isAutoRepeat()) click();
+  drawTitle(painter, room);
 }
 
 }  // namespace tilwin::qt

@@ -1,6 +1,5 @@
 #include "platform/qt/settings/PushButton.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 #include "platform/qt/settings/Painting.h"
@@ -16,14 +15,7 @@ constexpr int symbolGap = 6;
 }  // namespace
 
 PushButton::PushButton(const FormButton& button, const Report& report, QWidget* parent)
-    : QPushButton(parent) {
-  setObjectName(QString::fromStdString(button.id));
-  setAttribute(Qt::WA_Hover);
-  setFocusPolicy(Qt::StrongFocus);
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  connect(this, &QPushButton::clicked, this,
-          [this, &report] { report(form::ButtonPressed{objectName().toStdString()}); });
-}
+    : TitledButton(button.id, report, parent) {}
 
 void PushButton::display(const FormButton& button) {
   const QString title = QString::fromStdString(button.title);
@@ -32,8 +24,8 @@ void PushButton::display(const FormButton& button) {
   // A symbol alone says what it does when the pointer rests on it.
   setToolTip(title.isEmpty() ? label : QString());
   setEnabled(button.isEnabled);
-  if (title == title_ && button.symbol == symbol_) return;
-  title_ = title;
+  setTitle(title);
+  if (button.symbol == symbol_) return;
   symbol_ = button.symbol;
   updateGeometry();
   update();
@@ -41,9 +33,8 @@ void PushButton::display(const FormButton& button) {
 
 QSize PushButton::sizeHint() const {
   const bool hasSymbol = symbol_ != FormSymbol::none;
-  if (title_.isEmpty()) return {metrics::controlHeight, metrics::controlHeight};
-  const int words = fontMetrics().horizontalAdvance(title_) + 2;
-  return {words + (hasSymbol ? symbolSize + symbolGap : 0) + 2 * (buttonPadding + metrics::ring),
+  if (title().isEmpty()) return {metrics::controlHeight, metrics::controlHeight};
+  return {titleWidth() + (hasSymbol ? symbolSize + symbolGap : 0) + 2 * (buttonPadding + metrics::ring),
           metrics::controlHeight};
 }
 
@@ -58,20 +49,12 @@ void PushButton::paintEvent(QPaintEvent*) {
   const QColor ink = isEnabled() ? theme.text : mixed(theme.text, theme.card, 0.4);
   QRectF room = body.adjusted(buttonPadding, 0, -buttonPadding, 0);
   if (symbol_ != FormSymbol::none) {
-    const double left = title_.isEmpty() ? body.center().x() - symbolSize / 2.0 : room.left();
+    const double left = title().isEmpty() ? body.center().x() - symbolSize / 2.0 : room.left();
     drawSymbol(painter, symbol_, {left, body.center().y() - symbolSize / 2.0, symbolSize, symbolSize}, ink);
     room.setLeft(left + symbolSize + symbolGap);
   }
   painter.setPen(ink);
-  const QString shown = fontMetrics().elidedText(title_, Qt::ElideRight, static_cast<int>(room.width()) + 1);
-  painter.drawText(room, Qt::AlignCenter, shown);
-}
-
-void PushButton::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-    return QPushButton::keyPressEvent(event);
-  }
-  if (!event->isAutoRepeat()) click();
+  drawTitle(painter, room);
 }
 
 }  // namespace tilwin::qt

@@ -1,10 +1,10 @@
 #include "platform/qt/settings/SwitchButton.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 
 #include "platform/qt/settings/Painting.h"
+#include "platform/qt/settings/TitledButton.h"
 
 namespace tilwin::qt {
 namespace {
@@ -87,8 +87,7 @@ void SwitchButton::paintEvent(QPaintEvent*) {
 }
 
 void SwitchButton::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QCheckBox::keyPressEvent(event);
-  if (!event->isAutoRepeat()) click();
+  if (!pressByReturn(*this, *event)) QCheckBox::keyPressEvent(event);
 }
 
 }  // namespace tilwin::qt

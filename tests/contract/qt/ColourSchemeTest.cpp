@@ -5,8 +5,12 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QTimer>
 #include <filesystem>
+#include <optional>
 
+#include "platform/qt/menu/QtDialogs.h"
+#include "platform/qt/settings/QtSettingsWindow.h"
 #include "tests/contract/MainLoop.h"
 #include "tests/contract/qt/QtDesktop.h"
 
@@ -155,6 +159,23 @@ TEST_F(ColourSchemeTest, TheApplicationGetsItsOwnColoursBack) {
     ASSERT_TRUE(isDarkNow());
   }
   EXPECT_EQ(windowColour(), before);
+}
+
+TEST_F(ColourSchemeTest, ADialogIsDarkOnADarkDesktopThoughNoSettingsWereOpened) {
+  writeGtk(darkTheme);
+  QtSettingsWindow settings([](std::uint32_t) { return std::nullopt; });
+  QtDialogs dialogs([&settings] { settings.takeColours(); });
+  std::optional<bool> isDark;
+  QTimer looking;
+  looking.callOnTimeout([&isDark] {
+    auto* const dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr) return;
+    isDark = ColourScheme::isDark(dialog->palette());
+    dialog->close();
+  });
+  looking.start(10);
+  dialogs.alert({"2 windows not open", "Mail, Notes"});
+  EXPECT_EQ(isDark, true);
 }
 
 }  // namespace

@@ -16,17 +16,8 @@ desktop::PixelPoint IconOnScreen::centre() const { return {area.center().x(), ar
 
 std::optional<IconOnScreen> findIcon() {
   const QImage screen = desktop::screenshot(qtDesktop().desktop().connection());
-  QRect area;
-  int count = 0;
-  for (int y = 0; y < screen.height(); ++y) {
-    const auto* line = reinterpret_cast<const QRgb*>(screen.constScanLine(y));
-    for (int x = 0; x < screen.width(); ++x) {
-      if ((line[x] | 0xff000000U) != qt::templateColour) continue;
-      area |= QRect(x, y, 1, 1);
-      ++count;
-    }
-  }
-  if (count < fewestPixels) return std::nullopt;
+  const auto [area, pixels] = desktop::areaOf(qt::templateColour, screen);
+  if (pixels < fewestPixels) return std::nullopt;
   return IconOnScreen{area, screen.copy(area.adjusted(-margin, -margin, margin, margin))};
 }
 

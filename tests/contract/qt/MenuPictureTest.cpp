@@ -28,7 +28,7 @@ MenuModel likeThePrograms() {
 class MenuPicture : public testing::TestWithParam<bool> {};
 
 TEST_P(MenuPicture, ShowsAMenuOnTheScreen) {
-  const auto panel = startTint2(GetParam() ? PanelLook::dark : PanelLook::light);
+  const auto panel = startPlain(Panel::tint2, GetParam() ? PanelLook::dark : PanelLook::light);
   std::optional<DarkColours> dark;
   if (GetParam()) dark.emplace();
   StatusIcon icon;
@@ -49,7 +49,7 @@ TEST_P(MenuPicture, ShowsAMenuOnTheScreen) {
 }
 
 TEST(OpenMenu, ClosesAtAClickOnTheIcon) {
-  const auto panel = startTint2();
+  const auto panel = startPlain(Panel::tint2);
   const StatusIcon icon;
   ASSERT_TRUE(StatusIcon::comes());
   StatusIcon::click();

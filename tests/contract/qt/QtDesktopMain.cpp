@@ -22,7 +22,15 @@ void enter(const tilwin::desktop::Environment& environment) {
 
 }  // namespace
 
-tilwin::desktop::Session& tilwin::contract::qtDesktop() { return *session; }
+namespace tilwin::contract {
+
+desktop::Session& qtDesktop() { return *session; }
+
+desktop::ChildProcess startPlain(Panel panel, PanelLook look, int iconSide) {
+  return desktop::startPanel(qtDesktop(), panel, {.look = look, .isPlain = true, .iconSide = iconSide});
+}
+
+}  // namespace tilwin::contract
 
 int main(int argc, char** argv) {
   const tilwin::desktop::EndOnSignal endOnSignal;

@@ -6,7 +6,6 @@
 #include "tests/contract/MainLoop.h"
 #include "tests/contract/StatusItemContract.h"
 #include "tests/contract/qt/IconOnScreen.h"
-#include "tests/contract/qt/Panels.h"
 #include "tests/contract/qt/QtDesktop.h"
 
 namespace tilwin::contract {
@@ -89,7 +88,7 @@ private:
     return false;
   }
 
-  desktop::ChildProcess panel_ = startTint2();
+  desktop::ChildProcess panel_ = startPlain(Panel::tint2);
   qt::QtStatusItem item_;
 };
 

@@ -25,18 +25,18 @@ TEST(StatusItemUnderTint2, ComesWhenThePanelStartsLater) {
   const StatusIcon icon;
   runMainLoop(desktop::Milliseconds{300});
   EXPECT_FALSE(findIcon());
-  const auto panel = startTint2();
+  const auto panel = startPlain(Panel::tint2);
   EXPECT_TRUE(StatusIcon::comes());
   EXPECT_TRUE(isInXEmbedTray());
 }
 
 TEST(StatusItemUnderTint2, ComesAgainWhenThePanelIsRestarted) {
   const StatusIcon icon;
-  auto panel = startTint2();
+  auto panel = startPlain(Panel::tint2);
   ASSERT_TRUE(StatusIcon::comes());
   panel.end();
   EXPECT_TRUE(StatusIcon::goes());
-  panel = startTint2();
+  panel = startPlain(Panel::tint2);
   ASSERT_TRUE(StatusIcon::comes());
   StatusIcon::click();
   ASSERT_TRUE(
@@ -50,7 +50,7 @@ TEST(StatusItemUnderTint2, ComesAgainWhenThePanelIsRestarted) {
 TEST(StatusItemUnderTint2, StaysHiddenWhenThePanelComesWhileItIsHidden) {
   StatusIcon icon;
   icon.item.setVisible(false);
-  const auto panel = startTint2();
+  const auto panel = startPlain(Panel::tint2);
   runMainLoop(desktop::Milliseconds{500});
   EXPECT_FALSE(findIcon());
   icon.item.setVisible(true);
@@ -58,7 +58,7 @@ TEST(StatusItemUnderTint2, StaysHiddenWhenThePanelComesWhileItIsHidden) {
 }
 
 TEST(StatusItem, GoesWithTheObject) {
-  const auto panel = startTint2();
+  const auto panel = startPlain(Panel::tint2);
   {
     const StatusIcon icon;
     ASSERT_TRUE(StatusIcon::comes());
@@ -68,11 +68,11 @@ TEST(StatusItem, GoesWithTheObject) {
 
 TEST(StatusItem, MovesToAPanelThatDrawsMenusAndBackWhenThatEnds) {
   const StatusIcon icon;
-  const auto tray = startTint2();
+  const auto tray = startPlain(Panel::tint2);
   ASSERT_TRUE(StatusIcon::comes());
   EXPECT_FALSE(StatusIcon::isAtTheTop());
 
-  auto panel = startXfcePanel();
+  auto panel = startPlain(Panel::xfce);
   EXPECT_TRUE(runMainLoopUntil(&StatusIcon::isAtTheTop, desktop::startTimeout));
   EXPECT_FALSE(isInXEmbedTray());
 
@@ -84,7 +84,7 @@ TEST(StatusItem, MovesToAPanelThatDrawsMenusAndBackWhenThatEnds) {
 }
 
 TEST(StatusItem, APanelThatDoesNotAnswerHoldsNothingUp) {
-  auto panel = startXfcePanel();
+  auto panel = startPlain(Panel::xfce);
   {
     const StatusIcon first;
     ASSERT_TRUE(StatusIcon::comes());

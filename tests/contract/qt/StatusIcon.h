@@ -8,7 +8,6 @@
 #include "platform/qt/menu/QtStatusItem.h"
 #include "tests/contract/MainLoop.h"
 #include "tests/contract/qt/IconOnScreen.h"
-#include "tests/contract/qt/Panels.h"
 #include "tests/contract/qt/QtDesktop.h"
 #include "tests/contract/qt/StatusImage.h"
 
@@ -20,7 +19,7 @@ struct StatusIcon {
 
   static bool comes();
   static bool goes();
-  /// Whether it is at the top of the screen, where `startXfcePanel` puts its panel.
+  /// Whether it is at the top of the screen, where a plain xfce4-panel is.
   static bool isAtTheTop();
   static void click(int button = 1);
   /// Waits until that many choices were reported.

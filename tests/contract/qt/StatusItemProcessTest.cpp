@@ -7,7 +7,6 @@
 
 #include "tests/contract/MainLoop.h"
 #include "tests/contract/qt/IconOnScreen.h"
-#include "tests/contract/qt/Panels.h"
 #include "tests/contract/qt/Pictures.h"
 #include "tests/contract/qt/QtDesktop.h"
 #include "tests/desktop/harness/Screenshot.h"
@@ -27,7 +26,7 @@ desktop::ChildProcess startIcon(const std::string& variable, const std::string& 
 TEST(StatusItemAtTwiceTheScale, IsDrawnInThePixelsOfItsPanel) {
   const auto program = startIcon("QT_SCALE_FACTOR", "2");
   for (const auto& [side, size] : {std::pair{22, QSize(16, 14)}, {44, QSize(32, 28)}}) {
-    const auto panel = startTint2(PanelLook::light, side);
+    const auto panel = startPlain(Panel::tint2, PanelLook::light, side);
     ASSERT_TRUE(runMainLoopUntil([] { return findIcon().has_value(); }, desktop::startTimeout));
     EXPECT_TRUE(runMainLoopUntil([&, size = size] { return findIcon() && findIcon()->area.size() == size; },
                                  desktop::answerTimeout))
@@ -38,7 +37,7 @@ TEST(StatusItemAtTwiceTheScale, IsDrawnInThePixelsOfItsPanel) {
 
 TEST(StatusItemWithoutASessionBus, IsInTheTrayWithItsMenu) {
   auto& session = qtDesktop();
-  const auto panel = startTint2();
+  const auto panel = startPlain(Panel::tint2);
   const auto program = startIcon("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
   ASSERT_TRUE(runMainLoopUntil([] { return findIcon().has_value(); }, desktop::startTimeout));
   const auto look = [&] { return desktop::screenshot(session.desktop().connection()); };

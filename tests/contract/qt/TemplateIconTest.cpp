@@ -103,18 +103,16 @@ TEST(TemplateIcon, ItsColourStandsOutOnBlackOnWhiteAndBetweenThem) {
 
 struct PanelCase {
   const char* name;
-  desktop::ChildProcess (*start)(PanelLook);
+  Panel panel;
   PanelLook look;
 };
-
-desktop::ChildProcess startPlainTint2(PanelLook look) { return startTint2(look); }
 
 std::ostream& operator<<(std::ostream& out, const PanelCase& panel) { return out << panel.name; }
 
 class IconInPanel : public testing::TestWithParam<PanelCase> {};
 
 TEST_P(IconInPanel, IsSharpAndStandsOut) {
-  const auto panel = GetParam().start(GetParam().look);
+  const auto panel = startPlain(GetParam().panel, GetParam().look);
   const StatusIcon icon;
   ASSERT_TRUE(StatusIcon::comes());
   // The panel may draw the icon before its own background.
@@ -130,10 +128,10 @@ TEST_P(IconInPanel, IsSharpAndStandsOut) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Panels, IconInPanel,
-                         testing::Values(PanelCase{"tint2_light", startPlainTint2, PanelLook::light},
-                                         PanelCase{"tint2_dark", startPlainTint2, PanelLook::dark},
-                                         PanelCase{"xfce4_light", startXfcePanel, PanelLook::light},
-                                         PanelCase{"xfce4_dark", startXfcePanel, PanelLook::dark}),
+                         testing::Values(PanelCase{"tint2_light", Panel::tint2, PanelLook::light},
+                                         PanelCase{"tint2_dark", Panel::tint2, PanelLook::dark},
+                                         PanelCase{"xfce4_light", Panel::xfce, PanelLook::light},
+                                         PanelCase{"xfce4_dark", Panel::xfce, PanelLook::dark}),
                          [](const auto& test) { return test.param.name; });
 
 }  // namespace

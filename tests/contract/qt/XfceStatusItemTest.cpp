@@ -12,7 +12,7 @@ namespace {
 using Chosen = std::vector<std::string>;
 
 /// Where the panel's menu opens, without its right edge: how wide it is depends on what it was before.
-constexpr Rect menuArea{0, 30, 80, 300};
+constexpr Rect menuArea{0, 34, 80, 300};
 
 QImage look() { return desktop::screenshot(qtDesktop().desktop().connection(), menuArea); }
 
@@ -59,7 +59,7 @@ protected:
     }
   }
 
-  desktop::ChildProcess panel = startXfcePanel();
+  desktop::ChildProcess panel = startPlain(Panel::xfce);
   StatusIcon icon;
   QImage closed = look();
 };
@@ -127,7 +127,7 @@ TEST_F(XfceStatusItem, CanBeHiddenAndShownAgain) {
 TEST_F(XfceStatusItem, ComesAgainWhenThePanelIsRestarted) {
   panel.end();
   EXPECT_TRUE(StatusIcon::goes());
-  panel = startXfcePanel();
+  panel = startPlain(Panel::xfce);
   ASSERT_TRUE(StatusIcon::comes());
   EXPECT_TRUE(StatusIcon::isAtTheTop());
   open();

@@ -6,11 +6,13 @@
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/qt/StopSignals.h"
 #include "platform/simulated/SimulatedSystem.h"
 #include "tests/contract/MainLoop.h"
 #include "tests/core/EnvironmentVariable.h"
@@ -92,6 +94,16 @@ TEST_F(QtFileViewerTest, OpensThroughAnotherProgramWhereOneIsMissing) {
   viewer.openURL("https://example.org/");
   EXPECT_TRUE(opens("gio open https://example.org/"));
   EXPECT_EQ(log.lines(), Lines());
+}
+
+TEST_F(QtFileViewerTest, WhatItOpensCanBeStoppedThoughThisProgramBlocksItsSignals) {
+  home.write("bin/xdg-open", "#!/bin/sh\n/bin/sed -n 's/^SigBlk:.//p' /proc/$$/status > " + opened.string());
+  sigset_t before;
+  pthread_sigmask(SIG_SETMASK, nullptr, &before);
+  qt::StopSignals::block();
+  viewer.openURL("https://example.org/");
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  EXPECT_TRUE(opens("0000000000000000"));
 }
 
 TEST_F(QtFileViewerTest, LogsThatNothingCanOpenAnAddress) {

@@ -8,6 +8,7 @@
 #include "tests/desktop/DesktopTest.h"
 #include "tests/desktop/afternoon/SavedFiles.h"
 #include "tests/desktop/afternoon/ScreenReader.h"
+#include "tests/desktop/harness/Panel.h"
 #include "tests/desktop/harness/StatusIcon.h"
 
 namespace tilwin::desktop {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/desktop/DesktopTest.h"
+#include "tests/desktop/harness/Panel.h"
 #include "tests/desktop/harness/StatusIcon.h"
 
 namespace tilwin::desktop {

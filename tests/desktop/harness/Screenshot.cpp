@@ -50,6 +50,19 @@ void saveScreenshot(XConnection& connection, const std::filesystem::path& file,
   }
 }
 
+ColouredArea areaOf(QRgb colour, const QImage& image) {
+  ColouredArea found;
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    for (int x = 0; x < image.width(); ++x) {
+      if ((line[x] | 0xff000000U) != colour) continue;
+      found.area |= QRect(x, y, 1, 1);
+      ++found.pixels;
+    }
+  }
+  return found;
+}
+
 int colourCount(const QImage& image, int limit) {
   std::unordered_set<QRgb> colours;
   for (int y = 0; y < image.height(); ++y) {

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <filesystem>
-
 #include <QImage>
+#include <QRect>
+#include <filesystem>
+#include <optional>
 
 #include "core/geometry/Rect.h"
 #include "tests/desktop/harness/XConnection.h"
@@ -16,6 +17,13 @@ QImage screenshot(XConnection& connection, const std::optional<Rect>& area = std
 /// Writes it as PNG; throws HarnessError if the file cannot be written.
 void saveScreenshot(XConnection& connection, const std::filesystem::path& file,
                     const std::optional<Rect>& area = std::nullopt);
+
+/// The smallest area with all pixels of exactly this colour, 0xffrrggbb, and how many those are.
+struct ColouredArea {
+  QRect area{};
+  int pixels = 0;
+};
+[[nodiscard]] ColouredArea areaOf(QRgb colour, const QImage& image);
 
 /// The number of different colours in an image, counted up to a limit.
 int colourCount(const QImage& image, int limit = 256);

@@ -1,7 +1,5 @@
 #include "tests/desktop/harness/StatusIcon.h"
 
-#include <QImage>
-#include <QRect>
 #include <algorithm>
 #include <cstdlib>
 #include <string>
@@ -16,15 +14,13 @@ namespace {
 constexpr QRgb iconColour = 0xff0f7ae5;
 constexpr int fewestPixels = 20;
 
-/// The program's own menus are override-redirect windows without a particular type.
 bool isMenu(Desktop& desktop, WindowId window) {
   auto& connection = desktop.connection();
   const auto types = connection.numbers(window, "_NET_WM_WINDOW_TYPE");
   const auto is = [&](const char* name) {
     return std::ranges::find(types, connection.atom(name)) != types.end();
   };
-  return is("_NET_WM_WINDOW_TYPE_POPUP_MENU") || is("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU") ||
-         (is("_NET_WM_WINDOW_TYPE_NORMAL") && desktop.wmClass(window).second == "Tilwin");
+  return is("_NET_WM_WINDOW_TYPE_POPUP_MENU") || is("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU");
 }
 
 /// The children of the root, bottom to top.
@@ -40,18 +36,8 @@ std::vector<WindowId> topLevels(XConnection& connection) {
 }  // namespace
 
 std::optional<Rect> StatusIcon::area() {
-  const QImage screen = screenshot(session_.desktop().connection());
-  QRect found;
-  int count = 0;
-  for (int y = 0; y < screen.height(); ++y) {
-    const auto* line = reinterpret_cast<const QRgb*>(screen.constScanLine(y));
-    for (int x = 0; x < screen.width(); ++x) {
-      if ((line[x] | 0xff000000U) != iconColour) continue;
-      found |= QRect(x, y, 1, 1);
-      ++count;
-    }
-  }
-  if (count < fewestPixels) return std::nullopt;
+  const auto [found, pixels] = areaOf(iconColour, screenshot(session_.desktop().connection()));
+  if (pixels < fewestPixels) return std::nullopt;
   return Rect{static_cast<double>(found.x()), static_cast<double>(found.y()),
               static_cast<double>(found.width()), static_cast<double>(found.height())};
 }

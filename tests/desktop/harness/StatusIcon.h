@@ -8,15 +8,6 @@
 
 namespace tilwin::desktop {
 
-/// Panels that show status icons.
-enum class Panel {
-  tint2,  ///< XEmbed tray: the program draws its menu itself
-  xfce,   ///< StatusNotifierItem host: the panel draws the menu
-};
-
-/// Starts the panel along the bottom of the screen. Returns at once.
-[[nodiscard]] ChildProcess startPanel(Session& session, Panel panel);
-
 /// A way through a menu and its submenus: the row in each, 1 for the first; counted from the bottom if
 /// negative, -1 for the last. Separators do not count.
 using MenuPath = std::vector<int>;

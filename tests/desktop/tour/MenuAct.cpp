@@ -2,6 +2,7 @@
 
 #include "tests/desktop/TilwinProcess.h"
 #include "tests/desktop/harness/HarnessError.h"
+#include "tests/desktop/harness/Panel.h"
 #include "tests/desktop/harness/StatusIcon.h"
 #include "tests/desktop/tour/Background.h"
 #include "tests/desktop/tour/OwnWindow.h"
