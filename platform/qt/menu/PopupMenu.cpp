@@ -29,8 +29,6 @@ void PopupMenu::open(const MenuModel& model, QPoint at) {
 }
 
 void PopupMenu::fill(QMenu& menu, const std::vector<MenuItem>& items) {
-  // Compositors draw shadow and animation by this type (EWMH, _NET_WM_WINDOW_TYPE).
-  menu.setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
   for (const auto& item : items) {
     if (item.kind == MenuItem::Kind::separator) {
       menu.addSeparator();

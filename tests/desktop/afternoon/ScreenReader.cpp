@@ -53,15 +53,10 @@ bool ScreenReader::sees(const std::string& role, const std::string& name,
 
 std::string ScreenReader::read(Milliseconds timeout, const std::string& role, const std::string& name,
                                const std::vector<std::string>& states) {
-  std::vector<std::string> command{"/usr/bin/python3",
-                                   "-B",
-                                   "-W",
-                                   "ignore",
-                                   TILWIN_AFTERNOON_FOLDER "/find_accessible.py",
-                                   "Tilwin",
-                                   std::to_string(static_cast<double>(timeout.count()) / 1000),
-                                   role,
-                                   name};
+  const std::string script = std::string(TILWIN_AFTERNOON_FOLDER) + "/find_accessible.py";
+  const auto seconds = std::to_string(static_cast<double>(timeout.count()) / 1000);
+  std::vector<std::string> command{"/usr/bin/python3", "-B",    "-W", "ignore", script,
+                                   "Tilwin",           seconds, role, name};
   command.insert(command.end(), states.begin(), states.end());
   auto reader = session_.start(nextLogName(), command);
   const auto status = reader.waitFor(timeout + startTimeout);

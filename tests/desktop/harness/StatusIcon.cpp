@@ -14,13 +14,15 @@ namespace {
 constexpr QRgb iconColour = 0xff0f7ae5;
 constexpr int fewestPixels = 20;
 
+/// Qt's menus have no particular type.
 bool isMenu(Desktop& desktop, WindowId window) {
   auto& connection = desktop.connection();
   const auto types = connection.numbers(window, "_NET_WM_WINDOW_TYPE");
   const auto is = [&](const char* name) {
     return std::ranges::find(types, connection.atom(name)) != types.end();
   };
-  return is("_NET_WM_WINDOW_TYPE_POPUP_MENU") || is("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU");
+  return is("_NET_WM_WINDOW_TYPE_POPUP_MENU") || is("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU") ||
+         (is("_NET_WM_WINDOW_TYPE_NORMAL") && desktop.wmClass(window).second == "Tilwin");
 }
 
 /// The children of the root, bottom to top.
