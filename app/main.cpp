@@ -127,6 +127,8 @@ int runOnDesktop(System& system, X11Desktop& desktop, qt::QtInstance& instance) 
 int runApplication(int argc, char** argv, System& system) {
   // Before Qt's own connection, as Qt aborts the process where there is no display.
   x11::X11Connection x(system.log);
+  // Not earlier: a server that does not answer must not keep the process from being stopped.
+  qt::StopSignals::block();
   qputenv("QT_QPA_PLATFORM", "xcb");
   QApplication::setDesktopFileName(desktopEntry);
   const QApplication application(argc, argv);
@@ -146,7 +148,6 @@ int runApplication(int argc, char** argv, System& system) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qt::StopSignals::block();
   System system;
   const Arguments arguments(argv, static_cast<std::size_t>(argc));
   const auto status = CommandLine::run(arguments.subspan(1),

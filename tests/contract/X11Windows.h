@@ -5,11 +5,12 @@
 
 #include <array>
 #include <cstdlib>
+#include <memory>
 #include <optional>
 #include <string>
 
-#include "platform/qt/QtMainQueue.h"
 #include "platform/x11/windows/X11WindowProvider.h"
+#include "tests/contract/MainLoop.h"
 #include "tests/contract/TestLogs.h"
 #include "tests/desktop/harness/Session.h"
 
@@ -21,9 +22,9 @@ protected:
   X11Windows() {
     setenv("DISPLAY", session.server().display().c_str(), 1);
     x.emplace(log);
-    displays.emplace(*x, queue);
+    displays.emplace(*x, *queue);
     held.emplace(*x);
-    provider.emplace(*x, *displays, *held, queue);
+    provider.emplace(*x, *displays, *held, *queue);
   }
 
   /// A window of another program.
@@ -80,7 +81,7 @@ protected:
 
   desktop::Session session;
   FailingLog log;
-  qt::QtMainQueue queue;
+  std::unique_ptr<MainQueue> queue = makeMainQueue();
   std::optional<X11Connection> x;
   std::optional<X11Displays> displays;
   std::optional<HeldWindow> held;

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <string>
 
@@ -31,29 +33,35 @@ public:
   ListeningDisplay(const ListeningDisplay&) = delete;
   ListeningDisplay& operator=(const ListeningDisplay&) = delete;
   ~ListeningDisplay() {
-    ::close(socket_);
+    for (const int each : {socket_, caller_}) ::close(each);
     ::unlink(path_.c_str());
   }
 
-  [[nodiscard]] bool wasConnectedTo() const {
-    const int caller = ::accept(socket_, nullptr, nullptr);
-    if (caller >= 0) ::close(caller);
-    return caller >= 0;
+  /// Whether somebody connects within that time, who then waits for an answer that never comes.
+  [[nodiscard]] bool isConnectedTo(Milliseconds patience = Milliseconds{0}) {
+    pollfd waiting{.fd = socket_, .events = POLLIN, .revents = 0};
+    ::poll(&waiting, 1, static_cast<int>(patience.count()));
+    caller_ = ::accept(socket_, nullptr, nullptr);
+    return caller_ >= 0;
   }
 
 private:
   std::filesystem::path path_;
   int socket_;
+  int caller_ = -1;
 };
 
 /// The finished program asked for one thing, without a desktop.
 class CommandLine : public testing::Test {
 protected:
+  ChildProcess start(const std::string& argument, const Environment& environment) {
+    return ChildProcess::start({.argv = {arguments().tilwin.string(), argument},
+                                .environment = home_.environment().with(environment),
+                                .outputFile = home_.log("tilwin"),
+                                .errorFile = home_.log("tilwin-errors")});
+  }
   std::string outputOf(const std::string& argument, const Environment& environment = {}) {
-    auto tilwin = ChildProcess::start({.argv = {arguments().tilwin.string(), argument},
-                                       .environment = home_.environment().with(environment),
-                                       .outputFile = home_.log("tilwin"),
-                                       .errorFile = home_.log("tilwin-errors")});
+    auto tilwin = start(argument, environment);
     EXPECT_EQ(tilwin.waitFor(answerTimeout), (ExitStatus{.code = 0, .signal = std::nullopt}));
     EXPECT_EQ(tilwin.errorOutput(), "");
     return tilwin.output();
@@ -92,11 +100,22 @@ TEST_F(CommandLine, ShadowReportIsPrintedWithoutADisplay) {
 
 TEST_F(CommandLine, ShadowReportDoesNotTouchTheXServer) {
   constexpr int number = 986;
-  const ListeningDisplay display(number);
+  ListeningDisplay display(number);
   Environment environment;
   environment.set("DISPLAY", ":" + std::to_string(number));
   EXPECT_NE(outputOf("--shadow-report", environment).find("Verdict: "), std::string::npos);
-  EXPECT_FALSE(display.wasConnectedTo());
+  EXPECT_FALSE(display.isConnectedTo());
+}
+
+TEST_F(CommandLine, StatusCanBeInterruptedWhileTheServerDoesNotAnswer) {
+  constexpr int number = 987;
+  ListeningDisplay display(number);
+  Environment environment;
+  environment.set("DISPLAY", ":" + std::to_string(number));
+  auto tilwin = start("--status", environment);
+  ASSERT_TRUE(display.isConnectedTo(answerTimeout));
+  tilwin.signal(SIGINT);
+  EXPECT_EQ(tilwin.waitFor(answerTimeout), (ExitStatus{.code = std::nullopt, .signal = SIGINT}));
 }
 
 TEST_F(CommandLine, ShadowReportOfALogThatIsNotThereSaysSoManyDragsAreMissing) {

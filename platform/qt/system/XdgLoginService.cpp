@@ -1,5 +1,7 @@
 #include "platform/qt/system/XdgLoginService.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -60,6 +62,25 @@ std::string entryString(std::string_view value) {
   return result;
 }
 
+/// What such a value means.
+std::string stringOf(std::string_view entryValue) {
+  std::string result;
+  while (!entryValue.empty()) {
+    const auto* const escape =
+        std::find_if(entryEscapes.begin(), entryEscapes.end(),
+                     [&](const EntryEscape& row) { return entryValue.starts_with(row.inEntry); });
+    result += escape == entryEscapes.end() ? entryValue.front() : escape->written;
+    entryValue.remove_prefix(escape == entryEscapes.end() ? 1 : escape->inEntry.size());
+  }
+  return result;
+}
+
+/// Desktops skip an entry whose TryExec is not there. A name without a folder is not looked for here.
+bool isThere(std::string_view tryExec) {
+  const std::string program = stringOf(tryExec);
+  return !program.starts_with('/') || ::access(program.c_str(), X_OK) == 0;
+}
+
 /// A command line without arguments. Inside the quotes a backslash precedes what a shell would take for its
 /// own, and a percent sign is doubled, as it begins a field code.
 std::string entryCommand(std::string_view executable) {
@@ -109,6 +130,7 @@ bool startsAProgram(std::string_view entry) {
     if (!isInGroup || line.starts_with('#') || equals == std::string_view::npos) continue;
     const EntrySetting setting{withoutBlanks(line.substr(0, equals)), withoutBlanks(line.substr(equals + 1))};
     if (std::find(turnedOff.begin(), turnedOff.end(), setting) != turnedOff.end()) return false;
+    if (setting.key == "TryExec" && !isThere(setting.value)) return false;
     hasCommand = hasCommand || (setting.key == "Exec" && !setting.value.empty());
   }
   return hasCommand;

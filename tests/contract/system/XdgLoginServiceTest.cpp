@@ -31,7 +31,7 @@ public:
 private:
   TemporaryFolder home_;
   EnvironmentVariable config_{"XDG_CONFIG_HOME", home_.path().c_str()};
-  qt::XdgLoginService service_{"/usr/bin/tilwin"};
+  qt::XdgLoginService service_{"/usr/bin/true"};
 };
 
 std::unique_ptr<LoginWorld> makeXdgLoginWorld() { return std::make_unique<XdgLoginWorld>(); }
@@ -46,14 +46,14 @@ struct XdgLoginServiceTest : testing::Test {
   EnvironmentVariable itsPath{"HOME", home.path().c_str()};
   EnvironmentVariable config{"XDG_CONFIG_HOME", (home.path() / "config").c_str()};
   fs::path entry = home.path() / "config" / "autostart" / "tilwin.desktop";
-  qt::XdgLoginService service{"/usr/bin/tilwin"};
+  qt::XdgLoginService service{"/usr/bin/true"};
 };
 
 TEST_F(XdgLoginServiceTest, TheEntryStartsTheExecutable) {
   EXPECT_EQ(service.registerProgram(), std::nullopt);
   EXPECT_EQ(textOf(entry),
             "[Desktop Entry]\nType=Application\nVersion=1.5\nName=Tilwin\nComment=Snaps windows into place\n"
-            "TryExec=/usr/bin/tilwin\nExec=\"/usr/bin/tilwin\"\nTerminal=false\nStartupNotify=false\n");
+            "TryExec=/usr/bin/true\nExec=\"/usr/bin/true\"\nTerminal=false\nStartupNotify=false\n");
   EXPECT_EQ(namesIn(entry.parent_path()), std::vector<std::string>{"tilwin.desktop"});
 }
 
@@ -68,7 +68,7 @@ TEST_F(XdgLoginServiceTest, AskingAgainLeavesTheEntryAsItIs) {
 TEST_F(XdgLoginServiceTest, AnEntryOfAnExecutableThatHasMovedIsReplaced) {
   EXPECT_EQ(qt::XdgLoginService("/opt/tilwin").registerProgram(), std::nullopt);
   EXPECT_EQ(service.registerProgram(), std::nullopt);
-  EXPECT_NE(textOf(entry).find("Exec=\"/usr/bin/tilwin\"\n"), std::string::npos);
+  EXPECT_NE(textOf(entry).find("Exec=\"/usr/bin/true\"\n"), std::string::npos);
 }
 
 TEST_F(XdgLoginServiceTest, LiesInTheHomeFolderUnlessTheEnvironmentNamesAnAbsolutePath) {
@@ -112,6 +112,16 @@ TEST_F(XdgLoginServiceTest, AnEntryThatStartsNothingIsNotRegistered) {
     write(broken);
     EXPECT_EQ(service.status(), Status::notRegistered) << broken;
   }
+}
+
+TEST_F(XdgLoginServiceTest, AnEntryWhoseProgramIsGoneIsNotRegistered) {
+  const auto program = home.path() / "moved away\\here";
+  fs::copy_file("/usr/bin/true", program);
+  qt::XdgLoginService moved(program);
+  EXPECT_EQ(moved.registerProgram(), std::nullopt);
+  EXPECT_EQ(moved.status(), Status::enabled);
+  fs::remove(program);
+  EXPECT_EQ(moved.status(), Status::notRegistered);
 }
 
 TEST_F(XdgLoginServiceTest, WhatIsNoFileIsNotFoundAndNotRemoved) {

@@ -51,6 +51,13 @@ TEST_F(AShortcutHeldByAnotherProgram, WorksOnceItIsFreeAndTheSettingsAreOpened) 
   EXPECT_TRUE(day_.stands(window.id(), {room.x, room.y, room.width / 2, room.height}));
 }
 
+TEST_F(AShortcutHeldByAnotherProgram, WorksOnceItIsFreeAndTheWindowManagerIsStartedAgain) {
+  held_.reset();
+  day_.session().manager().stop();
+  day_.session().manager().start();
+  EXPECT_TRUE(saysInTheLog("29 of 29 shortcuts work"));
+}
+
 TEST_F(AShortcutHeldByAnotherProgram, IsNotedAtItsRowAsLongAsItIsHeld) {
   day_.openSettings("Shortcuts");
   static_cast<void>(day_.reader().find("label", inUse));
