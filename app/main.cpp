@@ -69,7 +69,7 @@ struct X11Desktop {
   qt::QtMainQueue queue{};
   qt::StopSignals stopSignals{queue};
   x11::X11WindowManager manager{x, queue, log};
-  x11::X11HotKeys hotKeys{x, queue, log};
+  x11::X11HotKeys hotKeys{x, queue};
   x11::X11Displays displays{x, queue};
   x11::HeldWindow held{x};
   x11::X11Pointer pointer{x, held, queue};

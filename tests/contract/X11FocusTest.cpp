@@ -90,6 +90,18 @@ TEST_F(X11Focus, AWindowThatWasClosedOrMinimisedMeanwhileIsPassedOver) {
   EXPECT_TRUE(session.desktop().waitUntil([&] { return lastFocused() == "oldest"; })) << lastFocused();
 }
 
+TEST_F(X11Focus, AWindowOnAnotherWorkspaceIsPassedOver) {
+  const TestWindow window = open({.title = "on the first workspace"});
+  ASSERT_TRUE(session.desktop().activate(window.id()));
+  ASSERT_EQ(lastFocused(), "on the first workspace");
+  auto& root = session.desktop().connection();
+  root.sendToRoot(root.root(), "_NET_CURRENT_DESKTOP", {1, 0, 0, 0, 0});
+  EXPECT_TRUE(session.desktop().waitUntil([&] { return lastFocused() == "none"; }));
+  EXPECT_EQ(frontmost(), std::nullopt);
+  root.sendToRoot(root.root(), "_NET_CURRENT_DESKTOP", {0, 0, 0, 0, 0});
+  EXPECT_TRUE(session.desktop().waitUntil([&] { return lastFocused() == "on the first workspace"; }));
+}
+
 TEST_F(X11Focus, TheFrontmostProgramIsThatOfTheFocusedWindow) {
   const auto editor = open({.className = "Editor", .title = "text"});
   focus(editor);

@@ -35,7 +35,7 @@ protected:
   X11HotKeysOnChangedKeyboard() {
     setenv("DISPLAY", session_.server().display().c_str(), 1);
     x_.emplace(log_);
-    hotKeys_.emplace(*x_, queue_, log_);
+    hotKeys_.emplace(*x_, queue_);
     queue_.watch(x_->fileDescriptor(), [this] { x_->dispatch(); });
     queue_.beforeEachSleep([this] { x_->dispatchQueued(); });
     hotKeys_->setPressHandler([this](std::uint32_t id) { presses_.push_back(id); });
@@ -43,7 +43,7 @@ protected:
     EXPECT_TRUE(hotKeys_->add(right, {0, 2}));
   }
 
-  void TearDown() override { EXPECT_EQ(log_.lines, toBeLogged_); }
+  void TearDown() override { EXPECT_TRUE(log_.lines.empty()); }
 
   /// Whether exactly these presses have come.
   testing::AssertionResult pressed(const std::vector<std::uint32_t>& ids) {
@@ -101,7 +101,6 @@ protected:
 
   desktop::Session session_;
   KeptLog log_;
-  std::vector<std::string> toBeLogged_;
   qt::QtMainQueue queue_;
   std::optional<X11Connection> x_;
   std::optional<X11HotKeys> hotKeys_;
@@ -167,10 +166,11 @@ TEST_F(X11HotKeysOnChangedKeyboard, ACombinationTakenOnTheNewOneIsToldOfAndWorks
   constexpr xcb_keycode_t leftOfXFree86 = 100;
   const auto other = holderOf(leftOfXFree86);
   const auto before = keyAt("LEFT");
+  bool isToldOf = false;
+  hotKeys_->setChangeHandler([&] { isToldOf = true; });
   run({"setxkbmap", "-keycodes", "xfree86"});
   ASSERT_EQ(keyAt("LEFT"), leftOfXFree86);
-  toBeLogged_ = {"Tilwin: 1 shortcuts are taken on the new keyboard layout"};
-  EXPECT_TRUE(runMainLoopUntil([&] { return log_.lines == toBeLogged_; }, patience));
+  EXPECT_TRUE(runMainLoopUntil([&] { return isToldOf; }, patience));
   session_.input().press("Control+Alt+<LEFT>");
   session_.input().press("Control+Alt+<RGHT>");
   EXPECT_TRUE(pressed({2}));

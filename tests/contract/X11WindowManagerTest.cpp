@@ -32,6 +32,27 @@ protected:
     manager->whenRunning([this] { ++tasks; });
   }
 
+  /// A window manager that says that it runs, but nothing else.
+  desktop::XConnection halfStarted() {
+    session.manager().stop();
+    desktop::XConnection client(session.server().display());
+    const auto window = xcb_generate_id(client.get());
+    xcb_create_window(client.get(), 0, window, client.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_delete_property(client.get(), client.root(), client.atom("_NET_SUPPORTED"));
+    for (const auto named : {window, client.root()}) {
+      set(client, named, "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, window);
+    }
+    return client;
+  }
+
+  static void set(desktop::XConnection& client, xcb_window_t window, const char* property, xcb_atom_t type,
+                  std::uint32_t value) {
+    xcb_change_property(client.get(), XCB_PROP_MODE_REPLACE, window, client.atom(property), type, 32, 1,
+                        &value);
+    client.sync();
+  }
+
   desktop::Session session;
   KeptLog log;
   qt::QtMainQueue queue;
@@ -61,6 +82,25 @@ TEST_F(X11WindowManagers, WhereNoneRunsTheTaskWaitsForOneAndIsDoneOnce) {
   session.manager().restart();
   EXPECT_TRUE(runMainLoopUntil([this] { return starts == 1; }, startPatience));
   EXPECT_EQ(tasks, 1);
+}
+
+TEST_F(X11WindowManagers, OneThatIsJustStartingIsGivenTimeToSayWhatItTakes) {
+  auto starting = halfStarted();
+  connect();
+  EXPECT_EQ(tasks, 0);
+  set(starting, starting.root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, starting.atom("_NET_MOVERESIZE_WINDOW"));
+  EXPECT_TRUE(runMainLoopUntil([this] { return tasks == 1; }, startPatience));
+  EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(X11WindowManagers, OneThatMovesNoWindowsOnRequestIsToldOfOnce) {
+  const auto odd = halfStarted();
+  connect();
+  EXPECT_TRUE(runMainLoopUntil([this] { return tasks == 1; }, startPatience));
+  runMainLoop(longEnough);
+  EXPECT_EQ(tasks, 1);
+  ASSERT_EQ(log.lines.size(), 1);
+  EXPECT_NE(log.lines[0].find("does not take _NET_MOVERESIZE_WINDOW"), std::string::npos);
 }
 
 TEST_F(X11WindowManagers, OneThatStopsIsNoStart) {

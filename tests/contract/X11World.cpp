@@ -144,7 +144,7 @@ private:
   FailingLog log_;
   qt::QtMainQueue queue_;
   x11::X11Connection x_{log_};
-  x11::X11HotKeys hotKeys_{x_, queue_, log_};
+  x11::X11HotKeys hotKeys_{x_, queue_};
   x11::X11Displays displays_{x_, queue_};
   x11::HeldWindow held_{x_};
   std::shared_ptr<x11::X11WindowProvider> provider_ =

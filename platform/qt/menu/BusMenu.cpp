@@ -94,8 +94,13 @@ QVariantList BusMenu::layout(const QVariantList& arguments) {
 }
 
 QVariantList BusMenu::propertiesOf(const QVariantList& arguments) const {
+  QList<int> numbers = qdbus_cast<QList<int>>(arguments[0]);
+  // None means all of them.
+  if (numbers.isEmpty()) {
+    for (const auto& [number, entry] : menu_.entries()) numbers.append(number);
+  }
   QList<bus::EntryProperties> all;
-  for (const int number : qdbus_cast<QList<int>>(arguments[0])) {
+  for (const int number : numbers) {
     if (const auto* entry = find(number)) all.push_back({number, entryProperties(entry->item)});
   }
   return {QVariant::fromValue(all)};

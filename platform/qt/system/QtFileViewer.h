@@ -11,8 +11,9 @@
 namespace tilwin::qt {
 
 /// Opens addresses through xdg-open, else gio, and shows files in the file manager that offers to select
-/// them, else opens their folder. Nothing waits: a program that starts and then fails is not noticed. Source:
-/// File Manager DBus Interface (org.freedesktop.FileManager1).
+/// them, else opens their folder. A program that starts and then fails is not noticed. A session bus that
+/// does not answer is waited for, half a second. Source: File Manager DBus Interface
+/// (org.freedesktop.FileManager1).
 class QtFileViewer final : public FileViewer {
 public:
   /// The log must outlive this.
@@ -27,7 +28,7 @@ private:
   void select(const QString& file);
 
   SystemLog& log_;
-  /// Opened by the first `reveal`.
+  /// Opened when it is first needed, and again after it was lost.
   std::unique_ptr<SessionBusConnection> bus_;
   QObject context_;
 };

@@ -72,17 +72,20 @@ public:
     // Before the name, so that nobody who finds the name misses the object.
     bus.registerVirtualObject(QLatin1String(instancePath), this);
     const QString name = QString::fromStdString(service);
-    const auto granted = call(
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
-                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"))
-        << name << doNotQueueName);
+    const auto granted =
+        call(QDBusMessage::createMethodCall(
+                 QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+                 QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"))
+             << name << doNotQueueName);
     if (granted.type() != QDBusMessage::ReplyMessage || granted.arguments().isEmpty()) return Answer::granted;
     const uint answer = granted.arguments().constFirst().toUInt();
     if (answer == primaryNameOwner || answer == alreadyNameOwner) return Answer::granted;
     auto request = QDBusMessage::createMethodCall(
         name, QLatin1String(instancePath), QLatin1String(instanceInterface), QLatin1String(showSettingsCall));
     request.setAutoStartService(false);
-    return hasOwnerGone(call(request)) && !deadline_.hasExpired() ? Answer::ownerHasGone : Answer::handedOver;
+    if (!hasOwnerGone(call(request))) return Answer::handedOver;
+    // Two programs are a lesser harm than none.
+    return deadline_.hasExpired() ? Answer::granted : Answer::ownerHasGone;
   }
 
   void setHandler(std::function<void()> handler) {

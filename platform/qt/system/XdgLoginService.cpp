@@ -34,6 +34,12 @@ constexpr std::array turnedOff = std::to_array<EntrySetting>({
     {"X-MATE-Autostart-enabled", "false"},
 });
 
+/// Whether something has that name, or that cannot be told.
+bool mayExist(const fs::path& path) {
+  std::error_code refusal;
+  return fs::symlink_status(path, refusal).type() != fs::file_type::not_found;
+}
+
 std::optional<fs::path> entryPath() {
   const auto config = XdgFolders::configHome();
   return config ? std::optional(*config / "autostart" / "tilwin.desktop") : std::nullopt;
@@ -164,8 +170,7 @@ std::optional<std::string> XdgLoginService::unregisterProgram() {
   if (!path) return noConfigHome;
   std::error_code refusal;
   fs::remove(*path, refusal);
-  if (refusal && fs::exists(fs::symlink_status(*path)))
-    return "cannot remove " + path->string() + ": " + refusal.message();
+  if (refusal && mayExist(*path)) return "cannot remove " + path->string() + ": " + refusal.message();
   return std::nullopt;
 }
 
@@ -174,8 +179,7 @@ Status XdgLoginService::status() {
   if (!path) return Status::notFound;
   const auto entry = AtomicFile::read(*path, largestEntry);
   if (entry) return startsAProgram(*entry) ? Status::enabled : Status::notRegistered;
-  std::error_code refusal;
-  return fs::exists(fs::symlink_status(*path, refusal)) ? Status::notFound : Status::notRegistered;
+  return mayExist(*path) ? Status::notFound : Status::notRegistered;
 }
 
 }  // namespace tilwin::qt

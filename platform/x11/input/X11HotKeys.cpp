@@ -22,9 +22,8 @@ constexpr xcb_timestamp_t longestSilence = 5000;
 
 }  // namespace
 
-X11HotKeys::X11HotKeys(X11Connection& x, MainQueue& queue, SystemLog& log)
+X11HotKeys::X11HotKeys(X11Connection& x, MainQueue& queue)
     : x_(x),
-      log_(log),
       keyboard_(X11Keyboard::read(x)),
       keyboardReading_(queue, afterBurst, [this] { rereadKeyboard(); }) {
   listenToEvents();
@@ -130,15 +129,8 @@ void X11HotKeys::rereadKeyboard() {
   }
   for (auto& [reference, registration] : registrations_) registration.chord.reset();
   keyboard_ = std::move(keyboard);
-  std::size_t refused = 0;
-  for (auto& [reference, registration] : registrations_) {
-    registration.chord = grabFor(registration.spec);
-    if (!registration.chord) ++refused;
-  }
+  for (auto& [reference, registration] : registrations_) registration.chord = grabFor(registration.spec);
   x_.flush();
-  if (refused > 0) {
-    log_.write("Tilwin: " + std::to_string(refused) + " shortcuts are taken on the new keyboard layout");
-  }
   tellOfChange();
 }
 

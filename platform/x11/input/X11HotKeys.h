@@ -13,12 +13,13 @@
 namespace tilwin::x11 {
 
 /// Hot keys as passive grabs of physical keys, one grab for each combination of the lock keys. If the
-/// keyboard changes, all keys are grabbed again; one that is then refused stays registered and is tried again
-/// at the next change. Sources: X11 core protocol, GrabKey; X Keyboard Extension, detectable auto-repeat.
+/// keyboard changes, all keys are grabbed again, and the change handler is called; one that is then refused
+/// stays registered and is tried again at the next change. Sources: X11 core protocol, GrabKey; X Keyboard
+/// Extension, detectable auto-repeat.
 class X11HotKeys : public HotKeys {
 public:
-  /// The connection, the queue and the log must outlive this. The destructor releases all grabs.
-  X11HotKeys(X11Connection& x, MainQueue& queue, SystemLog& log);
+  /// The connection and the queue must outlive this. The destructor releases all grabs.
+  X11HotKeys(X11Connection& x, MainQueue& queue);
   X11HotKeys(const X11HotKeys&) = delete;
   X11HotKeys& operator=(const X11HotKeys&) = delete;
   ~X11HotKeys() override;
@@ -49,7 +50,6 @@ private:
   void rereadKeyboard();
 
   X11Connection& x_;
-  SystemLog& log_;
   X11Keyboard keyboard_;
   std::map<Reference, Registration> registrations_;
   Reference nextReference_ = 1;

@@ -67,7 +67,7 @@ std::optional<WindowInfo> X11WindowProvider::focusedWindow() {
 
 std::optional<WindowInfo> X11WindowProvider::lastFocusedWindow() {
   if (auto focused = focusedWindow()) return focused;
-  const auto before = readWindows(x_, focusHistory_.latestFirst());
+  const auto before = readWindows(x_, onThisWorkspace(x_, focusHistory_.latestFirst()));
   const auto found = std::ranges::find_if(before, [](const WindowSnapshot& snapshot) {
     return !snapshot.furniture && !snapshot.hidden && !isOwn(snapshot);
   });

@@ -14,10 +14,12 @@ enum class Atom : std::size_t {
   netActiveWindow,
   netClientList,
   netClientListStacking,
+  netCurrentDesktop,
   netFrameExtents,
   netMoveResizeWindow,
   netSupported,
   netSupportingWmCheck,
+  netWmDesktop,
   netWmName,
   netWmPid,
   netWmState,
@@ -40,14 +42,16 @@ enum class Atom : std::size_t {
   utf8String,
 };
 
-inline constexpr std::array<std::string_view, 27> atomNames{
+inline constexpr std::array<std::string_view, 29> atomNames{
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",
+    "_NET_CURRENT_DESKTOP",
     "_NET_FRAME_EXTENTS",
     "_NET_MOVERESIZE_WINDOW",
     "_NET_SUPPORTED",
     "_NET_SUPPORTING_WM_CHECK",
+    "_NET_WM_DESKTOP",
     "_NET_WM_NAME",
     "_NET_WM_PID",
     "_NET_WM_STATE",

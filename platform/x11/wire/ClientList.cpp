@@ -1,6 +1,7 @@
 #include "platform/x11/wire/ClientList.h"
 
 #include <algorithm>
+#include <cstddef>
 
 #include "platform/x11/wire/Property.h"
 
@@ -20,6 +21,21 @@ std::vector<xcb_window_t> managedWindowsFromTheTop(const X11Connection& x) {
     if (std::ranges::find(bottomFirst, window) == bottomFirst.end()) bottomFirst.push_back(window);
   }
   return {bottomFirst.rbegin(), bottomFirst.rend()};
+}
+
+std::vector<xcb_window_t> onThisWorkspace(const X11Connection& x, std::span<const xcb_window_t> windows) {
+  constexpr std::uint32_t all = 0xffffffff;
+  PropertyRequest present(x.get(), x.root(), x.atom(Atom::netCurrentDesktop));
+  std::vector<PropertyRequest> asked;
+  asked.reserve(windows.size());
+  for (const auto window : windows) asked.emplace_back(x.get(), window, x.atom(Atom::netWmDesktop));
+  const std::uint32_t here = present.number().value_or(all);
+  std::vector<xcb_window_t> result;
+  for (std::size_t i = 0; i < windows.size(); ++i) {
+    const std::uint32_t workspace = asked[i].number().value_or(all);
+    if (workspace == here || workspace == all || here == all) result.push_back(windows[i]);
+  }
+  return result;
 }
 
 }  // namespace tilwin::x11

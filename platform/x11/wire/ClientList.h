@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 
+#include <span>
 #include <vector>
 
 #include "platform/x11/wire/X11Connection.h"
@@ -14,5 +15,10 @@ namespace tilwin::x11 {
 
 /// The same windows, topmost first. Source: EWMH, _NET_CLIENT_LIST_STACKING.
 [[nodiscard]] std::vector<xcb_window_t> managedWindowsFromTheTop(const X11Connection& x);
+
+/// Those of the windows that are on the present workspace or on all of them, in their order. One round trip.
+/// Source: EWMH, _NET_CURRENT_DESKTOP, _NET_WM_DESKTOP.
+[[nodiscard]] std::vector<xcb_window_t> onThisWorkspace(const X11Connection& x,
+                                                        std::span<const xcb_window_t> windows);
 
 }  // namespace tilwin::x11

@@ -61,6 +61,12 @@ bool windowManagerRuns(const X11Connection& x) {
   return window && PropertyRequest(x.get(), *window, check).number() == window;
 }
 
+/// To be asked after `windowManagerRuns`: one that starts meanwhile would seem to run and take nothing.
+bool takesMoveResize(const X11Connection& x) {
+  const auto supported = PropertyRequest(x.get(), x.root(), x.atom(Atom::netSupported)).numbers();
+  return std::ranges::find(supported, x.atom(Atom::netMoveResizeWindow)) != supported.end();
+}
+
 }  // namespace
 
 ServerNeeds offeredBy(const X11Connection& connection) {
@@ -68,15 +74,12 @@ ServerNeeds offeredBy(const X11Connection& connection) {
   xcb_prefetch_extension_data(connection.get(), &xcb_input_id);
   xcb_prefetch_extension_data(connection.get(), &xcb_xkb_id);
   xcb_prefetch_extension_data(connection.get(), &xcb_shape_id);
-  const auto supported =
-      PropertyRequest(connection.get(), connection.root(), connection.atom(Atom::netSupported)).numbers();
   return {.randr = randrVersion(connection.get()),
           .xinput = xinputVersion(connection.get()),
           .xkb = xkbVersion(connection.get()),
           .shape = shapeVersion(connection.get()),
           .windowManager = windowManagerRuns(connection),
-          .moveResize =
-              std::ranges::find(supported, connection.atom(Atom::netMoveResizeWindow)) != supported.end()};
+          .moveResize = takesMoveResize(connection)};
 }
 
 }  // namespace tilwin::x11

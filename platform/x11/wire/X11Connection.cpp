@@ -35,7 +35,10 @@ xcb_window_t rootOf(xcb_connection_t* connection, int screenNumber) {
 }  // namespace
 
 X11Connection::X11Connection(SystemLog& log) : X11Connection(log, open()) {
-  if (const auto complaint = missing(offeredBy(*this))) throw X11Unavailable(*complaint);
+  auto offered = offeredBy(*this);
+  // Whoever uses windows waits for one that works; it may be starting just now.
+  offered.windowManager = false;
+  if (const auto complaint = missing(offered)) throw X11Unavailable(*complaint);
   constexpr std::uint32_t onRoot = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
   xcb_change_window_attributes(get(), root_, XCB_CW_EVENT_MASK, &onRoot);
 }

@@ -18,9 +18,11 @@ X11WindowManager::X11WindowManager(X11Connection& x, MainQueue& queue, SystemLog
 }
 
 void X11WindowManager::whenRunning(std::function<void()> task) {
-  if (offeredBy(x_).windowManager) return task();
-  log_.write("Tilwin: no EWMH window manager runs yet; waiting for one");
+  const auto offered = offeredBy(x_);
+  if (offered.windowManager && offered.moveResize) return task();
   whenRunning_ = std::move(task);
+  if (offered.windowManager) return check_.need();
+  log_.write("Tilwin: no EWMH window manager runs yet; waiting for one");
 }
 
 void X11WindowManager::checkNow() {

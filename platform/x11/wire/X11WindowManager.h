@@ -19,7 +19,8 @@ public:
   X11WindowManager& operator=(const X11WindowManager&) = delete;
   ~X11WindowManager() = default;
 
-  /// Calls the task at once if a window manager runs, otherwise once, after one has started.
+  /// Calls the task at once if a window manager runs, otherwise once, after one has started. One that does
+  /// not tell yet that it moves windows on request gets a second for it; if it never does, that is logged.
   void whenRunning(std::function<void()> task);
   /// Calls the task each time another window manager has started, a second later: it has grabbed its own keys
   /// by then.

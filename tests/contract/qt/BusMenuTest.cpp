@@ -112,6 +112,13 @@ TEST_F(BusMenuOnBus, AnswersForSeveralEntriesAtOnce) {
   EXPECT_EQ(qdbus_cast<QList<int>>(outdated.value(0)), QList<int>{0});
 }
 
+TEST_F(BusMenuOnBus, AskedForNoEntryInParticularItAnswersForAll) {
+  const auto entries = layout().children;
+  const auto properties =
+      call("GetGroupProperties", {QVariant::fromValue(QList<int>()), QStringList()}).arguments();
+  EXPECT_GT(qdbus_cast<QList<bus::EntryProperties>>(properties.value(0)).size(), entries.size());
+}
+
 TEST_F(BusMenuOnBus, SpeaksVersionThreeAndDescribesItself) {
   const auto version = call("Get", {menuInterface, "Version"}, "org.freedesktop.DBus.Properties");
   EXPECT_EQ(qvariant_cast<QDBusVariant>(version.arguments().value(0)).variant().toUInt(), 3U);

@@ -132,6 +132,14 @@ TEST_F(XdgLoginServiceTest, WhatIsNoFileIsNotFoundAndNotRemoved) {
   EXPECT_TRUE(fs::exists(entry / "something"));
 }
 
+TEST_F(XdgLoginServiceTest, AnEntryInAFolderThatCannotBeReadIsNotFoundAndStays) {
+  fs::create_directories(entry.parent_path().parent_path());
+  fs::create_directory_symlink("autostart", entry.parent_path());
+  EXPECT_EQ(service.status(), Status::notFound);
+  EXPECT_NE(service.registerProgram(), std::nullopt);
+  EXPECT_NE(service.unregisterProgram(), std::nullopt);
+}
+
 TEST_F(XdgLoginServiceTest, KnowsTheExecutableOfThisProcess) {
   EXPECT_EQ(qt::XdgLoginService::runningExecutable(), fs::canonical("/proc/self/exe"));
 }
