@@ -23,6 +23,14 @@ struct LayoutCommandsTest : RunningProgram {
     EXPECT_TRUE(choose({"Layouts", "Describe a layout…"}));
   }
   Rect frameOf(SimulatedWindows::Handle window) { return desktop.windows.find(window)->frame; }
+  /// Starts the program again with this layout only.
+  void startWithLayout(const std::string& name, const std::vector<LayoutSlot>& slots) {
+    LayoutStore store;
+    store.layouts = {{.id = Uuid::random(), .name = name, .slots = slots}};
+    std::filesystem::create_directories(layoutsFile().parent_path());
+    store.write(layoutsFile());
+    start();
+  }
   [[nodiscard]] const std::vector<DialogText>& alerts() const { return desktop.dialogs.alerts(); }
 
   using Alerts = std::vector<DialogText>;
@@ -85,13 +93,7 @@ TEST_F(LayoutCommandsTest, SeveralWindowsThatAreNotOpenAreToldInThePlural) {
 }
 
 TEST_F(LayoutCommandsTest, ASlotIsNamedByItsIdentifierIfItHasNoNameAndLeftOutIfItHasNeither) {
-  LayoutStore store;
-  store.layouts = {{.id = Uuid::random(),
-                    .name = "Odd",
-                    .slots = {{.bundleID = "org.example.Gone"}, {.titleContains = "nobody"}}}};
-  std::filesystem::create_directories(layoutsFile().parent_path());
-  store.write(layoutsFile());
-  start();
+  startWithLayout("Odd", {{.bundleID = "org.example.Gone"}, {.titleContains = "nobody"}});
   EXPECT_TRUE(choose({"Layouts", "Odd"}));
   EXPECT_EQ(alerts(),
             (Alerts{{"2 windows not open", "These apps in “Odd” have no open window: org.example.Gone"}}));
@@ -108,6 +110,22 @@ TEST_F(LayoutCommandsTest, ADescribedLayoutIsPlacedAndNotSaved) {
       (SimulatedDialogs::Prompt{{"Describe a layout",
                                  "For example: Safari left two thirds, Notes right third. Tilwin reads the "
                                  "words itself, nothing leaves your Mac."},
+TEST_F(LayoutCommandsTest, AnEmptyNameCountsAsNone) {
+  startWithLayout("Odd", {{.bundleID = "org.example.Gone", .appName = ""},
+                          {.bundleID = "", .appName = ""},
+                          {.bundleID = "", .appName = "Mail"}});
+  EXPECT_TRUE(choose({"Layouts", "Odd"}));
+  EXPECT_EQ(
+      alerts(),
+      (Alerts{{"3 windows not open", "These apps in “Odd” have no open window: org.example.Gone, Mail"}}));
+}
+
+TEST(Joined, KeepsASeparatorOnBothSidesOfAnEmptyText) {
+  EXPECT_EQ(joined({"", "a", "", "b"}, ", "), ", a, , b");
+  EXPECT_EQ(joined({"alone"}, ", "), "alone");
+  EXPECT_EQ(joined({}, ", "), "");
+}
+
                                 "Safari left, Notes right"}));
 }
 
