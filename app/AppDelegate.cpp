@@ -56,8 +56,14 @@ void AppDelegate::installStatusItem() {
       MenuCommands::Parts{platform_, store_, controller_, *windows_, layouts_, *updater_});
   menu_->showSettings = [this] { showSettings(); };
   platform_.statusItem.install(
-      menuBarImage(), [this] { return menu_->menu(); },
-      [this](const MenuChoice& choice) { menu_->run(choice); });
+      menuBarImage(),
+      [weak = std::weak_ptr(self_)] {
+        const auto self = weak.lock();
+        return self ? (*self)->menu_->menu() : MenuModel();
+      },
+      [weak = std::weak_ptr(self_)](const MenuChoice& choice) {
+        if (const auto self = weak.lock()) (*self)->menu_->run(choice);
+      });
 }
 
 void AppDelegate::followSettings() {

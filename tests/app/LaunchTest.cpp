@@ -79,6 +79,24 @@ TEST_F(Launch, TheSettingsWindowIsNotOpened) {
   EXPECT_EQ(desktop.settingsWindow.showCount(), 0);
 }
 
+TEST_F(Launch, TheMenuOfAProgramThatHasGoneIsEmpty) {
+  start();
+  delegate.reset();
+  EXPECT_EQ(desktop.icon.open(), MenuModel{});
+}
+
+TEST_F(Launch, WhatIsChosenFromTheMenuOfAProgramThatHasGoneIsNotDone) {
+  const auto window = desktop.windows.open({.frame = {100, 100, 800, 600}});
+  start();
+  const MenuChoice leftHalf{"menuSnap:", "leftHalf"};
+  desktop.icon.chooseFromEarlier(leftHalf);
+  EXPECT_EQ(desktop.windows.find(window)->frame, (Rect{0, 0, 720, 900}));
+  desktop.windows.moveByHand(window, {100, 100, 800, 600});
+  delegate.reset();
+  desktop.icon.chooseFromEarlier(leftHalf);
+  EXPECT_EQ(desktop.windows.find(window)->frame, (Rect{100, 100, 800, 600}));
+}
+
 TEST_F(Launch, ASettingsWindowLeftOpenIsClosedWhenTheProgramGoes) {
   start();
   delegate->showSettings();
