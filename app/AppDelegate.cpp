@@ -33,7 +33,7 @@ AppDelegate::AppDelegate(Platform& platform)
       layouts_({platform.mainQueue, platform.trust, platform.bundle, platform.log}, windows_, controller_),
       login_(platform.login, platform.log),
       applier_({store_, controller_, hotKeyCenter_, platform.statusItem, recording_, drag_, layouts_,
-                platform.log}),
+                platform.log, platform.words}),
       panel_(platform.settingsWindow, platform.mainQueue, store_, [this] { return makeSettingsView(); }),
       self_(std::make_shared<AppDelegate*>(this)) {}
 
