@@ -33,7 +33,7 @@ AppDelegate::AppDelegate(Platform& platform)
       layouts_({platform.mainQueue, platform.trust, platform.bundle, platform.log}, windows_, controller_),
       login_(platform.login, platform.log),
       applier_({store_, controller_, hotKeyCenter_, platform.statusItem, recording_, drag_, layouts_,
-                platform.log}),
+                platform.log, platform.words}),
       panel_(platform.settingsWindow, platform.mainQueue, store_, [this] { return makeSettingsView(); }),
       self_(std::make_shared<AppDelegate*>(this)) {}
 
@@ -56,8 +56,14 @@ void AppDelegate::installStatusItem() {
       MenuCommands::Parts{platform_, store_, controller_, *windows_, layouts_, *updater_});
   menu_->showSettings = [this] { showSettings(); };
   platform_.statusItem.install(
-      menuBarImage(), [this] { return menu_->menu(); },
-      [this](const MenuChoice& choice) { menu_->run(choice); });
+      menuBarImage(),
+      [weak = std::weak_ptr(self_)] {
+        const auto self = weak.lock();
+        return self ? (*self)->menu_->menu() : MenuModel();
+      },
+      [weak = std::weak_ptr(self_)](const MenuChoice& choice) {
+        if (const auto self = weak.lock()) (*self)->menu_->run(choice);
+      });
 }
 
 void AppDelegate::followSettings() {

@@ -14,9 +14,8 @@
 namespace tilwin {
 
 /// Command-line modes, which run instead of the normal program: `--enable-login-item`,
-/// `--disable-login-item`,
-/// `--status` and `--shadow-report`. If several are named, the first in this order runs. Unknown arguments
-/// are ignored.
+/// `--disable-login-item`, `--status` and `--shadow-report`. If several are named, the first in this order
+/// runs. Unknown arguments are ignored.
 struct CommandLine {
   /// What modes use that need no display.
   struct Ports {

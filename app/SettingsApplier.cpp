@@ -65,12 +65,13 @@ void SettingsApplier::retryRefused() {
 void SettingsApplier::logShortcuts(const TilwinSettings& settings,
                                    const HotKeyCenter::OwnerSet& refused) const {
   const auto wanted = settings.shortcutsInForce();
+  const Wording wording = services_.words.wording();
   std::size_t working = wanted.size();
   std::string taken;
   for (const auto& [owner, spec] : wanted) {
     if (!refused.contains(owner)) continue;
     --working;
-    taken += " " + KeyNames::describe(spec);
+    taken += (taken.empty() ? " " : ", ") + KeyNames::describe(spec, wording);
   }
   services_.log.write("Tilwin: " + std::to_string(working) + " of " + std::to_string(wanted.size()) +
                       " shortcuts work" + (taken.empty() ? "" : "; another program holds" + taken));

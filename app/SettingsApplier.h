@@ -9,6 +9,7 @@
 #include "app/layouts/LayoutKeeper.h"
 #include "app/settings/SettingsStore.h"
 #include "core/snap/SnapController.h"
+#include "platform/ports/DesktopWords.h"
 #include "platform/ports/StatusItem.h"
 #include "platform/ports/SystemLog.h"
 
@@ -26,6 +27,7 @@ public:
     DragWatcher& drag;
     LayoutKeeper& layouts;
     SystemLog& log;
+    const DesktopWords& words;
   };
 
   /// The services must outlive this.

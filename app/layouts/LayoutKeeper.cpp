@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <exception>
+#include <system_error>
 #include <utility>
 
 namespace tilwin {
@@ -9,6 +10,13 @@ namespace {
 
 /// Lets the system combine the capture with other wake-ups.
 constexpr MainQueue::Seconds captureTolerance{1};
+
+/// The usual one of the system if the user's variable names a folder that is not there.
+std::filesystem::path temporaryFolder() {
+  std::error_code missing;
+  const auto folder = std::filesystem::temp_directory_path(missing);
+  return missing ? "/tmp" : folder;
+}
 
 }  // namespace
 
@@ -20,7 +28,7 @@ LayoutKeeper::LayoutKeeper(Ports ports, std::weak_ptr<WindowProvider> windows, S
 
 std::filesystem::path LayoutKeeper::layoutsURL(Bundle& bundle) {
   const auto folder = bundle.applicationSupport();
-  return (folder ? *folder : std::filesystem::temp_directory_path()) / "Tilwin" / "layouts.json";
+  return folder.value_or(temporaryFolder()) / "Tilwin" / "layouts.json";
 }
 
 void LayoutKeeper::load() {

@@ -23,9 +23,9 @@ std::string counted(std::size_t count, std::string_view singular) {
 
 std::string joined(const std::vector<std::string>& texts, std::string_view separator) {
   std::string result;
-  for (const auto& text : texts) {
-    if (!result.empty()) result += separator;
-    result += text;
+  for (std::size_t index = 0; index < texts.size(); ++index) {
+    if (index > 0) result += separator;
+    result += texts[index];
   }
   return result;
 }

@@ -11,9 +11,9 @@
 
 namespace tilwin {
 
-/// The prompts and alerts of commands, each shown in front of all programs. One at a time: while one is open,
-/// another command's prompt is cancelled and brings the open one to the front. Fixed texts are in the words
-/// of macOS and are shown in those of the desktop.
+/// The prompts and alerts of commands, each shown in front of all programs. One prompt at a time: while one
+/// is open, another command's prompt is cancelled and brings the open one to the front. Fixed texts are in
+/// the words of macOS and are shown in those of the desktop.
 class CommandDialogs {
 public:
   /// The ports must outlive this.
@@ -29,7 +29,7 @@ public:
 private:
   Dialogs& dialogs_;
   const DesktopWords& words_;
-  bool isOpen_ = false;
+  bool isOpen_ = false;  ///< a prompt
 };
 
 /// The number and what is counted, in the plural unless there is one: "2 windows".

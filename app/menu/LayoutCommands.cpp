@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -16,11 +17,14 @@ constexpr std::size_t longestName = 40;  ///< characters of a sentence that beco
 
 std::string inQuotes(std::string_view text) { return "“" + std::string(text) + "”"; }
 
-/// The names of the slots that have one.
+bool hasText(const std::optional<std::string>& name) { return name && !name->empty(); }
+
+/// The names of the slots that have one; an empty name counts as none.
 std::vector<std::string> namesOf(const std::vector<LayoutSlot>& slots) {
   std::vector<std::string> names;
   for (const LayoutSlot& slot : slots) {
-    if (slot.appName || slot.bundleID) names.push_back(slot.appName ? *slot.appName : *slot.bundleID);
+    const auto& name = hasText(slot.appName) ? slot.appName : slot.bundleID;
+    if (hasText(name)) names.push_back(*name);
   }
   return names;
 }

@@ -21,13 +21,14 @@ MenuCommands::MenuCommands(const Parts& parts)
 
 MenuModel MenuCommands::menu() {
   parts_.windows.menuOpens();
+  const UpdaterService& updater = parts_.updater;
   return StatusMenu{.settings = parts_.store.settings.get(),
                     .userLayouts = parts_.layouts.layouts().userLayouts(),
                     .frontmost = parts_.platform.workspace.frontmostApplication(),
                     .ownBundleIdentifier = parts_.platform.workspace.ownBundleIdentifier(),
                     .isTrusted = parts_.platform.trust.isTrusted(),
-                    .hasUpdates = parts_.updater.isPresent(),
-                    .canCheckForUpdates = parts_.updater.canCheckForUpdates.get(),
+                    .hasUpdates = updater.hasStarted() || updater.canCheckForUpdates.get(),
+                    .canCheckForUpdates = updater.canCheckForUpdates.get(),
                     .wording = parts_.platform.words.wording()}
       .model();
 }

@@ -38,7 +38,7 @@ struct StatusMenu {
   std::optional<RunningApplication> frontmost{};
   std::optional<std::string> ownBundleIdentifier{};
   bool isTrusted = true;    ///< whether accessibility is allowed
-  bool hasUpdates = false;  ///< whether there is an updater
+  bool hasUpdates = false;  ///< whether the updater has started, or can check although it has not
   bool canCheckForUpdates = false;
   Wording wording{};
 

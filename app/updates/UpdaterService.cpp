@@ -24,7 +24,9 @@ UpdaterService::UpdaterService(Bundle& bundle, UpdateFramework& framework, Syste
   if (!controller_) return;
   const std::string token = textIn(information, tokenKey);
   if (!token.empty()) controller_->setHTTPHeaders({{channelHeader, token}});
-  if (const auto error = controller_->start()) log.write("Tilwin updater failed to start: " + *error);
+  const auto error = controller_->start();
+  if (error) log.write("Tilwin updater failed to start: " + *error);
+  hasStarted_ = !error;
   controller_->onCanCheckForUpdates([this](bool can) { canCheckForUpdates.set(can); });
 }
 

@@ -27,8 +27,8 @@ public:
   UpdaterService& operator=(const UpdaterService&) = delete;
   ~UpdaterService() = default;
 
-  /// Whether there is an updater at all.
-  [[nodiscard]] bool isPresent() const { return controller_ != nullptr; }
+  /// Whether there is an updater that has started.
+  [[nodiscard]] bool hasStarted() const { return hasStarted_; }
   /// Starts a check that the user asked for and returns at once. Does nothing without an updater.
   void checkForUpdates();
 
@@ -36,6 +36,7 @@ public:
   Published<bool> canCheckForUpdates{false};
 
 private:
+  bool hasStarted_ = false;
   /// Destroyed first, as it reports to `canCheckForUpdates`.
   std::unique_ptr<UpdateController> controller_;
 };

@@ -30,6 +30,8 @@ public:
   /// {"Halves", "Left half"}; returns false if there is none. A title may be followed by four spaces and a
   /// shortcut.
   bool choose(const std::vector<std::string>& path);
+  /// Chooses an entry of a menu that was opened earlier.
+  void chooseFromEarlier(const MenuChoice& choice) { onChoice_(choice); }
 
 private:
   void install(const TemplateImage& image, MenuMaker makeMenu, ChoiceHandler onChoice) override {

@@ -30,6 +30,8 @@ public:
   void failToStart(std::string error) { error_ = std::move(error); }
   /// Whether the program runs without the framework.
   bool isMissing = false;
+  /// Called when the program starts its controller.
+  std::function<void()> whenStarting;
   /// The framework reports that a check can start, or no longer can.
   void setCanCheck(bool can) {
     state_->canCheck = can;
@@ -40,14 +42,15 @@ public:
     if (isMissing) return nullptr;
     state_ = std::make_shared<State>();
     state_->feed = feed;
-    return std::make_unique<Controller>(state_, error_);
+    return std::make_unique<Controller>(state_, error_, whenStarting);
   }
 
 private:
   class Controller final : public UpdateController {
   public:
-    Controller(std::shared_ptr<State> state, std::optional<std::string> error)
-        : state_(std::move(state)), error_(std::move(error)) {}
+    Controller(std::shared_ptr<State> state, std::optional<std::string> error,
+               std::function<void()> whenStarting)
+        : state_(std::move(state)), error_(std::move(error)), whenStarting_(std::move(whenStarting)) {}
 
     void setHTTPHeaders(const Headers& headers) override {
       state_->headers = headers;
@@ -55,6 +58,7 @@ private:
     }
     std::optional<std::string> start() override {
       ++state_->starts;
+      if (whenStarting_) whenStarting_();
       return error_;
     }
     void onCanCheckForUpdates(std::function<void(bool)> handler) override {
@@ -68,6 +72,7 @@ private:
   private:
     std::shared_ptr<State> state_;
     std::optional<std::string> error_;
+    std::function<void()> whenStarting_;
   };
 
   std::shared_ptr<State> state_;

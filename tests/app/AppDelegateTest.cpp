@@ -1,3 +1,8 @@
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "tests/app/HotKeyCenterFixture.h"
 #include "tests/app/RunningProgram.h"
 
@@ -184,6 +189,18 @@ TEST_F(AppDelegateTest, TheLogCountsActionsAndAreas) {
   change({});
   ASSERT_FALSE(desktop.log.lines().empty());
   EXPECT_EQ(desktop.log.lines().back(), "Tilwin: 29 of 29 shortcuts work");
+}
+
+TEST_F(AppDelegateTest, TheLogNamesRefusedShortcutsInTheWordsOfTheDesktop) {
+  static constexpr std::array keys =
+      std::to_array<Wording::Word>({{"⌃", "Ctrl+"}, {"⌥", "Alt+"}, {"←", "Left"}, {"→", "Right"}});
+  desktop.words.spoken.keys = keys;
+  desktop.keyboard.holdElsewhere(leftHalfKeys);
+  desktop.keyboard.holdElsewhere(rightHalfKeys);
+  start();
+  EXPECT_EQ(desktop.log.lines(),
+            std::vector<std::string>{
+                "Tilwin: 27 of 29 shortcuts work; another program holds Ctrl+Alt+Left, Ctrl+Alt+Right"});
 }
 
 TEST_F(AppDelegateTest, AChangeThatStillWaitsWhenItGoesDoesNothing) {

@@ -37,7 +37,7 @@ TEST_F(UpdaterServiceTest, ThereIsNoUpdaterWithoutAFeed) {
                                                  {{"sufeedurl", std::string(feed)}}};
   for (const auto& built : without) {
     auto& updater = start(built);
-    EXPECT_FALSE(updater.isPresent());
+    EXPECT_FALSE(updater.hasStarted());
     EXPECT_FALSE(updater.canCheckForUpdates.get());
     updater.checkForUpdates();
     EXPECT_EQ(framework.state(), nullptr);
@@ -48,14 +48,14 @@ TEST_F(UpdaterServiceTest, ThereIsNoUpdaterWithoutAFeed) {
 TEST_F(UpdaterServiceTest, ThereIsNoUpdaterWhereTheFrameworkIsMissing) {
   framework.isMissing = true;
   auto& updater = start({{"SUFeedURL", std::string(feed)}});
-  EXPECT_FALSE(updater.isPresent());
+  EXPECT_FALSE(updater.hasStarted());
   EXPECT_FALSE(updater.canCheckForUpdates.get());
   updater.checkForUpdates();
   EXPECT_EQ(log.lines(), std::vector<std::string>());
 }
 
 TEST_F(UpdaterServiceTest, AFeedStartsTheUpdaterOnce) {
-  EXPECT_TRUE(start({{"SUFeedURL", std::string(feed)}}).isPresent());
+  EXPECT_TRUE(start({{"SUFeedURL", std::string(feed)}}).hasStarted());
   EXPECT_EQ(framework.state()->feed, feed);
   EXPECT_EQ(framework.state()->starts, 1);
   EXPECT_EQ(framework.state()->checks, 0) << "only the user starts a check";
@@ -83,7 +83,7 @@ TEST_F(UpdaterServiceTest, AFailureToStartIsLoggedAndChecksMayBecomePossibleLate
   auto& updater = start({{"SUFeedURL", std::string(feed)}});
   EXPECT_EQ(log.lines(),
             std::vector<std::string>{"Tilwin updater failed to start: the feed address is not valid"});
-  EXPECT_TRUE(updater.isPresent());
+  EXPECT_FALSE(updater.hasStarted());
   EXPECT_FALSE(updater.canCheckForUpdates.get());
   framework.setCanCheck(true);
   EXPECT_TRUE(updater.canCheckForUpdates.get());

@@ -106,6 +106,19 @@ TEST_F(DisplayDays, ADisplayThatGoesAgainBeforeTheRestoreLeavesTheWindowsAlone) 
   EXPECT_EQ(frame(), onLaptop);
 }
 
+TEST_F(DisplayDays, ACaptureIsNamedAutomaticAndCarriesItsDisplaysAndItsTime) {
+  start();
+  desktop.time.setWallClock(std::chrono::sys_days(2026y / 3 / 1) + 9h + 30min);
+  passes(20s);
+  ASSERT_EQ(automaticLayouts(), 1);
+  const Layout captured = savedLayouts().layouts[0];
+  EXPECT_EQ(captured.name, "Automatic");
+  EXPECT_TRUE(captured.isAutomatic);
+  ASSERT_TRUE(captured.signature);
+  EXPECT_EQ(captured.signature->key, "1440x900@0,0|2560x1440@1440,0");
+  EXPECT_EQ(captured.updatedAt, std::chrono::sys_days(2026y / 3 / 1) + 9h + 30min + 20s);
+}
+
 TEST_F(DisplayDays, AnUnchangedArrangementIsNotWrittenAgain) {
   start();
   passes(20s);

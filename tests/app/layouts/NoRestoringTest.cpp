@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -11,6 +12,22 @@ namespace tilwin {
 namespace {
 
 using namespace std::chrono_literals;
+
+/// The variable that names the temporary folder, set to another folder until the end of the scope.
+class TemporaryFolderVariable {
+public:
+  explicit TemporaryFolderVariable(const std::filesystem::path& folder) {
+    if (const char* present = std::getenv(name)) before_ = present;
+    ::setenv(name, folder.c_str(), 1);
+  }
+  TemporaryFolderVariable(const TemporaryFolderVariable&) = delete;
+  TemporaryFolderVariable& operator=(const TemporaryFolderVariable&) = delete;
+  ~TemporaryFolderVariable() { before_ ? ::setenv(name, before_->c_str(), 1) : ::unsetenv(name); }
+
+private:
+  static constexpr auto name = "TMPDIR";
+  std::optional<std::string> before_;
+};
 
 TEST_F(DisplayDays, WithoutWindowsNothingIsCaptured) {
   desktop.windows.close(editor);
@@ -113,6 +130,13 @@ TEST(LayoutsFilePlace, IsInTheApplicationSupportFolderOrElseInTheTemporaryOne) {
   SimulatedBundle homeless{std::nullopt};
   EXPECT_EQ(LayoutKeeper::layoutsURL(homeless),
             std::filesystem::temp_directory_path() / "Tilwin" / "layouts.json");
+}
+
+TEST(LayoutsFilePlace, IsStillNamedWhereTheTemporaryFolderIsMissing) {
+  const TemporaryFolder folder;
+  const TemporaryFolderVariable missing(folder.path() / "missing");
+  SimulatedBundle homeless{std::nullopt};
+  EXPECT_EQ(LayoutKeeper::layoutsURL(homeless), "/tmp/Tilwin/layouts.json");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "app/menu/LayoutCommands.h"
 
 #include <array>
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -22,10 +23,19 @@ struct LayoutCommandsTest : RunningProgram {
     desktop.dialogs.answer(sentence);
     EXPECT_TRUE(choose({"Layouts", "Describe a layout…"}));
   }
+  /// Starts the program again with this layout only.
+  void startWithLayout(const std::string& name, const std::vector<LayoutSlot>& slots) {
+    LayoutStore store;
+    store.layouts = {{.id = Uuid::random(), .name = name, .slots = slots}};
+    std::filesystem::create_directories(layoutsFile().parent_path());
+    store.write(layoutsFile());
+    start();
+  }
   Rect frameOf(SimulatedWindows::Handle window) { return desktop.windows.find(window)->frame; }
   [[nodiscard]] const std::vector<DialogText>& alerts() const { return desktop.dialogs.alerts(); }
 
   using Alerts = std::vector<DialogText>;
+  std::vector<int> comings;  ///< how often the program had come to the front, at each dialog
 
   SimulatedWindows::Handle terminal = desktop.windows.open(
       {.bundleID = "org.example.Terminal", .appName = "Terminal", .frame = {0, 0, 360, 450}});
@@ -51,6 +61,15 @@ TEST_F(LayoutCommandsTest, ASavedArrangementIsInTheFileAtOnce) {
   EXPECT_EQ(layouts[0].slots.size(), 2);
   EXPECT_EQ(desktop.dialogs.prompts()[0].text,
             (DialogText{"Save this arrangement", "Name it, for example “Writing” or “Desk with monitor”."}));
+}
+
+TEST_F(LayoutCommandsTest, ASavedArrangementIsDatedNow) {
+  using namespace std::chrono;
+  const auto morning = sys_days(2026y / 3 / 1) + 9h + 30min;
+  desktop.time.setWallClock(morning);
+  save("Desk");
+  ASSERT_EQ(savedLayouts().layouts.size(), 1);
+  EXPECT_EQ(savedLayouts().layouts[0].updatedAt, morning);
 }
 
 TEST_F(LayoutCommandsTest, AnArrangementWithoutANameIsNotSaved) {
@@ -85,16 +104,26 @@ TEST_F(LayoutCommandsTest, SeveralWindowsThatAreNotOpenAreToldInThePlural) {
 }
 
 TEST_F(LayoutCommandsTest, ASlotIsNamedByItsIdentifierIfItHasNoNameAndLeftOutIfItHasNeither) {
-  LayoutStore store;
-  store.layouts = {{.id = Uuid::random(),
-                    .name = "Odd",
-                    .slots = {{.bundleID = "org.example.Gone"}, {.titleContains = "nobody"}}}};
-  std::filesystem::create_directories(layoutsFile().parent_path());
-  store.write(layoutsFile());
-  start();
+  startWithLayout("Odd", {{.bundleID = "org.example.Gone"}, {.titleContains = "nobody"}});
   EXPECT_TRUE(choose({"Layouts", "Odd"}));
   EXPECT_EQ(alerts(),
             (Alerts{{"2 windows not open", "These apps in “Odd” have no open window: org.example.Gone"}}));
+}
+
+TEST_F(LayoutCommandsTest, AnEmptyNameCountsAsNone) {
+  startWithLayout("Odd", {{.bundleID = "org.example.Gone", .appName = ""},
+                          {.bundleID = "", .appName = ""},
+                          {.bundleID = "", .appName = "Mail"}});
+  EXPECT_TRUE(choose({"Layouts", "Odd"}));
+  EXPECT_EQ(
+      alerts(),
+      (Alerts{{"3 windows not open", "These apps in “Odd” have no open window: org.example.Gone, Mail"}}));
+}
+
+TEST(Joined, KeepsASeparatorOnBothSidesOfAnEmptyText) {
+  EXPECT_EQ(joined({"", "a", "", "b"}, ", "), ", a, , b");
+  EXPECT_EQ(joined({"alone"}, ", "), "alone");
+  EXPECT_EQ(joined({}, ", "), "");
 }
 
 TEST_F(LayoutCommandsTest, ADescribedLayoutIsPlacedAndNotSaved) {
@@ -140,6 +169,26 @@ TEST_F(LayoutCommandsTest, SeveralApplicationsWithoutAWindowAreToldInThePlural) 
                                      {.bundleIdentifier = "org.example.News", .localizedName = "News"}};
   describe("News left, Mail right");
   EXPECT_EQ(alerts(), (Alerts{{"Placed what it could", "2 apps had no window to place"}}));
+}
+
+TEST_F(LayoutCommandsTest, ProblemsAreToldInTheirOrder) {
+  desktop.applications.windowless = {{.bundleIdentifier = "org.example.Mail", .localizedName = "Mail"}};
+  describe("Mail right, Nosuch top half, blah blah, Editor left, humbug");
+  EXPECT_EQ(alerts(), (Alerts{{"Placed what it could",
+                               "Could not read “blah blah”\nCould not read “humbug”\n"
+                               "No single open app matches “nosuch”\n1 app had no window to place"}}));
+}
+
+TEST_F(LayoutCommandsTest, EveryAlertComesToTheFront) {
+  desktop.dialogs.whileOpen = [this] { comings.push_back(desktop.dialogs.activations()); };
+  save("Desk");
+  describe("Nosuch right");
+  describe("Editor left, Nosuch right");
+  desktop.windows.close(terminal);
+  EXPECT_TRUE(choose({"Layouts", "Desk"}));
+  EXPECT_EQ(desktop.dialogs.prompts().size(), 3);
+  EXPECT_EQ(alerts().size(), 3);
+  EXPECT_EQ(comings, (std::vector{1, 2, 3, 4, 5, 6}));
 }
 
 TEST_F(LayoutCommandsTest, ProgramsInTheBackgroundAreNotMeant) {

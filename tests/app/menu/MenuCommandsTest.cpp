@@ -7,9 +7,18 @@ constexpr Rect untouched{100, 100, 800, 600};
 
 /// A user at the status menu of the running program, with an editor in front of a terminal.
 struct MenuCommandsTest : RunningProgram {
+  void startWithAreas(int count) {
+    TilwinSettings settings;
+    for (int number = 0; number < count; ++number) {
+      settings.customAreas.push_back(CustomArea::starter("Area"));
+    }
+    startWith(settings);
+  }
   Rect editorFrame() { return desktop.windows.find(editor)->frame; }
   [[nodiscard]] const std::vector<DialogText>& alerts() const { return desktop.dialogs.alerts(); }
 
+  const DialogText tooManyAreas{"Too many areas",
+                                "Tilwin keeps up to 12 custom areas. Delete one in Settings first."};
   SimulatedWindows::Handle terminal =
       desktop.windows.open({.bundleID = "org.example.Terminal", .appName = "Terminal", .frame = untouched});
   SimulatedWindows::Handle editor = desktop.windows.open({.frame = untouched});
@@ -124,14 +133,27 @@ TEST_F(MenuCommandsTest, AnAreaWithoutANameIsNotSaved) {
 }
 
 TEST_F(MenuCommandsTest, WithTwelveAreasNoOtherIsSaved) {
-  TilwinSettings settings;
-  for (int number = 0; number < 12; ++number) settings.customAreas.push_back(CustomArea::starter("Area"));
-  startWith(settings);
+  startWithAreas(12);
   EXPECT_TRUE(choose({"Custom areas", "Save this window as an area…"}));
-  EXPECT_EQ(alerts(),
-            (std::vector<DialogText>{
-                {"Too many areas", "Tilwin keeps up to 12 custom areas. Delete one in Settings first."}}));
+  EXPECT_EQ(alerts(), std::vector{tooManyAreas});
+  EXPECT_EQ(desktop.dialogs.activations(), 1);
   EXPECT_TRUE(desktop.dialogs.prompts().empty());
+}
+
+TEST_F(MenuCommandsTest, WithTwelveAreasThatIsSaidEvenWithoutAccessibility) {
+  desktop.user.setTrusted(false);
+  startWithAreas(12);
+  EXPECT_TRUE(choose({"Custom areas", "Save this window as an area…"}));
+  EXPECT_EQ(alerts(), std::vector{tooManyAreas});
+}
+
+TEST_F(MenuCommandsTest, TheTwelfthAreaIsStillSaved) {
+  startWithAreas(11);
+  desktop.dialogs.answer("Twelfth");
+  EXPECT_TRUE(choose({"Custom areas", "Save this window as an area…"}));
+  ASSERT_EQ(settings().customAreas.size(), 12);
+  EXPECT_EQ(settings().customAreas.back().name, "Twelfth");
+  EXPECT_TRUE(alerts().empty());
 }
 
 TEST_F(MenuCommandsTest, WithoutAWindowThereIsNothingToSaveAsAnArea) {
@@ -142,6 +164,7 @@ TEST_F(MenuCommandsTest, WithoutAWindowThereIsNothingToSaveAsAnArea) {
   EXPECT_TRUE(choose({"Custom areas", "Save this window as an area…"}));
   EXPECT_EQ(alerts(), (std::vector<DialogText>{
                           {"No window to save", "Bring the window you want to the front, then try again."}}));
+  EXPECT_EQ(desktop.dialogs.activations(), 2) << "once for the prompt, once for the alert";
 }
 
 TEST_F(MenuCommandsTest, WithoutAccessibilityNoAreaIsAskedFor) {

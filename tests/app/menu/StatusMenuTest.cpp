@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,6 +26,15 @@ std::vector<std::string> titlesOf(const std::vector<MenuItem>& items) {
     return item.kind == MenuItem::Kind::separator ? std::string("-") : item.title;
   });
   return titles;
+}
+
+/// The command of each entry under the titles that lead to it.
+void collectCommands(const std::vector<MenuItem>& items, std::map<std::string, std::string>& commands,
+                     const std::string& path = {}) {
+  for (const MenuItem& item : items) {
+    if (item.kind == MenuItem::Kind::command) commands[path + item.title] = item.choice.command;
+    collectCommands(item.items, commands, path + item.title + "/");
+  }
 }
 
 using Titles = std::vector<std::string>;
@@ -55,6 +65,51 @@ TEST(StatusMenu, TheGroupsHoldEveryActionOnce) {
     listed.insert(listed.end(), group.actions.begin(), group.actions.end());
   std::ranges::sort(listed);
   EXPECT_TRUE(std::ranges::equal(listed, SnapActions::all()));
+}
+
+TEST(StatusMenu, EveryGroupListsItsActionsInItsOrder) {
+  const std::map<std::string, std::vector<std::string>> expected{
+      {"Halves", {"leftHalf", "rightHalf", "topHalf", "bottomHalf"}},
+      {"Quarters", {"topLeft", "topRight", "bottomLeft", "bottomRight"}},
+      {"Thirds", {"leftThird", "centerThird", "rightThird", "leftTwoThirds", "rightTwoThirds"}},
+      {"Fourths (wide screens)",
+       {"firstFourth", "secondFourth", "thirdFourth", "lastFourth", "leftThreeFourths", "rightThreeFourths"}},
+      {"Sixths",
+       {"topLeftSixth", "topCenterSixth", "topRightSixth", "bottomLeftSixth", "bottomCenterSixth",
+        "bottomRightSixth"}},
+      {"Size and display",
+       {"maximize", "maximizeHeight", "maximizeWidth", "almostMaximize", "center", "centerLarge", "larger",
+        "smaller", "restore", "nextDisplay", "previousDisplay"}}};
+  const auto model = StatusMenu{}.model();
+  for (const auto& [group, actions] : expected) {
+    std::vector<std::string> listed;
+    for (const MenuItem& item : titled(model.items, group)->items) listed.push_back(item.choice.argument);
+    EXPECT_EQ(listed, actions) << group;
+  }
+}
+
+TEST(StatusMenu, EveryEntryCarriesItsCommand) {
+  StatusMenu shown{
+      .frontmost = RunningApplication{.bundleIdentifier = "org.example.Editor", .localizedName = "Editor"},
+      .isTrusted = false,
+      .hasUpdates = true};
+  shown.userLayouts = {layoutNamed("Desk")};
+  shown.settings.customAreas = {CustomArea::starter("Column")};
+  std::map<std::string, std::string> commands;
+  collectCommands(shown.model().items, commands);
+  std::erase_if(commands, [](const auto& entry) { return entry.second == "menuSnap:"; });
+  EXPECT_EQ(commands, (std::map<std::string, std::string>{
+                          {"Allow Accessibility…", "allowAccessibility"},
+                          {"Layouts/Desk", "applyLayout:"},
+                          {"Layouts/Save this arrangement…", "saveArrangement"},
+                          {"Layouts/Describe a layout…", "describeLayout"},
+                          {"Layouts/Delete layout/Desk", "deleteLayout:"},
+                          {"Custom areas/Column", "menuArea:"},
+                          {"Custom areas/Save this window as an area…", "saveWindowAsArea"},
+                          {"Never move windows of Editor", "toggleIgnore:"},
+                          {"Settings…", "showSettingsAction"},
+                          {"Check for Updates…", "checkUpdates"},
+                          {"Quit Tilwin", "quit"}}));
 }
 
 TEST(StatusMenu, TheSizesAreInTheOrderInWhichTheyAreUsed) {

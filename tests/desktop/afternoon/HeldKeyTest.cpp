@@ -18,7 +18,7 @@ protected:
   void SetUp() override {
     held_.emplace(day_.session().server().display(), leftHalfKeys);
     day_.startTilwin();
-    ASSERT_TRUE(saysInTheLog("28 of 29 shortcuts work; another program holds ⌃⌥←"));
+    ASSERT_TRUE(saysInTheLog("28 of 29 shortcuts work; another program holds Ctrl+Alt+Left"));
   }
 
   testing::AssertionResult saysInTheLog(const std::string& words) {
