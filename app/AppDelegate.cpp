@@ -120,6 +120,8 @@ void AppDelegate::perform(const ShortcutOwner& owner) {
 void AppDelegate::showSettings() {
   applier_.retryRefused();
   panel_.show();
+  // An open dialog must be answered first.
+  platform_.dialogs.activate();
 }
 
 std::unique_ptr<SettingsView> AppDelegate::makeSettingsView() {

@@ -97,6 +97,18 @@ TEST_F(Launch, WhatIsChosenFromTheMenuOfAProgramThatHasGoneIsNotDone) {
   EXPECT_EQ(desktop.windows.find(window)->frame, (Rect{100, 100, 800, 600}));
 }
 
+TEST_F(Launch, ADialogThatIsOpenComesInFrontOfTheSettings) {
+  start();
+  int broughtForward = 0;
+  desktop.dialogs.whileOpen = [&] {
+    const int before = desktop.dialogs.activations();
+    delegate->showSettings();
+    broughtForward = desktop.dialogs.activations() - before;
+  };
+  EXPECT_TRUE(choose({"Layouts", "Describe a layout…"}));
+  EXPECT_EQ(broughtForward, 1);
+}
+
 TEST_F(Launch, ASettingsWindowLeftOpenIsClosedWhenTheProgramGoes) {
   start();
   delegate->showSettings();
