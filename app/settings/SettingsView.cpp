@@ -137,10 +137,10 @@ void SettingsView::on(const form::TextChanged& event) {
 void SettingsView::on(const form::PictureGrabbed& event) {
   const auto owner = FormIds::owner(event.id);
   if (!owner) return;
-  for (const CustomArea& area : store_.settings.get().customAreas) {
-    if (ShortcutOwner(area.id) == *owner)
-      areaDrag_.emplace(CustomArea::clamped(area.rect), event.at, event.reach);
-  }
+  const auto& areas = store_.settings.get().customAreas;
+  // The same one that is edited, should two have this id.
+  const auto area = std::ranges::find(areas, *owner, [](const auto& each) { return ShortcutOwner(each.id); });
+  if (area != areas.end()) areaDrag_.emplace(CustomArea::clamped(area->rect), event.at, event.reach);
 }
 
 void SettingsView::on(const form::PictureDragged& event) {
