@@ -1,6 +1,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "tests/app/settings/OpenSettings.h"
@@ -104,6 +105,27 @@ TEST_F(CustomAreas, AnAreaDeletedWhileItsShortcutIsRecordedStopsTheRecording) {
   presses(id("shortcut"));
   presses(id("areaDelete"));
   EXPECT_FALSE(form().isRecording());
+}
+
+TEST_F(CustomAreas, AnAreaDeletedWhileAnotherShortcutIsRecordedGivesItsKeysBack) {
+  records(id("shortcut"), f5);
+  presses(shortcutOf(SnapAction::leftHalf));
+  presses(id("areaDelete"));
+  does(form::KeyPressed{{53, 0}});
+  EXPECT_FALSE(desktop.keyboard.press(f5));
+}
+
+TEST_F(CustomAreas, AreasAreInTheirOrderAndTheButtonComesLast) {
+  TilwinSettings settings;
+  for (const char* const name : {"Reading", "Column", "Music"})
+    settings.customAreas.push_back(CustomArea::starter(name));
+  change(settings);
+  std::vector<std::string> names;
+  for (const FormGroup& group : section("customAreas").groups) {
+    const auto* field = std::get_if<FormTextField>(&group.rows[0].controls.front());
+    names.push_back(field != nullptr ? field->text : group.rows[0].id);
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"Reading", "Column", "Music", "addArea"}));
 }
 
 TEST_F(CustomAreas, AfterTwelveAreasNoOtherCanBeAdded) {
