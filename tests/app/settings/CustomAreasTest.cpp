@@ -63,6 +63,7 @@ TEST_F(CustomAreas, ValuesThatLeaveTheScreenAreCorrectedOnlyWhenTheyAreStored) {
 TEST_F(CustomAreas, TheNameIsChangedAsItIsTyped) {
   does(form::TextChanged{id("areaName"), "Reading"});
   EXPECT_EQ(stored().name, "Reading");
+  EXPECT_EQ(control<FormTextField>(id("areaName"))->label, "Name of Reading");
   EXPECT_EQ(control<FormRecorder>(id("shortcut"))->label, "Shortcut for Reading");
   EXPECT_EQ(control<FormButton>(id("areaName"))->label, "Delete Reading");
   EXPECT_EQ(control<FormButton>(id("areaName"))->symbol, FormSymbol::trash);
