@@ -129,7 +129,6 @@ std::unique_ptr<SettingsView> AppDelegate::makeSettingsView() {
   return std::make_unique<SettingsView>(
       store_, settingsActions(),
       SettingsView::Surroundings{.nativeTilingOn = tiling.value_or(false),
-                                 .openAtLogin = login_.isOn(),
                                  .displayAspect = aspectOfPrimaryDisplay(*platform_.windows),
                                  .wording = platform_.words.wording()});
 }
@@ -138,7 +137,7 @@ SettingsView::Actions AppDelegate::settingsActions() {
   const auto setOpenAtLogin = [this](bool wanted, std::optional<std::string>& note) {
     const bool isAsWanted = login_.set(wanted);
     if (wanted && !isAsWanted) note = LoginItem::whyNotEnabled(login_.status(), platform_.words.wording());
-    return wanted == isAsWanted;
+    return wanted ? isAsWanted : login_.isOn();
   };
   return {.openDesktopAndDock = [this] { platform_.files.openURL(desktopAndDock); },
           .shadowCount = [this] { return recording_.count(); },
@@ -147,6 +146,7 @@ SettingsView::Actions AppDelegate::settingsActions() {
                 if (const auto file = recording_.file()) platform_.files.reveal(*file);
               },
           .deleteShadowData = [this] { recording_.erase(); },
+          .opensAtLogin = [this] { return login_.isOn(); },
           .setOpenAtLogin = setOpenAtLogin,
           .shortcutRecording = [this](bool isRecording) { applier_.setRecordingShortcut(isRecording); },
           .retryRefused = [this] { applier_.retryRefused(); }};

@@ -42,7 +42,9 @@ void SettingsApplier::registerHotKeys(const TilwinSettings& settings) {
 
 void SettingsApplier::setRecordingShortcut(bool recording) {
   recordingShortcut_ = recording;
-  if (!recording && std::exchange(registersAgainLater_, false)) registerAgain();
+  if (recording) return;
+  if (std::exchange(registersAgainLater_, false)) return registerAgain();
+  registerIfChanged(services_.store.settings.get());
 }
 
 void SettingsApplier::registerAgain() {

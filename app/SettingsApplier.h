@@ -34,7 +34,7 @@ public:
   explicit SettingsApplier(const Services& services) : services_(services) {}
 
   void apply();
-  /// While a shortcut is recorded, hot keys are not registered.
+  /// While a shortcut is recorded, hot keys are not registered; what has changed is made up for afterwards.
   void setRecordingShortcut(bool recording);
   /// Registers all hot keys again; others may be refused now than before.
   void registerAgain();

@@ -21,7 +21,9 @@ SettingsPanel::~SettingsPanel() {
 }
 
 void SettingsPanel::show() {
-  if (!view_) {
+  if (view_) {
+    view_->lookAgain();
+  } else {
     view_ = makeView_();
     view_->onChange = [this] { update(); };
     settingsChanges_ = store_.settings.subscribe([this](const auto&) { updateSoon(); });

@@ -43,10 +43,9 @@ constexpr std::array distances = std::to_array<Distance>({
 SettingsView::SettingsView(SettingsStore& store, Actions actions, const Surroundings& surroundings)
     : store_(store), actions_(std::move(actions)), chosenSection_("spacing") {
   state_.nativeTilingOn = surroundings.nativeTilingOn;
-  state_.openAtLogin = surroundings.openAtLogin;
   state_.displayAspect = surroundings.displayAspect;
   state_.wording = surroundings.wording;
-  state_.shadowDrags = actions_.shadowCount();
+  lookAgain();
 }
 
 SettingsView::~SettingsView() { stopRecording(); }
@@ -63,7 +62,14 @@ void SettingsView::handle(const FormEvent& event) {
   if (onChange) onChange();
 }
 
+void SettingsView::lookAgain() {
+  state_.shadowDrags = actions_.shadowCount();
+  state_.openAtLogin = actions_.opensAtLogin();
+  if (state_.openAtLogin) state_.loginNote.reset();
+}
+
 void SettingsView::on(const form::ButtonPressed& event) {
+  if (event.id != state_.recording) stopRecording();
   const std::array plain = std::to_array<std::pair<std::string_view, std::function<void()>>>({
       {FormIds::openDesktopAndDock, actions_.openDesktopAndDock},
       {FormIds::showShadowData, actions_.showShadowData},
@@ -92,10 +98,9 @@ void SettingsView::pressed(const ShortcutOwner& owner, std::string_view kind, co
   const auto* area = std::get_if<Uuid>(&owner);
   if (kind == FormIds::reset && action != nullptr) {
     change([&](TilwinSettings& settings) { settings.resetShortcut(*action); });
-    state_.problems.erase(FormIds::of(FormIds::shortcut, owner));
+    settle(FormIds::of(FormIds::shortcut, owner));
     actions_.retryRefused();
   } else if (kind == FormIds::areaDelete && area != nullptr) {
-    if (state_.recording == FormIds::of(FormIds::shortcut, owner)) stopRecording();
     change([&](TilwinSettings& settings) {
       std::erase_if(settings.customAreas, [&](const CustomArea& each) { return each.id == *area; });
     });
@@ -128,6 +133,7 @@ void SettingsView::on(const form::SliderMoved& event) {
 void SettingsView::on(const form::TextChanged& event) {
   if (event.id == FormIds::search) {
     state_.search = event.text;
+    state_.changedRows.clear();
   } else if (const auto owner = FormIds::owner(event.id);
              owner && FormIds::kind(event.id) == FormIds::areaName) {
     changeArea(*owner, [&](CustomArea& area) { area.name = event.text; });
@@ -137,10 +143,10 @@ void SettingsView::on(const form::TextChanged& event) {
 void SettingsView::on(const form::PictureGrabbed& event) {
   const auto owner = FormIds::owner(event.id);
   if (!owner) return;
-  for (const CustomArea& area : store_.settings.get().customAreas) {
-    if (ShortcutOwner(area.id) == *owner)
-      areaDrag_.emplace(CustomArea::clamped(area.rect), event.at, event.reach);
-  }
+  const auto& areas = store_.settings.get().customAreas;
+  // The same one that is edited, should two have this id.
+  const auto area = std::ranges::find(areas, *owner, [](const auto& each) { return ShortcutOwner(each.id); });
+  if (area != areas.end()) areaDrag_.emplace(CustomArea::clamped(area->rect), event.at, event.reach);
 }
 
 void SettingsView::on(const form::PictureDragged& event) {
@@ -151,6 +157,7 @@ void SettingsView::on(const form::PictureDragged& event) {
 
 void SettingsView::on(const form::SectionChosen& event) {
   stopRecording();
+  state_.changedRows.clear();
   chosenSection_ = event.id;
   state_.shadowDrags = actions_.shadowCount();
 }
@@ -189,7 +196,7 @@ void SettingsView::assign(const HotKeySpec& keys, const std::string& recorder) {
   if (problem) {
     state_.problems[recorder] = ShortcutRules::message(*problem, state_.wording);
   } else {
-    state_.problems.erase(recorder);
+    settle(recorder);
   }
 }
 
@@ -201,7 +208,13 @@ void SettingsView::clear(const std::string& recorder) {
   } else {
     changeArea(*owner, [](CustomArea& area) { area.shortcut.reset(); });
   }
+  settle(recorder);
+}
+
+/// The recorder's shortcut is as the user wants it.
+void SettingsView::settle(const std::string& recorder) {
   state_.problems.erase(recorder);
+  state_.changedRows.insert(recorder);
 }
 
 /// Stores the edited settings, unless the edit changed nothing.

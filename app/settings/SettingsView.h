@@ -24,6 +24,7 @@ public:
     std::function<std::size_t()> shadowCount;
     std::function<void()> showShadowData;
     std::function<void()> deleteShadowData;
+    std::function<bool()> opensAtLogin;
     /// Returns whether the program now opens at login; sets the note if it was asked for and refused.
     std::function<bool(bool wanted, std::optional<std::string>& note)> setOpenAtLogin;
     /// Called with true when recording of a shortcut starts and with false when it stops.
@@ -35,7 +36,6 @@ public:
   /// What is fixed as long as the window is open.
   struct Surroundings {
     bool nativeTilingOn = false;
-    bool openAtLogin = false;
     double displayAspect = 1.6;
     Wording wording{};
   };
@@ -51,6 +51,8 @@ public:
 
   [[nodiscard]] FormModel form() const;
   void handle(const FormEvent& event);
+  /// Asks again for what may have changed without the store knowing.
+  void lookAgain();
   [[nodiscard]] bool isRecording() const { return !state_.recording.empty(); }
 
 private:
@@ -71,6 +73,7 @@ private:
   void stopRecording();
   void assign(const HotKeySpec& keys, const std::string& recorder);
   void clear(const std::string& recorder);
+  void settle(const std::string& recorder);
   void changeOpenAtLogin(bool wanted);
   void change(const std::function<void(TilwinSettings&)>& edit);
   void changeArea(const ShortcutOwner& owner, const std::function<void(CustomArea&)>& edit);

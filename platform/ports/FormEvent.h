@@ -70,7 +70,7 @@ struct WindowClosed {
   bool operator==(const WindowClosed&) const = default;
 };
 
-/// The window lost the keyboard focus to another program.
+/// The window lost the keyboard focus to another window, of this program or of another one.
 struct FocusLost {
   bool operator==(const FocusLost&) const = default;
 };

@@ -6,13 +6,19 @@
 namespace tilwin {
 namespace {
 
-bool isNear(double place, double edge, double reach) { return std::abs(place - edge) <= reach; }
-
 /// One side of an area: where it starts, and how long it is.
 struct Side {
   double start;
   double length;
 };
+
+/// Which end of a side is near to a place: -1 the start, 1 the end, 0 neither. Of two, the nearer one.
+int endNear(double place, double start, double end, double reach) {
+  const double toStart = std::abs(place - start);
+  const double toEnd = std::abs(place - end);
+  if (std::min(toStart, toEnd) > reach) return 0;
+  return toStart < toEnd ? -1 : 1;
+}
 
 Side moved(Side side, double by) { return {std::clamp(side.start + by, 0.0, 1 - side.length), side.length}; }
 
@@ -26,9 +32,9 @@ Side endMoved(Side side, double by) {
   return {side.start, std::clamp(side.length + by, NormalizedRect::smallestShare, 1 - side.start)};
 }
 
-Side dragged(Side side, double by, bool byStart, bool byEnd, bool isWhole) {
-  if (byStart) return startMoved(side, by);
-  if (byEnd) return endMoved(side, by);
+Side dragged(Side side, double by, int end, bool isWhole) {
+  if (end < 0) return startMoved(side, by);
+  if (end > 0) return endMoved(side, by);
   return isWhole ? moved(side, by) : side;
 }
 
@@ -40,17 +46,15 @@ AreaDrag::AreaDrag(const NormalizedRect& area, Point grabbed, Size reach) : star
   inside_ = grabbed.x >= area.x - reach.width && grabbed.x <= maxX + reach.width &&
             grabbed.y >= area.y - reach.height && grabbed.y <= maxY + reach.height;
   if (!inside_) return;
-  right_ = isNear(grabbed.x, maxX, reach.width);
-  left_ = !right_ && isNear(grabbed.x, area.x, reach.width);
-  bottom_ = isNear(grabbed.y, maxY, reach.height);
-  top_ = !bottom_ && isNear(grabbed.y, area.y, reach.height);
+  across_ = endNear(grabbed.x, area.x, maxX, reach.width);
+  down_ = endNear(grabbed.y, area.y, maxY, reach.height);
 }
 
 NormalizedRect AreaDrag::with(Point pointer) const {
   if (!inside_) return start_;
-  const bool isWhole = !left_ && !right_ && !top_ && !bottom_;
-  const Side x = dragged({start_.x, start_.width}, pointer.x - grabbed_.x, left_, right_, isWhole);
-  const Side y = dragged({start_.y, start_.height}, pointer.y - grabbed_.y, top_, bottom_, isWhole);
+  const bool isWhole = across_ == 0 && down_ == 0;
+  const Side x = dragged({start_.x, start_.width}, pointer.x - grabbed_.x, across_, isWhole);
+  const Side y = dragged({start_.y, start_.height}, pointer.y - grabbed_.y, down_, isWhole);
   return {x.start, y.start, x.length, y.length};
 }
 

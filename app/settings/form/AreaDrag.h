@@ -19,10 +19,8 @@ public:
 private:
   NormalizedRect start_;
   Point grabbed_;
-  bool left_ = false;
-  bool right_ = false;
-  bool top_ = false;
-  bool bottom_ = false;
+  int across_ = 0;  ///< the edge that is dragged: -1 left, 1 right, 0 neither
+  int down_ = 0;    ///< -1 top, 1 bottom, 0 neither
   bool inside_ = false;
 };
 

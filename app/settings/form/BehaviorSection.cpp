@@ -16,7 +16,7 @@ FormRow toggleRow(std::string_view id, std::string title, bool isOn) {
 FormRow nativeTilingRow(const Wording& wording) {
   return {.id = "nativeTiling",
           .controls = {FormButton{.id = std::string(FormIds::openDesktopAndDock),
-                                  .title = "Open Desktop & Dock settings"}},
+                                  .title = wording.text("Open Desktop & Dock settings")}},
           .note = wording.text(
               "macOS is also snapping windows when you drag them to an edge, so you may see both. "
               "Turn off “Drag windows to screen edges to tile” in Desktop & Dock.")};

@@ -16,7 +16,7 @@ FormRow nameRow(const CustomArea& area) {
   const std::string id = FormIds::of(FormIds::areaName, area.id);
   return {.id = id,
           .title = "Name",
-          .controls = {FormTextField{.id = id, .label = "Name", .text = area.name},
+          .controls = {FormTextField{.id = id, .label = "Name of " + area.name, .text = area.name},
                        FormButton{.id = FormIds::of(FormIds::areaDelete, area.id),
                                   .label = "Delete " + area.name,
                                   .symbol = FormSymbol::trash}}};
@@ -61,9 +61,8 @@ FormGroup addGroup(const TilwinSettings& settings) {
 FormSection FormSections::customAreas(const FormState& state) {
   FormSection section{.id = "customAreas", .title = "Custom areas", .symbol = FormSymbol::area};
   section.help = state.wording.text(
-      "Your own places on the screen, each with a name and, if you like, a shortcut. You can also save the "
-      "front "
-      "window as an area from the menu bar.");
+      "Your own places on the screen, each with a name and, if you like, a shortcut. "
+      "You can also save the front window as an area from the menu bar.");
   for (const CustomArea& area : state.settings.customAreas) section.groups.push_back(areaGroup(area, state));
   section.groups.push_back(addGroup(state.settings));
   return section;

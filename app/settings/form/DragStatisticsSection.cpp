@@ -20,15 +20,12 @@ FormSection FormSections::dragStatistics(const FormState& state) {
                                 .title = wording.text("Record drag statistics on this Mac"),
                                 .isOn = state.settings.shadowRecording}};
   toggle.note = wording.text(
-      "Off by default. When on, Tilwin notes how each drag that ends near a screen edge moved (distance, "
-      "speed, "
-      "timing), whether it snapped, and whether you undid it within a few seconds. It never records app "
-      "names, "
-      "window titles or what is in a window. The file stays on this Mac and Tilwin does not send it "
-      "anywhere. It "
-      "changes nothing about how snapping works; it only lets you check, later, whether a smarter rule would "
-      "suit "
-      "the way you drag.");
+      "Off by default. When on, Tilwin notes how each drag that ends near a screen edge moved "
+      "(distance, speed, timing), whether it snapped, and whether you undid it within a few seconds. "
+      "It never records app names, window titles or what is in a window. "
+      "The file stays on this Mac and Tilwin does not send it anywhere. "
+      "It changes nothing about how snapping works; it only lets you check, later, "
+      "whether a smarter rule would suit the way you drag.");
   FormRow count{.id = "shadowData", .title = countLine(state.shadowDrags)};
   FormRow actions{.id = "shadowActions"};
   actions.controls = {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_set>
 
@@ -20,6 +21,7 @@ struct FormState {
   bool openAtLogin = false;
   std::optional<std::string> loginNote{};         ///< why opening at login could not be turned on
   std::string search{};                           ///< what the user looks for among the shortcuts
+  std::set<std::string> changedRows{};            ///< recorders just used, shown whether found or not
   std::string recording{};                        ///< the id of the recorder that records; empty if none does
   std::map<std::string, std::string> problems{};  ///< by the id of the recorder whose keys were rejected
   double displayAspect = 1.6;                     ///< width / height of the primary display's visible frame

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <utility>
 
 namespace tilwin {
@@ -35,7 +36,7 @@ Rect display(double height, double aspect) { return {0, 0, height * aspect, heig
 }  // namespace
 
 FormPicture Miniatures::action(SnapAction action, double aspect) {
-  FormPicture picture{.aspectRatio = aspect};
+  FormPicture picture{.label = std::string(SnapActions::title(action)), .aspectRatio = aspect};
   const auto drawn = std::ranges::find(moving, action, &Moving::action);
   if (drawn != moving.end()) {
     picture.tiles.assign(drawn->tiles.begin(), drawn->tiles.end());

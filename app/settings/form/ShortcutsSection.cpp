@@ -51,7 +51,7 @@ std::string searchable(SnapAction action, std::string_view group, const FormStat
   return text;
 }
 
-bool isFound(std::string_view text, const std::vector<std::string_view>& terms) {
+bool hasTerms(std::string_view text, const std::vector<std::string_view>& terms) {
   const std::string key = UnicodeText::baseKey(text);
   return std::ranges::all_of(terms, [&](std::string_view term) {
     return key.find(UnicodeText::baseKey(term)) != std::string::npos;
@@ -62,6 +62,12 @@ bool isFound(std::string_view text, const std::vector<std::string_view>& terms) 
 std::vector<std::string_view> termsOf(std::string& search) {
   std::ranges::replace(search, '+', ' ');
   return UnicodeText::words(search);
+}
+
+bool isShown(SnapAction action, std::string_view group, const FormState& state,
+             const std::vector<std::string_view>& terms) {
+  return state.changedRows.contains(FormIds::of(FormIds::shortcut, action)) ||
+         hasTerms(searchable(action, group, state), terms);
 }
 
 /// The order of the groups in this section is that of the actions themselves.
@@ -90,8 +96,7 @@ FormSection FormSections::shortcuts(const FormState& state) {
     FormGroup shown{.id = std::string(group.title), .heading = std::string(group.title)};
     for (const SnapAction action : SnapActions::all()) {
       if (std::ranges::find(group.actions, action) == group.actions.end()) continue;
-      if (isFound(searchable(action, group.title, state), terms))
-        shown.rows.push_back(shortcutRow(action, state));
+      if (isShown(action, group.title, state, terms)) shown.rows.push_back(shortcutRow(action, state));
     }
     if (!shown.rows.empty()) section.groups.push_back(std::move(shown));
   }

@@ -32,10 +32,11 @@ void drawCap(QPainter& painter, const QRectF& body, const ControlState& state, b
 KeyCapButton::KeyCapButton(const FormRecorder& recorder, const Report& report, QWidget* parent)
     : TitledButton(recorder.id, report, parent) {}
 
-void KeyCapButton::display(const FormRecorder& recorder) {
+void KeyCapButton::display(const FormRecorder& recorder, const std::string& remark) {
   setTitle(QString::fromStdString(recorder.title));
   setAccessibleName(QString::fromStdString(recorder.label));
-  setAccessibleDescription(title());
+  const std::string pause = remark.empty() ? "" : ". ";
+  setAccessibleDescription(QString::fromStdString(recorder.title + pause + remark));
   const bool starts = recorder.isRecording && !isRecording_;
   const bool changes = recorder.isEmpty != isEmpty_ || recorder.isRecording != isRecording_;
   isRecording_ = recorder.isRecording;

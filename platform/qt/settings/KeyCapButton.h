@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/ports/FormModel.h"
 #include "platform/qt/settings/TitledButton.h"
 
@@ -10,8 +12,9 @@ class KeyCapButton final : public TitledButton {
 public:
   KeyCapButton(const FormRecorder& recorder, const Report& report, QWidget* parent);
 
-  /// Takes the keyboard focus when the recording starts.
-  void display(const FormRecorder& recorder);
+  /// Takes the keyboard focus when the recording starts. The remark is what screen readers say after the
+  /// keys.
+  void display(const FormRecorder& recorder, const std::string& remark);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;

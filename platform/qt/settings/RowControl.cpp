@@ -49,19 +49,6 @@ void discardControl(const RowControl& control) {
   if (control.caption != nullptr) discard(control.caption);
 }
 
-RowControl takenOrMade(std::vector<RowControl>& before, const FormControl& control, const Report& report,
-                       QWidget* parent) {
-  const auto kept = std::ranges::find_if(before, [&](const RowControl& candidate) {
-    return candidate.id == idOf(control) && candidate.kind == control.index();
-  });
-  if (kept == before.end()) return makeControl(control, report, parent);
-  RowControl found = *kept;
-  before.erase(kept);
-  return found;
-}
-
-}  // namespace
-
 RowControl makeControl(const FormControl& control, const Report& report, QWidget* parent) {
   RowControl made{.id = idOf(control), .kind = control.index()};
   std::visit(
@@ -77,22 +64,46 @@ RowControl makeControl(const FormControl& control, const Report& report, QWidget
   return made;
 }
 
-void displayControl(const RowControl& shown, const FormControl& control) {
+void displayControl(const RowControl& shown, const FormControl& control, const std::string& remark) {
   std::visit(
       [&]<typename Control>(const Control& any) {
-        static_cast<typename WidgetOf<Control>::Type*>(shown.widget)->display(any);
+        auto& widget = *static_cast<typename WidgetOf<Control>::Type*>(shown.widget);
+        if constexpr (std::is_same_v<Control, FormRecorder>) {
+          widget.display(any, remark);
+        } else {
+          widget.display(any);
+        }
         if constexpr (std::is_same_v<Control, FormSlider>) shown.caption->display(any.caption);
       },
       control);
 }
 
-void updateControls(std::vector<RowControl>& shown, const std::vector<FormControl>& controls,
-                    const Report& report, QWidget* parent) {
+/// The texts below a row, which screen readers would not connect with its control.
+std::string remarkOf(const FormRow& row) {
+  return row.problem + (row.problem.empty() || row.note.empty() ? "" : " ") + row.note;
+}
+
+RowControl takenOrMade(std::vector<RowControl>& before, const FormControl& control, const Report& report,
+                       QWidget* parent) {
+  const auto kept = std::ranges::find_if(before, [&](const RowControl& candidate) {
+    return candidate.id == idOf(control) && candidate.kind == control.index();
+  });
+  if (kept == before.end()) return makeControl(control, report, parent);
+  RowControl found = *kept;
+  before.erase(kept);
+  return found;
+}
+
+}  // namespace
+
+void updateControls(std::vector<RowControl>& shown, const FormRow& row, const Report& report,
+                    QWidget* parent) {
   std::vector<RowControl> before;
   before.swap(shown);
-  for (const auto& control : controls) {
+  const std::string remark = remarkOf(row);
+  for (const auto& control : row.controls) {
     shown.push_back(takenOrMade(before, control, report, parent));
-    displayControl(shown.back(), control);
+    displayControl(shown.back(), control, remark);
     shown.back().widget->show();
   }
   for (const auto& control : before) discardControl(control);

@@ -20,12 +20,9 @@ struct RowControl {
   bool stretches = false;        ///< takes the room that the others leave
 };
 
-[[nodiscard]] RowControl makeControl(const FormControl& control, const Report& report, QWidget* parent);
-void displayControl(const RowControl& shown, const FormControl& control);
-
 /// Makes `shown` the controls of this row, in their order. Keeps those whose id and kind stay the same.
-void updateControls(std::vector<RowControl>& shown, const std::vector<FormControl>& controls,
-                    const Report& report, QWidget* parent);
+void updateControls(std::vector<RowControl>& shown, const FormRow& row, const Report& report,
+                    QWidget* parent);
 
 /// Hides the widget and deletes it when the event being handled is over; it may be its own.
 void discard(QWidget* widget);

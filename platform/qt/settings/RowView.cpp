@@ -41,7 +41,7 @@ void RowView::display(const FormRow& row) {
   setObjectName(QString::fromStdString(row.id));
   displayPicture(row.picture);
   title_->display(row.title);
-  updateControls(controls_, row.controls, report_, this);
+  updateControls(controls_, row, report_, this);
   note_->display(row.note);
   problem_->display(row.problem);
   isBare_ = isButtonsOnly(row);

@@ -32,6 +32,9 @@ bool isClosing(const QKeyEvent& event) {
          (event.key() == Qt::Key_W && event.modifiers() == Qt::ControlModifier);
 }
 
+/// Menus and the like take the focus only until they are gone.
+bool isPassing(const QWindow& window) { return window.type() == Qt::Popup || window.type() == Qt::ToolTip; }
+
 bool isSearching(const QKeyEvent& event) {
   return event.matches(QKeySequence::Find) || event.text() == QLatin1String("/");
 }
@@ -39,7 +42,10 @@ bool isSearching(const QKeyEvent& event) {
 }  // namespace
 
 SettingsFrame::SettingsFrame(Report report, KeyCodeOf keyCodeOf, std::function<void()> onClosing)
-    : report_(std::move(report)),
+    : target_(std::move(report)),
+      report_([this](const FormEvent& event) {
+        if (!isSilent_) target_(event);
+      }),
       onClosing_(std::move(onClosing)),
       capture_(new KeyCapture(this, report_, std::move(keyCodeOf))),
       sidebar_(new Sidebar(report_, this)),
@@ -103,7 +109,7 @@ void SettingsFrame::orderFocus() {
 void SettingsFrame::fallSilent() {
   capture_->setOn(false);
   disconnect(qGuiApp, nullptr, this, nullptr);
-  report_ = [](const FormEvent&) {};
+  isSilent_ = true;
 }
 
 void SettingsFrame::dismiss() {
@@ -112,16 +118,15 @@ void SettingsFrame::dismiss() {
 }
 
 void SettingsFrame::noteFocus(const QWindow* focused) {
-  const bool isLost = hadFocus_ && focused == nullptr;
-  hadFocus_ = focused != nullptr && focused == windowHandle();
-  if (isLost) report_(form::FocusLost{});
+  if (focused != nullptr && isPassing(*focused)) return;
+  const bool hasFocus = focused != nullptr && focused == windowHandle();
+  if (std::exchange(hadFocus_, hasFocus) && !hasFocus) report_(form::FocusLost{});
 }
 
 void SettingsFrame::closeEvent(QCloseEvent* event) {
   event->accept();
-  const Report report = report_;
   onClosing_();
-  report(form::WindowClosed{});
+  target_(form::WindowClosed{});
 }
 
 void SettingsFrame::keyPressEvent(QKeyEvent* event) {

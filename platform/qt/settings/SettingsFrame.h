@@ -40,7 +40,8 @@ private:
   void orderFocus();
   void noteFocus(const QWindow* focused);
 
-  Report report_;
+  Report target_;
+  Report report_;  ///< to the target, unless silent
   std::function<void()> onClosing_;
   KeyCapture* capture_;
   Sidebar* sidebar_;
@@ -48,6 +49,7 @@ private:
   SectionPage* page_ = nullptr;
   std::vector<QWidget*> focusOrder_;
   bool hadFocus_ = false;
+  bool isSilent_ = false;
 };
 
 }  // namespace tilwin::qt

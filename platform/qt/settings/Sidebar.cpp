@@ -71,6 +71,7 @@ private:
 
 Sidebar::Sidebar(const Report& report, QWidget* parent) : QListWidget(parent) {
   setObjectName(QStringLiteral("sidebar"));
+  setAccessibleName(QStringLiteral("Sections"));
   setFrameShape(QFrame::NoFrame);
   setItemDelegate(new SectionDelegate(this));
   setMouseTracking(true);
@@ -88,7 +89,6 @@ Sidebar::Sidebar(const Report& report, QWidget* parent) : QListWidget(parent) {
 
 void Sidebar::display(const FormModel& form) {
   const QSignalBlocker silent(this);
-  setAccessibleName(QString::fromStdString(form.title));
   while (count() > static_cast<int>(form.sections.size())) delete takeItem(count() - 1);
   for (int index = 0; index < static_cast<int>(form.sections.size()); ++index) {
     const auto& section = form.sections[static_cast<std::size_t>(index)];

@@ -1,6 +1,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "tests/app/settings/OpenSettings.h"
@@ -22,9 +23,9 @@ struct CustomAreas : OpenSettings {
   [[nodiscard]] std::string id(std::string_view kind) const { return FormIds::of(kind, area.id); }
   [[nodiscard]] CustomArea stored() { return settings().customAreas.at(0); }
   [[nodiscard]] const FormPicture& picture() const { return *section("customAreas").groups[0].picture; }
-  void drags(Point from, Point to) {
+  void drags(Point from, Point to, double reach = 0.02) {
     const std::string picture = id(FormIds::areaPicture);
-    does(form::PictureGrabbed{picture, from, {0.02, 0.02}});
+    does(form::PictureGrabbed{picture, from, {reach, reach}});
     does(form::PictureDragged{picture, to});
     does(form::PictureReleased{picture});
   }
@@ -62,6 +63,7 @@ TEST_F(CustomAreas, ValuesThatLeaveTheScreenAreCorrectedOnlyWhenTheyAreStored) {
 TEST_F(CustomAreas, TheNameIsChangedAsItIsTyped) {
   does(form::TextChanged{id("areaName"), "Reading"});
   EXPECT_EQ(stored().name, "Reading");
+  EXPECT_EQ(control<FormTextField>(id("areaName"))->label, "Name of Reading");
   EXPECT_EQ(control<FormRecorder>(id("shortcut"))->label, "Shortcut for Reading");
   EXPECT_EQ(control<FormButton>(id("areaName"))->label, "Delete Reading");
   EXPECT_EQ(control<FormButton>(id("areaName"))->symbol, FormSymbol::trash);
@@ -106,6 +108,27 @@ TEST_F(CustomAreas, AnAreaDeletedWhileItsShortcutIsRecordedStopsTheRecording) {
   EXPECT_FALSE(form().isRecording());
 }
 
+TEST_F(CustomAreas, AnAreaDeletedWhileAnotherShortcutIsRecordedGivesItsKeysBack) {
+  records(id("shortcut"), f5);
+  presses(shortcutOf(SnapAction::leftHalf));
+  presses(id("areaDelete"));
+  does(form::KeyPressed{{53, 0}});
+  EXPECT_FALSE(desktop.keyboard.press(f5));
+}
+
+TEST_F(CustomAreas, AreasAreInTheirOrderAndTheButtonComesLast) {
+  TilwinSettings settings;
+  for (const char* const name : {"Reading", "Column", "Music"})
+    settings.customAreas.push_back(CustomArea::starter(name));
+  change(settings);
+  std::vector<std::string> names;
+  for (const FormGroup& group : section("customAreas").groups) {
+    const auto* field = std::get_if<FormTextField>(&group.rows[0].controls.front());
+    names.push_back(field != nullptr ? field->text : group.rows[0].id);
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"Reading", "Column", "Music", "addArea"}));
+}
+
 TEST_F(CustomAreas, AfterTwelveAreasNoOtherCanBeAdded) {
   for (int count = 1; count < 12; ++count) presses("addArea");
   ASSERT_EQ(settings().customAreas.size(), 12);
@@ -133,6 +156,29 @@ TEST_F(CustomAreas, ThePictureMovesTwoEdgesAtACorner) {
   drags({0.5, 1}, {0.6, 0.8});
   EXPECT_NEAR(stored().rect.width, 0.6, 1e-9);
   EXPECT_NEAR(stored().rect.height, 0.8, 1e-9);
+}
+
+TEST_F(CustomAreas, OfTwoEdgesInReachTheNearerOneIsDragged) {
+  change({.customAreas = {{.id = area.id, .name = "Narrow", .rect = {0.5, 0.5, 0.125, 0.125}}}});
+  drags({0.53125, 0.5625}, {0.28125, 0.5625}, 0.125);
+  EXPECT_EQ(stored().rect, (NormalizedRect{0.25, 0.5, 0.375, 0.125})) << "the left edge";
+  drags({0.4375, 0.53125}, {0.4375, 0.28125}, 0.125);
+  EXPECT_EQ(stored().rect, (NormalizedRect{0.25, 0.25, 0.375, 0.375})) << "the top edge";
+}
+
+TEST_F(CustomAreas, OfTwoEdgesEquallyNearTheRightAndTheBottomOneAreDragged) {
+  change({.customAreas = {{.id = area.id, .name = "Narrow", .rect = {0.5, 0.5, 0.125, 0.125}}}});
+  drags({0.5625, 0.5625}, {0.8125, 0.6875}, 0.125);
+  EXPECT_EQ(stored().rect, (NormalizedRect{0.5, 0.5, 0.375, 0.25}));
+}
+
+TEST_F(CustomAreas, OfTwoAreasWithOneIdTheFirstIsDragged) {
+  CustomArea other = area;
+  other.rect = {0.5, 0.5, 0.5, 0.5};
+  change({.customAreas = {area, other}});
+  drags({0.25, 0.5}, {0.375, 0.5});
+  EXPECT_EQ(stored().rect, (NormalizedRect{0.125, 0, 0.5, 1}));
+  EXPECT_EQ(settings().customAreas[1].rect, other.rect);
 }
 
 TEST_F(CustomAreas, AnEdgeStopsAtTheSmallestSizeAndAtTheDisplay) {

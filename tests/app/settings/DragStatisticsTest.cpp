@@ -2,6 +2,7 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "tests/app/settings/OpenSettings.h"
@@ -67,9 +68,32 @@ TEST_F(DragStatistics, TheDataIsShownInTheFileManager) {
 TEST_F(DragStatistics, TheSectionSaysWhatIsRecordedAndWhatIsNot) {
   open();
   EXPECT_EQ(control<FormToggle>("shadowRecording")->title, "Record drag statistics on this Mac");
-  EXPECT_TRUE(
-      row("shadowRecording")->note.starts_with("Off by default. When on, Tilwin notes how each drag"));
-  EXPECT_EQ(control<FormButton>("shadowActions")->title, "Show recorded data in Finder");
+  EXPECT_EQ(row("shadowRecording")->note,
+            "Off by default. When on, Tilwin notes how each drag that ends near a screen edge moved "
+            "(distance, speed, timing), whether it snapped, and whether you undid it within a few seconds. "
+            "It never records app names, window titles or what is in a window. "
+            "The file stays on this Mac and Tilwin does not send it anywhere. "
+            "It changes nothing about how snapping works; it only lets you check, later, "
+            "whether a smarter rule would suit the way you drag.");
+}
+
+TEST_F(DragStatistics, TheCountAndTheButtonsFollowTheSwitch) {
+  open();
+  ASSERT_EQ(section("dragStatistics").groups.size(), 1);
+  std::vector<std::string> rows;
+  for (const FormRow& each : section("dragStatistics").groups[0].rows) rows.push_back(each.id);
+  EXPECT_EQ(rows, (std::vector<std::string>{"shadowRecording", "shadowData", "shadowActions"}));
+  std::vector<std::string> titles;
+  for (const FormControl& each : row("shadowActions")->controls)
+    titles.push_back(std::get<FormButton>(each).title);
+  EXPECT_EQ(titles, (std::vector<std::string>{"Show recorded data in Finder", "Delete recorded data"}));
+}
+
+TEST_F(DragStatistics, TheDragsAreCountedAgainWhenTheOpenWindowIsShownAgain) {
+  open();
+  write(2);
+  delegate->showSettings();
+  EXPECT_EQ(countLine(), "2 drags recorded so far.");
 }
 
 struct OpenAtLogin : OpenSettings {
@@ -121,6 +145,28 @@ TEST_F(OpenAtLogin, ATurningOffThatFailsStaysOn) {
   turns(true);
   desktop.login.refuse("denied", LoginService::Status::enabled);
   turns(false);
+  EXPECT_TRUE(isOn());
+  EXPECT_EQ(note(), "");
+}
+
+TEST_F(OpenAtLogin, ATurningOffThatFailsShowsWhatTheServiceSays) {
+  open();
+  turns(true);
+  desktop.login.refuse("denied", LoginService::Status::requiresApproval);
+  turns(false);
+  EXPECT_FALSE(isOn());
+  EXPECT_EQ(note(), "");
+}
+
+TEST_F(OpenAtLogin, TheServiceIsAskedAgainWhenTheOpenWindowIsShownAgain) {
+  desktop.login.demandApproval();
+  open();
+  turns(true);
+  ASSERT_NE(note(), "");
+  delegate->showSettings();
+  EXPECT_NE(note(), "") << "nobody has approved yet";
+  desktop.login.refuse("approved since", LoginService::Status::enabled);
+  delegate->showSettings();
   EXPECT_TRUE(isOn());
   EXPECT_EQ(note(), "");
 }

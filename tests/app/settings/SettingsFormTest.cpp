@@ -5,21 +5,10 @@
 #include <variant>
 #include <vector>
 
-#include "tests/app/settings/OpenSettings.h"
+#include "tests/app/settings/SettingsForm.h"
 
 namespace tilwin {
 namespace {
-
-struct SettingsForm : OpenSettings {
-  [[nodiscard]] std::string caption(std::string_view id) const { return control<FormSlider>(id)->caption; }
-  [[nodiscard]] std::vector<std::string> rowTitles(std::string_view sectionId) const {
-    std::vector<std::string> titles;
-    for (const FormGroup& group : section(sectionId).groups) {
-      for (const FormRow& each : group.rows) titles.push_back(each.title);
-    }
-    return titles;
-  }
-};
 
 TEST_F(SettingsForm, HasFiveSectionsAndOpensWithTheFirst) {
   open();
@@ -45,6 +34,11 @@ TEST_F(SettingsForm, TheSpacingSlidersStopAt32AndSayWhatTheyMean) {
   does(form::SliderMoved{"outer", 20});
   EXPECT_EQ(settings().outer, 20);
   EXPECT_EQ(caption("outer"), "20 points around the screen");
+}
+
+TEST_F(SettingsForm, TheMarginComesBeforeTheGap) {
+  open();
+  EXPECT_EQ(rowTitles("spacing"), (std::vector<std::string>{"Screen margin", "Gap between windows"}));
 }
 
 TEST_F(SettingsForm, AStoredDistanceAboveTheSliderIsShownAsItIs) {
@@ -112,23 +106,6 @@ TEST_F(SettingsForm, ThereIsARowForEveryActionInItsOrder) {
   }
 }
 
-TEST_F(SettingsForm, ShortcutsAreFoundByNameAndByKey) {
-  open();
-  const auto found = [&](const std::string& text) {
-    does(form::TextChanged{"search", text});
-    return rowTitles("shortcuts");
-  };
-  using Titles = std::vector<std::string>;
-  EXPECT_EQ(found("left half"), (Titles{"Left half"}));
-  EXPECT_EQ(found("HALF left"), (Titles{"Left half"}));
-  EXPECT_EQ(found("⌃⌥u"), (Titles{"Top left quarter"}));
-  EXPECT_EQ(found("control+option+shift ="), (Titles{"Make larger"}));
-  EXPECT_EQ(found("sixths").size(), 6);
-  EXPECT_EQ(found("").size(), 36);
-  EXPECT_EQ(found("xyzzy"), Titles{});
-  EXPECT_EQ(section("shortcuts").emptyText, "No shortcut matches “xyzzy”.");
-}
-
 TEST_F(SettingsForm, TheHelpLinesAreThere) {
   open();
   EXPECT_EQ(section("shortcuts").help,
@@ -155,6 +132,13 @@ TEST_F(SettingsForm, TheDesktopsOwnTilingCanBeTurnedOffInItsSettings) {
   presses("openDesktopAndDock");
   EXPECT_EQ(desktop.viewer.opened(),
             std::vector<std::string>{"x-apple.systempreferences:com.apple.Desktop-Settings.extension"});
+}
+
+TEST_F(SettingsForm, ButtonsHaveTheirTexts) {
+  desktop.disk.setFlag("com.apple.WindowManager", "EnableTilingByEdgeDrag", true);
+  open();
+  EXPECT_EQ(control<FormButton>("nativeTiling")->title, "Open Desktop & Dock settings");
+  EXPECT_EQ(control<FormButton>("addArea")->title, "Add an area");
 }
 
 TEST_F(SettingsForm, TheSettingsSpeakTheDesktopsWords) {

@@ -1,23 +1,7 @@
-#include <string>
-
-#include "tests/app/settings/OpenSettings.h"
+#include "tests/app/settings/ShortcutRecording.h"
 
 namespace tilwin {
 namespace {
-
-constexpr HotKeySpec controlOptionLeft{123, HotKeySpec::control | HotKeySpec::option};
-constexpr HotKeySpec controlOptionA{0, HotKeySpec::control | HotKeySpec::option};
-constexpr HotKeySpec commandQ{12, HotKeySpec::cmd};
-constexpr HotKeySpec escape{53, 0};
-constexpr HotKeySpec backspace{51, 0};
-constexpr HotKeySpec forwardDelete{117, HotKeySpec::shift};
-
-const std::string leftHalf = OpenSettings::shortcutOf(SnapAction::leftHalf);
-const std::string rightHalf = OpenSettings::shortcutOf(SnapAction::rightHalf);
-
-struct ShortcutRecording : OpenSettings {
-  [[nodiscard]] std::string problem(const std::string& row) const { return this->row(row)->problem; }
-};
 
 TEST_F(ShortcutRecording, TheButtonAsksForKeysWhileItRecords) {
   open();

@@ -65,7 +65,7 @@ protected:
 TEST_F(QtSettingsAccessibility, TheWindowAndItsSectionsHaveNames) {
   const auto seen = open("spacing");
   find(seen, "frame", "Tilwin Settings");
-  find(seen, "list", "Tilwin Settings");
+  find(seen, "list", "Sections");
   for (const char* section : {"Behavior", "Shortcuts", "Custom areas", "Drag statistics"}) {
     EXPECT_FALSE(hasState(find(seen, "list item", section), "SELECTED"));
   }
@@ -92,9 +92,23 @@ TEST_F(QtSettingsAccessibility, ShortcutsTellTheirKeys) {
   const auto seen = open("shortcuts");
   EXPECT_TRUE(hasState(find(seen, "text", "Search shortcuts"), "EDITABLE"));
   EXPECT_EQ(field(find(seen, "push button", "Shortcut for Top half"), "description"), "Off");
+  const std::string held =
+      "Another app already uses this shortcut, so it does not work. Choose a different one.";
+  EXPECT_EQ(field(find(seen, "push button", "Shortcut for Right half"), "description"), "⌃⌥→. " + held);
   find(seen, "push button", "Reset Top half");
   find(seen, "panel", "Halves");
-  find(seen, "label", "Another app already uses this shortcut, so it does not work. Choose a different one.");
+  find(seen, "label", held);
+}
+
+TEST_F(QtSettingsAccessibility, AShortcutTellsTheNoteOfItsRowUntilItIsGone) {
+  auto form = sampleForm("shortcuts");
+  rowIn(form, "topHalf").note = "A note.";
+  driver_.window().show(form);
+  ASSERT_TRUE(driver_.settle([&] { return driver_.isInFront(); }));
+  const auto& button = QtSettingsDriver::control("topHalf.keys");
+  EXPECT_EQ(button.accessibleDescription().toStdString(), "Off. A note.");
+  driver_.window().update(sampleForm("shortcuts"));
+  EXPECT_EQ(button.accessibleDescription().toStdString(), "Off");
 }
 
 TEST_F(QtSettingsAccessibility, EveryControlHasANameAndARole) {

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QDialog>
+#include <QMenu>
 #include <QScrollArea>
 
 #include "platform/qt/settings/MiniatureView.h"
@@ -129,6 +131,30 @@ TEST_F(QtSettingsKeyboard, TheKeypadAndOtherLayoutsRecordTheirPositions) {
   qtDesktop().server().setKeyboardLayout("us");
   EXPECT_EQ(events_,
             (std::vector<FormEvent>{form::KeyPressed{{87, HotKeySpec::control}}, form::KeyPressed{{12, 0}}}));
+}
+
+TEST_F(QtSettingsKeyboard, TellsWhenADialogOfThisProgramTakesTheFocus) {
+  open("shortcuts");
+  QDialog dialog;
+  dialog.show();
+  ASSERT_TRUE(driver_.settle([&] { return dialog.isActiveWindow(); }));
+  EXPECT_EQ(events_, std::vector<FormEvent>{form::FocusLost{}});
+  dialog.close();
+  driver_.returnToProgram();
+  ASSERT_TRUE(driver_.isInFront());
+  EXPECT_EQ(events_, std::vector<FormEvent>{form::FocusLost{}}) << "coming back is not leaving";
+}
+
+TEST_F(QtSettingsKeyboard, AMenuOfItsOwnDoesNotTakeTheFocus) {
+  open("shortcuts");
+  driver_.focus("search");
+  press("Menu");
+  ASSERT_TRUE(
+      driver_.settle([] { return dynamic_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr; }));
+  QtSettingsDriver::letArrive();
+  press("Escape");
+  ASSERT_TRUE(driver_.settle([] { return QApplication::activePopupWidget() == nullptr; }));
+  EXPECT_EQ(events_, std::vector<FormEvent>{});
 }
 
 TEST_F(QtSettingsKeyboard, ThePointerShowsHowAPictureCanBeDragged) {
