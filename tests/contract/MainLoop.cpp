@@ -3,11 +3,7 @@
 #include <QEventLoop>
 #include <QTimer>
 
-#include "platform/qt/QtMainQueue.h"
-
 namespace tilwin {
-
-std::unique_ptr<MainQueue> makeMainQueue() { return std::make_unique<qt::QtMainQueue>(); }
 
 void runMainLoop(desktop::Milliseconds time) {
   QEventLoop loop;

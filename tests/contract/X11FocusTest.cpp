@@ -1,5 +1,7 @@
 #include "platform/x11/windows/X11Workspace.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -21,6 +23,10 @@ class X11Focus : public X11Windows {
 protected:
   X11Focus() : workspace(*x, *provider, own) {}
 
+  /// A window manager gives the focus to what has just opened, at some later moment.
+  void waitForFocusOf(const TestWindow& window) {
+    ASSERT_TRUE(session.desktop().waitUntil([&] { return session.desktop().activeWindow() == window.id(); }));
+  }
   void focus(const TestWindow& window) { ASSERT_TRUE(session.desktop().activate(window.id())); }
   TestWindow openOwn(TestWindowOptions options) {
     options.process = getpid();
@@ -46,6 +52,7 @@ protected:
 TEST_F(X11Focus, TheFocusedWindowIsTheLastFocusedOne) {
   const auto first = open({.title = "first"});
   const auto second = open({.title = "second"});
+  waitForFocusOf(second);
   focus(first);
   EXPECT_EQ(lastFocused(), "first");
   focus(second);
@@ -77,6 +84,7 @@ TEST_F(X11Focus, AWindowThatWasClosedOrMinimisedMeanwhileIsPassedOver) {
   std::optional<TestWindow> dialog;
   {
     const auto newest = open({.title = "newest"});
+    waitForFocusOf(newest);
     for (const auto* window : {&oldest, &older, &newest}) {
       focus(*window);
       lastFocused();
@@ -91,8 +99,8 @@ TEST_F(X11Focus, AWindowThatWasClosedOrMinimisedMeanwhileIsPassedOver) {
 }
 
 TEST_F(X11Focus, AWindowOnAnotherWorkspaceIsPassedOver) {
-  const TestWindow window = open({.title = "on the first workspace"});
-  ASSERT_TRUE(session.desktop().activate(window.id()));
+  const auto window = open({.title = "on the first workspace"});
+  focus(window);
   ASSERT_EQ(lastFocused(), "on the first workspace");
   auto& root = session.desktop().connection();
   root.sendToRoot(root.root(), "_NET_CURRENT_DESKTOP", {1, 0, 0, 0, 0});

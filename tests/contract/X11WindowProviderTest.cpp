@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
+
 #include <array>
 #include <optional>
 #include <string>

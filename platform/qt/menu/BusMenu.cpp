@@ -94,7 +94,7 @@ QVariantList BusMenu::layout(const QVariantList& arguments) {
 }
 
 QVariantList BusMenu::propertiesOf(const QVariantList& arguments) const {
-  QList<int> numbers = qdbus_cast<QList<int>>(arguments[0]);
+  auto numbers = qdbus_cast<QList<int>>(arguments[0]);
   // None means all of them.
   if (numbers.isEmpty()) {
     for (const auto& [number, entry] : menu_.entries()) numbers.append(number);

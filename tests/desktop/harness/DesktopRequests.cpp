@@ -42,6 +42,8 @@ std::uint32_t whole(double value) {
 }  // namespace
 
 bool Desktop::activate(WindowId window) {
+  // One that has just opened may be about to take the focus from it.
+  if (activeWindow() == window) settle();
   connection_.sendToRoot(window, "_NET_ACTIVE_WINDOW", {fromPager, XCB_CURRENT_TIME, 0, 0, 0});
   return waitUntil([&] { return activeWindow() == window; });
 }
