@@ -55,8 +55,13 @@ bool StatusIcon::disappears(Milliseconds timeout) {
 void StatusIcon::open(int button) {
   const auto icon = area();
   if (!icon) throw HarnessError("the status icon is not on the screen");
-  session_.input().click(
-      {static_cast<int>(icon->x + icon->width / 2), static_cast<int>(icon->y + icon->height / 2)}, button);
+  const auto click = [&] {
+    session_.input().click(
+        {static_cast<int>(icon->x + icon->width / 2), static_cast<int>(icon->y + icon->height / 2)}, button);
+  };
+  click();
+  // A panel that has just started opens no menu until it has read it once, so a person clicks again.
+  if (!session_.desktop().waitUntil([this] { return !menus().empty(); })) click();
   waitForMenus(1);
 }
 
