@@ -28,7 +28,7 @@ LayoutKeeper::LayoutKeeper(Ports ports, std::weak_ptr<WindowProvider> windows, S
 
 std::filesystem::path LayoutKeeper::layoutsURL(Bundle& bundle) {
   const auto folder = bundle.applicationSupport();
-  return folder.value_or(temporaryFolder()) / "Tilwin" / "layouts.json";
+  return (folder ? *folder : temporaryFolder()) / "Tilwin" / "layouts.json";
 }
 
 void LayoutKeeper::load() {
