@@ -23,7 +23,8 @@ target_compile_options(TilwinBuildRules INTERFACE
 if(CMAKE_UNITY_BUILD)
   # Joined, a source looks like a header to GCC, and its locals seem to hide the file-local names of its neighbours.
   # The release build, which compiles each source on its own, gives these two warnings where they belong.
-  target_compile_options(TilwinBuildRules INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+  target_compile_options(TilwinBuildRules INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-shadow>
+    $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-subobject-linkage>)
 endif()
 if(TILWIN_SANITIZE)
   target_compile_options(TilwinBuildRules INTERFACE

@@ -27,7 +27,9 @@ OUTSIDE = {
     "qt": re.compile(r"Q[A-Z]|Qt").match,
     "glib": re.compile(r"(glib|gio|gobject)(/|\.h$)").match,
     "apple": re.compile(r"(AppKit|Cocoa|Carbon|Foundation|CoreFoundation|CoreGraphics|ApplicationServices"
-                        r"|ServiceManagement|Security|QuartzCore|IOKit|Sparkle|objc|dispatch|mach|os)/").match,
+                        r"|ServiceManagement|Security|QuartzCore|IOKit|Sparkle|dispatch|mach|os)/").match,
+    # What clang's Objective-C++ stands on where Apple's runtime is not.
+    "objc": re.compile(r"(Block|unwind|objc/\w+)\.h$").match,
     "gtest": re.compile(r"(gtest|gmock)/").match,
     "rapidcheck": re.compile(r"rapidcheck(/|\.h$)").match,
     "benchmark": re.compile(r"benchmark/").match,
@@ -57,7 +59,8 @@ MAY_INCLUDE = {
     "platform/x11/input": ([PORTS, *VALUES, "platform/x11/wire", "platform/x11/windows"], ["std", "xcb"]),
     "platform/x11/overlay": ([PORTS, *VALUES, "platform/x11/wire"], ["std", "xcb"]),
     "platform/qt": ([PORTS, *VALUES], ["std", "posix", "qt", "glib"]),
-    "platform/macos": ([PORTS, *VALUES], ["std", "posix", "apple"]),
+    "platform/macos/support": ([PORTS, *VALUES], ["std", "apple"]),
+    "platform/macos": ([PORTS, *VALUES, "platform/macos/support"], ["std", "posix", "apple"]),
     "platform/simulated": ([PORTS, *VALUES], ["std"]),
     "app/actions": ([CORE], ["std"]),
     "app/settings": ([CORE, PORTS, "app/actions"], ["std"]),
@@ -78,7 +81,7 @@ MAY_INCLUDE = {
     "tests/app": ([CORE, PORTS, "platform/simulated", "app", "tests"], [*TEST_TOOLS, "json"]),
     "tests/x11": ([CORE, PORTS, "platform/x11", "tests"], [*TEST_TOOLS, "xcb"]),
     "tests/ui": ([CORE, PORTS, "platform/qt", "platform/simulated", "app", "tests"], [*TEST_TOOLS, "qt"]),
-    "tests/macos": ([CORE, PORTS, "platform/macos", "app", "tests"], [*TEST_TOOLS, "apple"]),
+    "tests/macos": (["core", "platform", "app", "tests"], [*TEST_TOOLS, "apple", "objc"]),
     "tests/contract": (["core", "platform", "app", "tests"], [*TEST_TOOLS, "xcb", "qt"]),
     "tests/desktop": (["core/geometry", "tests"], [*TEST_TOOLS, "linux", "xcb", "qt"]),
     # Layouts on real desktops, placed from within the test.
@@ -91,8 +94,8 @@ MAY_INCLUDE = {
 }
 CPP_ROOTS = ("core", "app", "platform", "tests", "fuzz", "bench")
 
-# The one file that knows which desktop it is built for.
-COMPOSITION_ROOT = "app/main.cpp"
+# The one file of each desktop's program that knows which desktop that is.
+COMPOSITION_ROOTS = ("app/main.cpp", "app/main.mm")
 
 
 
@@ -166,7 +169,7 @@ def includes(tree):
     """Each include is one its folder may have."""
     for file in tree.cpp_files:
         folder = _row_for(file.path)
-        if file.path == COMPOSITION_ROOT:
+        if file.path in COMPOSITION_ROOTS:
             continue
         if folder is None:
             yield Finding(file.path, 1, "walls",
@@ -185,7 +188,7 @@ def includes(tree):
 def operating_systems(tree):
     """No condition on the operating system outside the composition root."""
     for file in tree.cpp_files:
-        if file.path == COMPOSITION_ROOT:
+        if file.path in COMPOSITION_ROOTS:
             continue
         in_condition = False
         for number, line in enumerate(file.code_lines, 1):
@@ -194,7 +197,7 @@ def operating_systems(tree):
             if found:
                 yield Finding(file.path, number, "os-if",
                               f"{found.group()} asks which system this is; put each system's code in its adapter "
-                              f"folder and let CMake or {COMPOSITION_ROOT} choose")
+                              f"folder and let CMake choose")
             in_condition = in_condition and line.rstrip().endswith("\\")
 
 

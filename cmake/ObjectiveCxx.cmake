@@ -1,0 +1,107 @@
+# Objective-C++ for the adapters to macOS. There it is built with the system's own frameworks. Elsewhere clang builds it for
+# GNUstep's Foundation and AppKit, and tests/macos has what those and the C interfaces lack, so that the same sources run.
+
+option(TILWIN_MACOS "Build the adapters to macOS" ${APPLE})
+if(NOT TILWIN_MACOS)
+  return()
+endif()
+
+if(NOT APPLE)
+  find_program(CMAKE_OBJCXX_COMPILER clang++ REQUIRED)
+endif()
+enable_language(OBJCXX)
+set(CMAKE_OBJCXX_STANDARD 20)
+set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+set(CMAKE_OBJCXX_EXTENSIONS OFF)
+set(CMAKE_OBJCXX_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
+set(CMAKE_OBJCXX_FLAGS ${CMAKE_CXX_FLAGS})
+set(CMAKE_OBJCXX_FLAGS_DEBUG ${CMAKE_CXX_FLAGS_DEBUG})
+
+# TilwinCocoa: what a source needs that includes a header of macOS.
+add_library(TilwinCocoa INTERFACE)
+target_link_libraries(TilwinCocoa INTERFACE TilwinBuildRules)
+if(APPLE)
+  target_compile_options(TilwinCocoa INTERFACE $<$<COMPILE_LANGUAGE:OBJCXX>:-fno-objc-arc>)
+  target_link_libraries(TilwinCocoa INTERFACE
+    "-framework AppKit" "-framework ApplicationServices" "-framework Carbon" "-framework ServiceManagement")
+else()
+  # The headers of GCC's Objective-C runtime alone: beside them are GCC's own intrinsics, which are not for clang.
+  execute_process(COMMAND g++ -print-file-name=include OUTPUT_VARIABLE gcc_headers OUTPUT_STRIP_TRAILING_WHITESPACE)
+  set(objc_headers ${CMAKE_BINARY_DIR}/objc-headers)
+  file(MAKE_DIRECTORY ${objc_headers})
+  file(CREATE_LINK ${gcc_headers}/objc ${objc_headers}/objc SYMBOLIC)
+  set(gnustep_headers /usr/include/GNUstep)
+  set(stand_in_headers ${CMAKE_SOURCE_DIR}/tests/macos/c ${CMAKE_SOURCE_DIR}/tests/macos/gnustep)
+
+  target_include_directories(TilwinCocoa INTERFACE ${stand_in_headers})
+  target_include_directories(TilwinCocoa SYSTEM INTERFACE ${gnustep_headers} ${objc_headers})
+  target_compile_options(TilwinCocoa INTERFACE $<$<COMPILE_LANGUAGE:OBJCXX>:
+    -fobjc-runtime=gcc -fblocks -fexceptions -fobjc-exceptions -fconstant-string-class=NSConstantString
+    -D_NATIVE_OBJC_EXCEPTIONS -DGNUSTEP -Werror=objc-method-access>)
+  # BlocksRuntime first: GNUstep's base library has an older one.
+  target_link_libraries(TilwinCocoa INTERFACE BlocksRuntime gnustep-gui gnustep-base objc)
+endif()
+
+# tilwin_macos_library(NAME SOURCES a.mm b.cpp ... [LINK TargetA ...]): a static library of adapters to macOS.
+function(tilwin_macos_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC TilwinCocoa ${arg_LINK})
+  tilwin_as_on_macos(${name})
+endfunction()
+
+# tilwin_macos_test_program(NAME SOURCES a.mm b.cpp ... [LINK TargetA ...]): a test program that uses them, put at the top of
+# the build folder.
+function(tilwin_macos_test_program name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC TilwinCocoa ${arg_LINK})
+  target_compile_options(${name} PRIVATE "SHELL:-include ${CMAKE_SOURCE_DIR}/tests/Printing.h")
+  # Linked as C++, so that one compiler's sanitizers serve the sources of both.
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR} LINKER_LANGUAGE CXX)
+  tilwin_macos_linted(${name})
+endfunction()
+
+# tilwin_macos_linted(TARGET): scripts/check lints the target's sources.
+function(tilwin_macos_linted target)
+  set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${lint}" OBJCXX_CLANG_TIDY "${lint}"
+    UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+endfunction()
+
+# tilwin_as_on_macos(TARGET): scripts/check reads each source and header of the target's folders as clang does for macOS 13:
+# with Apple's runtime, with warnings as errors, newer interfaces refused outside an availability check, and with its static
+# analyser. Nothing is generated: the headers are those of this machine.
+function(tilwin_as_on_macos target)
+  tilwin_macos_linted(${target})
+  if(APPLE OR NOT TILWIN_LINT)
+    return()
+  endif()
+  execute_process(COMMAND clang++ -print-resource-dir OUTPUT_VARIABLE clang_headers OUTPUT_STRIP_TRAILING_WHITESPACE)
+  execute_process(COMMAND g++ -dumpversion OUTPUT_VARIABLE gcc_version OUTPUT_STRIP_TRAILING_WHITESPACE)
+  string(REGEX REPLACE "[.].*" "" gcc_version ${gcc_version})
+  set(read clang++ -x objective-c++ -std=c++20 -target x86_64-apple-macosx13.0 -nostdinc -nostdinc++
+    # This machine's C library does not know that system.
+    -U__APPLE__ -U__MACH__ -U__nonnull -U__nullable -U__null_unspecified -D__linux__=1 -D__ELF__=1 -D_GNU_SOURCE
+    -fblocks -fexceptions -fobjc-exceptions -D_NATIVE_OBJC_EXCEPTIONS -DGNUSTEP
+    -I${CMAKE_SOURCE_DIR} -I${CMAKE_SOURCE_DIR}/tests/macos/c -I${CMAKE_SOURCE_DIR}/tests/macos/gnustep
+    -isystem /usr/include/GNUstep -isystem ${CMAKE_BINARY_DIR}/objc-headers
+    -isystem /usr/include/c++/${gcc_version} -isystem /usr/include/x86_64-linux-gnu/c++/${gcc_version}
+    -isystem ${clang_headers}/include -isystem /usr/include/x86_64-linux-gnu -isystem /usr/include)
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  get_target_property(sources ${target} SOURCES)
+  foreach(source ${sources} ${headers})
+    cmake_path(ABSOLUTE_PATH source)
+    cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} OUTPUT_VARIABLE name)
+    set(read_file ${CMAKE_CURRENT_BINARY_DIR}/as-on-macos/${name})
+    cmake_path(GET read_file PARENT_PATH folder)
+    file(MAKE_DIRECTORY ${folder})
+    add_custom_command(OUTPUT ${read_file}
+      COMMAND ${read} -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wunguarded-availability
+        -Wno-pragma-once-outside-header -Werror=objc-method-access -Werror -MD -MF ${read_file}.d -MT ${read_file} ${source}
+      COMMAND ${read} --analyze -Xanalyzer -analyzer-output=text -Werror ${source}
+      COMMAND ${CMAKE_COMMAND} -E touch ${read_file}
+      DEPENDS ${source} DEPFILE ${read_file}.d VERBATIM COMMENT "Reading ${name} as on macOS")
+    list(APPEND read_files ${read_file})
+  endforeach()
+  add_custom_target(${target}AsOnMacOS ALL DEPENDS ${read_files})
+endfunction()

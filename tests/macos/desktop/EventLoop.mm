@@ -1,0 +1,39 @@
+#include "tests/macos/desktop/EventLoop.h"
+
+#import <AppKit/AppKit.h>
+
+#include <algorithm>
+
+#include "platform/macos/support/Held.h"
+
+namespace tilwin::macos {
+namespace {
+
+/// Waits for at most this long for one event, and handles it.
+void handleOneEvent(desktop::Milliseconds patience) {
+  const AutoreleasePool pool;
+  NSDate* const until = [NSDate dateWithTimeIntervalSinceNow:std::chrono::duration<double>(patience).count()];
+  NSEvent* const event = [NSApp nextEventMatchingMask:NSAnyEventMask
+                                            untilDate:until
+                                               inMode:NSDefaultRunLoopMode
+                                              dequeue:YES];
+  if (event != nil) [NSApp sendEvent:event];
+}
+
+}  // namespace
+
+void runEventLoop(desktop::Milliseconds time) {
+  runEventLoopUntil([] { return false; }, time);
+}
+
+bool runEventLoopUntil(const std::function<bool()>& condition, desktop::Milliseconds patience) {
+  const auto until = desktop::Clock::now() + patience;
+  while (!condition()) {
+    const auto left = std::chrono::duration_cast<desktop::Milliseconds>(until - desktop::Clock::now());
+    if (left <= desktop::Milliseconds{0}) return false;
+    handleOneEvent(std::min(left, desktop::Milliseconds{5}));
+  }
+  return true;
+}
+
+}  // namespace tilwin::macos

@@ -1,0 +1,11 @@
+#pragma once
+
+/// AppKit as the adapters see it where there is only GNUstep's: that, and the pieces it lacks.
+
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wgnu-include-next"
+#include_next <AppKit/AppKit.h>
+#pragma clang diagnostic pop
+
+#include "tests/macos/gnustep/Names.h"
+#include "tests/macos/gnustep/TimerTolerance.h"

@@ -1,0 +1,5 @@
+#pragma once
+
+/// Names that AppKit gave its constants in macOS 10.12, for those that GNUstep has under the older ones.
+
+static const NSEventType NSEventTypeApplicationDefined = NSApplicationDefined;
