@@ -10,6 +10,7 @@
 #include "core/support/Fatal.h"
 #include "core/support/LocalizedOrder.h"
 #include "platform/ports/Accessibility.h"
+#include "platform/ports/ScreenSpace.h"
 
 namespace tilwin {
 namespace {
@@ -44,10 +45,6 @@ std::int64_t windowID(std::uint64_t hash) {
     fatal("The hash of a window's element is negative.");
   }
   return static_cast<std::int64_t>(hash);
-}
-
-Rect fromTopLeft(const ScreenRect& rect, double firstScreenHeight) {
-  return {rect.x, firstScreenHeight - (rect.y + rect.height), rect.width, rect.height};
 }
 
 /// Applications with an enhanced user interface for assistive software may animate or delay a move. If it is
@@ -89,8 +86,8 @@ std::vector<DisplayInfo> AXWindowProvider::displays() {
   for (const Screen& screen : screens) {
     const std::size_t place = displays.size();
     displays.push_back({.id = screen.number.value_or(static_cast<std::uint32_t>(place)),
-                        .frame = fromTopLeft(screen.frame, firstHeight),
-                        .visibleFrame = fromTopLeft(screen.visibleFrame, firstHeight),
+                        .frame = fromScreen(screen.frame, firstHeight),
+                        .visibleFrame = fromScreen(screen.visibleFrame, firstHeight),
                         .isPrimary = place == 0});
   }
   return displays;
