@@ -7,6 +7,9 @@
 #include_next <AppKit/AppKit.h>
 #pragma clang diagnostic pop
 
+#include "tests/macos/gnustep/AccentColour.h"
 #include "tests/macos/gnustep/ActivationPolicy.h"
+#include "tests/macos/gnustep/EventMonitors.h"
+#include "tests/macos/gnustep/FileViewer.h"
 #include "tests/macos/gnustep/Names.h"
 #include "tests/macos/gnustep/TimerTolerance.h"
