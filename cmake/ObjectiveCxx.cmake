@@ -9,9 +9,11 @@ endif()
 if(NOT APPLE)
   find_program(CMAKE_OBJCXX_COMPILER clang++ REQUIRED)
 endif()
-# Each compiler sets this for all languages.
+# Each compiler sets these for all languages; the precompiled headers are those of C++.
+set(extension_of_cxx ${CMAKE_PCH_EXTENSION})
 set(prologue_of_cxx ${CMAKE_PCH_PROLOGUE})
 enable_language(OBJCXX)
+set(CMAKE_PCH_EXTENSION ${extension_of_cxx})
 set(CMAKE_PCH_PROLOGUE ${prologue_of_cxx})
 set(CMAKE_OBJCXX_STANDARD 20)
 set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
