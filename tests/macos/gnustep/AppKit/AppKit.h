@@ -7,5 +7,6 @@
 #include_next <AppKit/AppKit.h>
 #pragma clang diagnostic pop
 
+#include "tests/macos/gnustep/EventMonitors.h"
 #include "tests/macos/gnustep/Names.h"
 #include "tests/macos/gnustep/TimerTolerance.h"

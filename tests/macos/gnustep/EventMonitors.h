@@ -1,0 +1,11 @@
+#pragma once
+
+/// AppKit, macOS 10.6. GNUstep has no event monitors. As there, a local one sees the events that
+/// `-[NSApplication sendEvent:]` hands on, before their window does, and may pass on another event or none.
+@interface NSEvent (Monitors)
++ (id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(NSEvent* (^)(NSEvent* event))handler;
+/// Events of other programs reach it by `deliverElsewhere` of EventsElsewhere.h.
++ (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(void (^)(NSEvent* event))handler;
+/// AppKit keeps a monitor until then.
++ (void)removeMonitor:(id)monitor;
+@end
