@@ -7,6 +7,11 @@
 #include_next <AppKit/AppKit.h>
 #pragma clang diagnostic pop
 
+#include "tests/macos/gnustep/AccentColour.h"
+#include "tests/macos/gnustep/Accessibility.h"
+#include "tests/macos/gnustep/AccessibilityLabel.h"
+#include "tests/macos/gnustep/AlignmentRectangles.h"
 #include "tests/macos/gnustep/EventMonitors.h"
 #include "tests/macos/gnustep/Names.h"
+#include "tests/macos/gnustep/SeparatorColour.h"
 #include "tests/macos/gnustep/TimerTolerance.h"
