@@ -18,6 +18,9 @@ namespace tilwin::macos {
 class MacSettingsDriver final : public contract::SettingsWindowDriver {
 public:
   MacSettingsDriver() = default;
+  MacSettingsDriver(const MacSettingsDriver&) = delete;
+  MacSettingsDriver& operator=(const MacSettingsDriver&) = delete;
+  ~MacSettingsDriver() override;
 
   SettingsWindow& window() override { return window_; }
   bool settle(const std::function<bool()>& condition) override;
@@ -63,6 +66,9 @@ public:
   [[nodiscard]] static desktop::WindowId nativeWindow();
 
 private:
+  /// The focus leaves a closed window only when the window manager has moved it; GNUstep would take it from
+  /// the next window.
+  static void letFocusGo();
   void clickMiddle(NSView* view);
 
   MacSettingsWindow window_;
@@ -70,6 +76,9 @@ private:
   bool capsLock_ = false;
   NSPoint hand_{};  ///< where the mouse was moved last, in the window
 };
+
+/// Whether it shows a control of the form. GNUstep does not know which protocols a class has from elsewhere.
+[[nodiscard]] bool isControl(NSView* view);
 
 /// Every view in the open window that is not hidden, each before those in it.
 [[nodiscard]] std::vector<NSView*> visibleViews();

@@ -45,12 +45,13 @@ std::vector<NSView*> visibleViewsIn(NSView* view) {
   return views;
 }
 
+bool isControl(NSView* view) { return [view respondsToSelector:@selector(keyView)]; }
+
 std::vector<NSView*> visibleViews() { return visibleViewsIn([MacSettingsDriver::frame() contentView]); }
 
 NSView* MacSettingsDriver::control(const std::string& id) {
   for (NSView* view : visibleViews()) {
-    if ([view conformsToProtocol:@protocol(TWFormControl)] &&
-        [static_cast<ControlView*>(view) formId] == id) {
+    if (isControl(view) && [static_cast<ControlView*>(view) formId] == id) {
       return view;
     }
     if ([view isKindOfClass:[TWPictureView class]] && [static_cast<TWPictureView*>(view) picture].id == id) {
@@ -58,6 +59,15 @@ NSView* MacSettingsDriver::control(const std::string& id) {
     }
   }
   throw std::logic_error("the window does not show " + id);
+}
+
+MacSettingsDriver::~MacSettingsDriver() {
+  window_.close();
+  letFocusGo();
+}
+
+void MacSettingsDriver::letFocusGo() {
+  runEventLoopUntil([] { return ![NSApp isActive]; }, Milliseconds{500});
 }
 
 bool MacSettingsDriver::settle(const std::function<bool()>& condition) {
@@ -153,6 +163,7 @@ void MacSettingsDriver::closeByHand() {
   NSWindow* const window = frame();
   macDesktop().desktop().close(native);
   settle([&] { return frame() != window; });
+  if (frame() == nil) letFocusGo();
 }
 
 void MacSettingsDriver::focus(const std::string& id) {

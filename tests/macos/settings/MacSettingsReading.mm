@@ -53,7 +53,7 @@ ShownRow shownRow(TWRowView* row) {
                  .note = labelText(row, LabelTone::secondary),
                  .problem = labelText(row, LabelTone::problem)};
   for (NSView* view : inside<NSView>(row, [NSView class])) {
-    if ([view conformsToProtocol:@protocol(TWFormControl)]) {
+    if (isControl(view)) {
       shown.controls.push_back([static_cast<ControlView*>(view) formId]);
     }
   }
@@ -129,7 +129,7 @@ std::string MacSettingsDriver::focused() {
   NSResponder* const responder = [frame() firstResponder];
   if (![responder isKindOfClass:[NSView class]]) return {};
   for (NSView* view = static_cast<NSView*>(responder); view != nil; view = [view superview]) {
-    if ([view conformsToProtocol:@protocol(TWFormControl)]) return [static_cast<ControlView*>(view) formId];
+    if (isControl(view)) return [static_cast<ControlView*>(view) formId];
   }
   return {};
 }
