@@ -7,5 +7,9 @@
 #include_next <AppKit/AppKit.h>
 #pragma clang diagnostic pop
 
+#include "tests/macos/gnustep/AccessibilityLabel.h"
+#include "tests/macos/gnustep/Alert.h"
+#include "tests/macos/gnustep/DrawnImage.h"
 #include "tests/macos/gnustep/Names.h"
+#include "tests/macos/gnustep/StatusBar.h"
 #include "tests/macos/gnustep/TimerTolerance.h"
