@@ -19,6 +19,10 @@ bool standsAt(std::string_view text, std::size_t place, std::string_view written
 
 }  // namespace
 
+bool Wording::operator==(const Wording& other) const {
+  return std::ranges::equal(words, other.words) && std::ranges::equal(keys, other.keys);
+}
+
 std::string Wording::text(std::string_view fixed) const {
   std::string result;
   for (std::size_t place = 0; place < fixed.size();) {

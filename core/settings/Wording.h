@@ -12,10 +12,14 @@ struct Wording {
   struct Word {
     std::string_view written;
     std::string_view said;
+
+    bool operator==(const Word&) const = default;
   };
 
   std::span<const Word> words{};  ///< the first that fits wins; whole words only
   std::span<const Word> keys{};   ///< by the symbol of a modifier or the name of a key
+
+  bool operator==(const Wording& other) const;
 
   /// The text with each of `words` replaced.
   [[nodiscard]] std::string text(std::string_view fixed) const;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <vector>
 
 #include "core/settings/KeyNames.h"
 #include "core/settings/ShortcutRules.h"
@@ -34,6 +35,13 @@ TEST(Wording, ReplacesEachWordWhereverItStands) {
 
 TEST(Wording, LeavesPartsOfLongerWordsAlone) {
   EXPECT_EQ(wording.text("Macintosh, BigMac, Commander"), "Macintosh, BigMac, Commander");
+}
+
+TEST(Wording, IsEqualToOneThatSaysTheSame) {
+  const std::vector<Wording::Word> copies(words.begin(), words.end());
+  EXPECT_EQ(wording, (Wording{.words = copies, .keys = keys}));
+  EXPECT_NE(wording, (Wording{.words = words}));
+  EXPECT_NE(wording, Wording());
 }
 
 TEST(Wording, TheFirstWordThatFitsWins) {

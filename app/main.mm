@@ -1,0 +1,119 @@
+// The composition root on macOS: the only place there that knows which desktop the program is built for.
+
+#import <Foundation/Foundation.h>
+
+#include <cstddef>
+#include <iostream>
+#include <memory>
+#include <span>
+
+#include "app/AppDelegate.h"
+#include "app/CommandLine.h"
+#include "app/windows/AXWindowProvider.h"
+#include "platform/macos/displays/MacScreenChanges.h"
+#include "platform/macos/displays/MacScreens.h"
+#include "platform/macos/input/CarbonHotKeys.h"
+#include "platform/macos/input/MacPointerMonitor.h"
+#include "platform/macos/menu/MacDialogs.h"
+#include "platform/macos/menu/MacStatusItem.h"
+#include "platform/macos/menu/MainMenu.h"
+#include "platform/macos/overlay/MacOverlay.h"
+#include "platform/macos/settings/MacSettingsWindow.h"
+#include "platform/macos/support/Held.h"
+#include "platform/macos/system/MacApplication.h"
+#include "platform/macos/system/MacBundle.h"
+#include "platform/macos/system/MacFileViewer.h"
+#include "platform/macos/system/MacLoginService.h"
+#include "platform/macos/system/MacMainQueue.h"
+#include "platform/macos/system/MacSystemLog.h"
+#include "platform/macos/system/MacUpdateFramework.h"
+#include "platform/macos/system/MacUserDefaults.h"
+#include "platform/macos/windows/MacAccessibility.h"
+#include "platform/macos/windows/MacTrust.h"
+#include "platform/macos/windows/MacWorkspace.h"
+
+namespace {
+
+using namespace tilwin;
+using Arguments = std::span<const char* const>;
+
+/// What needs no window server.
+struct System {
+  macos::MacSystemLog log;
+  macos::MacBundle bundle{[NSBundle mainBundle]};
+  macos::MacLoginService login;
+  DesktopWords words;
+};
+
+/// The adapters to windows, displays, keys and pointer.
+struct Desktop {
+  macos::MacAccessibility accessibility;
+  macos::MacWorkspace workspace{[NSBundle mainBundle]};
+  macos::MacScreens screens;
+  macos::MacScreenChanges screenChanges;
+  macos::MacTrust trust;
+  std::shared_ptr<AXWindowProvider> windows =
+      std::make_shared<AXWindowProvider>(accessibility, workspace, screens);
+};
+
+/// What the program shows of itself.
+struct Interface {
+  explicit Interface(MainQueue& queue) : statusItem(queue) {}
+
+  macos::MacStatusItem statusItem;
+  macos::MacDialogs dialogs;
+  macos::MacSettingsWindow settingsWindow;
+};
+
+int runProgram(System& system, Desktop& desktop, macos::MacApplication& application) {
+  macos::MacMainQueue queue;
+  macos::CarbonHotKeys hotKeys;
+  macos::MacUserDefaults userDefaults(system.log);
+  macos::MacPointerMonitor pointer;
+  macos::MacOverlay overlay;
+  Interface interface(queue);
+  macos::MacFileViewer files(system.log);
+  macos::MacUpdateFramework updates([NSBundle mainBundle]);
+  Platform platform{.mainQueue = queue,
+                    .log = system.log,
+                    .hotKeys = hotKeys,
+                    .userDefaults = userDefaults,
+                    .windows = desktop.windows,
+                    .pointer = pointer,
+                    .overlay = overlay,
+                    .trust = desktop.trust,
+                    .screenChanges = desktop.screenChanges,
+                    .bundle = system.bundle,
+                    .workspace = desktop.workspace,
+                    .statusItem = interface.statusItem,
+                    .dialogs = interface.dialogs,
+                    .settingsWindow = interface.settingsWindow,
+                    .files = files,
+                    .login = system.login,
+                    .updates = updates,
+                    .words = system.words};
+  AppDelegate delegate(platform);
+  application.onLaunched([&delegate] {
+    macos::installMainMenu();
+    delegate.start();
+  });
+  application.onReopened([&delegate] { delegate.showSettings(); });
+  return queue.run();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const macos::AutoreleasePool pool;
+  System system;
+  const auto arguments = Arguments(argv, static_cast<std::size_t>(argc)).subspan(1);
+  const CommandLine::Ports ports{system.bundle, system.login, system.words, system.log};
+  if (const auto status = CommandLine::run(arguments, ports, std::cout)) return *status;
+  macos::MacApplication application;
+  Desktop desktop;
+  if (const auto status =
+          CommandLine::runOnDesktop(arguments, {*desktop.windows, desktop.trust}, std::cout)) {
+    return *status;
+  }
+  return runProgram(system, desktop, application);
+}
