@@ -31,10 +31,18 @@ int run(std::string mode = "") {
   return tilwinMain(mode.empty() ? 1 : 2, arguments.data());
 }
 
-void picture(const char* name) {
+void drawAll() {
+  for (NSWindow* window in [NSApp windows]) {
+    if ([window isVisible]) [window display];
+  }
+}
+
+/// Keeps a picture of the screen.
+void look(Person& person, const char* name) {
+  person.act(drawAll);
   const std::filesystem::path folder = PICTURES_FOLDER;
   std::filesystem::create_directories(folder);
-  macDesktop().screenshot(folder / (std::string(name) + ".png"));
+  person.act([file = folder / (std::string(name) + ".png")] { macDesktop().screenshot(file); });
 }
 
 NSStatusItem* icon() { return [[NSStatusBar systemStatusBar] latestItem]; }
@@ -87,7 +95,7 @@ protected:
   void describeLayout(Person& user) {
     choose(user, hands, {"Layouts", "Describe a layout…"});
     ASSERT_TRUE(user.sees([] { return [NSApp modalWindow] != nil && [[NSApp modalWindow] isKeyWindow]; }));
-    picture("describe");
+    look(user, "describe");
     type(user, "safari left two thirds and notes right third");
     EXPECT_TRUE(comesTo(user, mac.notes, columns(2.0 / 3, 1)));
     EXPECT_TRUE(comesTo(user, mac.safari, columns(0, 2.0 / 3)));
@@ -104,7 +112,7 @@ protected:
     });
     EXPECT_TRUE(user.sees([this] { return mac.settings().find("\"gap\":16") != std::string::npos; }))
         << mac.settings();
-    picture("settings");
+    look(user, "settings");
     user.act([this] { mac.press(leftHalf); });
     EXPECT_TRUE(comesTo(user, mac.safari, columns(0, 0.5, 16)));
   }
@@ -129,7 +137,7 @@ TEST_F(WholeProgram, IsUsedByHotKeyMenuPromptAndSettingsAndQuits) {
   });
   Person person([this](Person& user) {
     ASSERT_TRUE(user.sees([] { return icon() != nil && [icon() isVisible]; }));
-    picture("icon");
+    look(user, "icon");
     snapByHotKey(user);
     describeLayout(user);
     changeSetting(user);
