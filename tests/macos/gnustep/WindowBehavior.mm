@@ -18,7 +18,7 @@ tilwin::macos::Attached<NSWindowCollectionBehavior> behaviors;
 
 + (void)load {
   const tilwin::macos::AutoreleasePool pool;
-  for (const SEL each : { @selector(collectionBehavior), @selector(setCollectionBehavior:) }) {
+  for (SEL each : { @selector(collectionBehavior), @selector(setCollectionBehavior:) }) {
     method_setImplementation(class_getInstanceMethod([NSWindow class], each),
                              class_getMethodImplementation(self, each));
   }

@@ -35,6 +35,9 @@ NSEvent* mouseEvent(NSEventType type) {
 /// The mouse of the private desktop, used in windows of other programs; AppKit's main queue and screens.
 class MacInputWorld : public contract::SimulatedWorld {
 public:
+  MacInputWorld() = default;
+  MacInputWorld(const MacInputWorld&) = delete;
+  MacInputWorld& operator=(const MacInputWorld&) = delete;
   ~MacInputWorld() override { disconnectScreens(); }
 
   std::shared_ptr<DesktopWindows> provider() override { return provider_; }
@@ -58,6 +61,7 @@ public:
     auto all = MacScreens().screens();
     all.front().visibleFrame.height -= points;
     std::vector<ScreenElsewhere> made;
+    made.reserve(all.size());
     for (const auto& each : all) made.push_back({each.frame, each.visibleFrame, {}});
     connectScreens(std::move(made));
   }
@@ -79,10 +83,10 @@ std::unique_ptr<contract::World> makeMacInputWorld() { return std::make_unique<M
 
 /// A window of this program.
 struct MacPointerTest : testing::Test {
-  void clickHere() {
+  static void clickHere() {
     for (const NSEventType type : {NSLeftMouseDown, NSLeftMouseUp}) [NSApp sendEvent:mouseEvent(type)];
   }
-  void clickElsewhere() {
+  static void clickElsewhere() {
     for (const NSEventType type : {NSLeftMouseDown, NSLeftMouseUp}) deliverElsewhere(mouseEvent(type));
   }
   PointerMonitor::Handler note() {

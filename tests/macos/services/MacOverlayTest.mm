@@ -125,7 +125,7 @@ private:
 };
 
 struct MacOverlayTest : testing::Test {
-  NSWindow* window() {
+  static NSWindow* window() {
     const auto all = overlayWindows();
     return all.size() == 1 ? all.front() : nil;
   }

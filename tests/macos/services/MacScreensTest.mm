@@ -25,11 +25,15 @@ ScreenElsewhere appKitScreen(const Screen& screen) {
 
 class MacScreensWorld : public contract::ScreensWorld {
 public:
+  MacScreensWorld() = default;
+  MacScreensWorld(const MacScreensWorld&) = delete;
+  MacScreensWorld& operator=(const MacScreensWorld&) = delete;
   ~MacScreensWorld() override { disconnectScreens(); }
 
   Screens& screens() override { return screens_; }
   void connect(const std::vector<Screen>& screens) override {
     std::vector<ScreenElsewhere> made;
+    made.reserve(screens.size());
     for (const auto& each : screens) made.push_back(appKitScreen(each));
     connectScreens(std::move(made));
   }
@@ -42,7 +46,7 @@ private:
 std::unique_ptr<contract::ScreensWorld> makeMacScreensWorld() { return std::make_unique<MacScreensWorld>(); }
 
 struct MacScreensTest : testing::Test {
-  ~MacScreensTest() override { disconnectScreens(); }
+  void TearDown() override { disconnectScreens(); }
 
   AutoreleasePool pool;
   MacScreens screens;

@@ -22,7 +22,7 @@ Class sparkle() { return NSClassFromString(@"SPUStandardUpdaterController"); }
 struct MacUpdateTest : testing::Test {
   void TearDown() override { [sparkle() setRefusal:nil]; }
 
-  SPUStandardUpdaterController* its() { return [sparkle() latest]; }
+  static SPUStandardUpdaterController* its() { return [sparkle() latest]; }
 
   AutoreleasePool pool;
   MacUpdateFramework framework{completeProgram().bundle()};
