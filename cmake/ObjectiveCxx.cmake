@@ -9,9 +9,11 @@ endif()
 if(NOT APPLE)
   find_program(CMAKE_OBJCXX_COMPILER clang++ REQUIRED)
 endif()
-# Each compiler sets this for all languages.
+# Each compiler sets these for all languages; the precompiled headers are those of C++.
+set(extension_of_cxx ${CMAKE_PCH_EXTENSION})
 set(prologue_of_cxx ${CMAKE_PCH_PROLOGUE})
 enable_language(OBJCXX)
+set(CMAKE_PCH_EXTENSION ${extension_of_cxx})
 set(CMAKE_PCH_PROLOGUE ${prologue_of_cxx})
 set(CMAKE_OBJCXX_STANDARD 20)
 set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
@@ -71,40 +73,27 @@ function(tilwin_macos_linted target)
     UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
 endfunction()
 
-# tilwin_as_on_macos(TARGET): scripts/check reads each source and header of the target's folders as clang does for macOS 13:
-# with Apple's runtime, with warnings as errors, newer interfaces refused outside an availability check, and with its static
-# analyser. Nothing is generated: the headers are those of this machine.
+# tilwin_as_on_macos(TARGET): scripts/check reads each source of the target, and each header below its folder, as clang does on
+# macOS.
 function(tilwin_as_on_macos target)
   tilwin_macos_linted(${target})
   if(APPLE OR NOT TILWIN_LINT)
     return()
   endif()
-  execute_process(COMMAND clang++ -print-resource-dir OUTPUT_VARIABLE clang_headers OUTPUT_STRIP_TRAILING_WHITESPACE)
-  execute_process(COMMAND g++ -dumpversion OUTPUT_VARIABLE gcc_version OUTPUT_STRIP_TRAILING_WHITESPACE)
-  string(REGEX REPLACE "[.].*" "" gcc_version ${gcc_version})
-  set(read clang++ -x objective-c++ -std=c++20 -target x86_64-apple-macosx13.0 -nostdinc -nostdinc++
-    # This machine's C library does not know that system.
-    -U__APPLE__ -U__MACH__ -U__nonnull -U__nullable -U__null_unspecified -D__linux__=1 -D__ELF__=1 -D_GNU_SOURCE
-    -fblocks -fexceptions -fobjc-exceptions -D_NATIVE_OBJC_EXCEPTIONS -DGNUSTEP
-    -I${CMAKE_SOURCE_DIR} -I${CMAKE_SOURCE_DIR}/tests/macos/c -I${CMAKE_SOURCE_DIR}/tests/macos/gnustep
-    -isystem /usr/include/GNUstep -isystem ${CMAKE_BINARY_DIR}/objc-headers
-    -isystem /usr/include/c++/${gcc_version} -isystem /usr/include/x86_64-linux-gnu/c++/${gcc_version}
-    -isystem ${clang_headers}/include -isystem /usr/include/x86_64-linux-gnu -isystem /usr/include)
+  set(read ${CMAKE_SOURCE_DIR}/scripts/lib/as-on-macos)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   get_target_property(sources ${target} SOURCES)
   foreach(source ${sources} ${headers})
     cmake_path(ABSOLUTE_PATH source)
     cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} OUTPUT_VARIABLE name)
-    set(read_file ${CMAKE_CURRENT_BINARY_DIR}/as-on-macos/${name})
-    cmake_path(GET read_file PARENT_PATH folder)
+    set(stamp ${CMAKE_CURRENT_BINARY_DIR}/as-on-macos/${name})
+    cmake_path(GET stamp PARENT_PATH folder)
     file(MAKE_DIRECTORY ${folder})
-    add_custom_command(OUTPUT ${read_file}
-      COMMAND ${read} -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wunguarded-availability
-        -Wno-pragma-once-outside-header -Werror=objc-method-access -Werror -MD -MF ${read_file}.d -MT ${read_file} ${source}
-      COMMAND ${read} --analyze -Xanalyzer -analyzer-output=text -Werror ${source}
-      COMMAND ${CMAKE_COMMAND} -E touch ${read_file}
-      DEPENDS ${source} DEPFILE ${read_file}.d VERBATIM COMMENT "Reading ${name} as on macOS")
-    list(APPEND read_files ${read_file})
+    add_custom_command(OUTPUT ${stamp}
+      COMMAND ${read} ${source} ${stamp}.d ${stamp}
+      COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+      DEPENDS ${source} ${read} DEPFILE ${stamp}.d VERBATIM COMMENT "Reading ${name} as on macOS")
+    list(APPEND stamps ${stamp})
   endforeach()
-  add_custom_target(${target}AsOnMacOS ALL DEPENDS ${read_files})
+  add_custom_target(${target}AsOnMacOS ALL DEPENDS ${stamps})
 endfunction()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -14,7 +15,8 @@ namespace tilwin {
 struct Uuid {
   std::array<std::uint8_t, 16> bytes{};
 
-  auto operator<=>(const Uuid&) const = default;
+  // Named, as not every standard library can compare arrays this way, and the compiler then does it with `<`.
+  std::strong_ordering operator<=>(const Uuid&) const = default;
 
   /// A new random identifier (version 4).
   [[nodiscard]] static Uuid random();

@@ -12,13 +12,12 @@ public:
   const SimulatedAccessibility::Node node;
 };
 
-/// 0 for an element that is not from a simulated tree.
-SimulatedAccessibility::Node nodeOf(const AccessibilityElementRef& element) {
-  const auto* simulated = dynamic_cast<const SimulatedElement*>(element.get());
+}  // namespace
+
+SimulatedAccessibility::Node SimulatedAccessibility::node(const AccessibilityElementRef& of) {
+  const auto* simulated = dynamic_cast<const SimulatedElement*>(of.get());
   return simulated == nullptr ? 0 : simulated->node;
 }
-
-}  // namespace
 
 SimulatedAccessibility::Node SimulatedAccessibility::applicationNode(std::int32_t processID) {
   const auto found = applications_.find(processID);
@@ -92,12 +91,12 @@ AccessibilityElementRef SimulatedAccessibility::element(Point at) {
 
 AccessibilityValue SimulatedAccessibility::copyAttribute(const AccessibilityElementRef& of,
                                                          std::string_view name) {
-  return isTrusted ? held(nodeOf(of), name) : AccessibilityValue();
+  return isTrusted ? held(node(of), name) : AccessibilityValue();
 }
 
 bool SimulatedAccessibility::setAttribute(const AccessibilityElementRef& of, std::string_view name,
                                           const AccessibilityValue& value) {
-  const Node node = nodeOf(of);
+  const Node node = SimulatedAccessibility::node(of);
   const auto content = contents_.find(node);
   const bool wasTaken = content != contents_.end() && isTaken(content->second, name);
   if (wasTaken) give(node, name, value);
@@ -107,12 +106,12 @@ bool SimulatedAccessibility::setAttribute(const AccessibilityElementRef& of, std
 }
 
 std::optional<std::int32_t> SimulatedAccessibility::owningProcess(const AccessibilityElementRef& of) {
-  const auto content = contents_.find(nodeOf(of));
+  const auto content = contents_.find(node(of));
   return content == contents_.end() ? std::nullopt : content->second.processID;
 }
 
 std::uint64_t SimulatedAccessibility::hash(const AccessibilityElementRef& of) {
-  const Node node = nodeOf(of);
+  const Node node = SimulatedAccessibility::node(of);
   const auto chosen = hashes_.find(node);
   return chosen == hashes_.end() ? node : chosen->second;
 }

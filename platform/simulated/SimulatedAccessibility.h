@@ -51,6 +51,11 @@ public:
   /// A reference to the element, for use in attributes. Works for removed elements too; null if the element
   /// never existed. Each call returns another object.
   [[nodiscard]] AccessibilityElementRef reference(Node node) const;
+  /// The id of the element that a reference refers to, removed or not; 0 if it is not from a tree or its
+  /// program was not running.
+  [[nodiscard]] static Node node(const AccessibilityElementRef& of);
+  /// Whether the element was added and not removed.
+  [[nodiscard]] bool has(Node node) const { return contents_.contains(node); }
   /// Sets what `hash` returns for the element; by default it is the node.
   void setHash(Node node, std::uint64_t hash);
   /// Makes the process of the element unknown.

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "app/windows/AXWindowProvider.h"
 #include "platform/simulated/SimulatedAccessibleDesktop.h"
+#include "tests/app/AccessibilityUnderTest.h"
 
 namespace tilwin {
 
@@ -37,7 +39,8 @@ struct AXWindowProviderTest : testing::Test {
   SimulatedAccessibility& tree = desktop.tree;
   std::int32_t editor = launch("Editor");
   Node opened = 0;
-  AXWindowProvider provider{desktop.tree, desktop.workspace, desktop.screens};
+  std::shared_ptr<Accessibility> accessibility = accessibilityOver(desktop.tree);
+  AXWindowProvider provider{*accessibility, desktop.workspace, desktop.screens};
 };
 
 }  // namespace tilwin

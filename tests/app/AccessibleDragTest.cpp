@@ -10,7 +10,7 @@ namespace tilwin {
 namespace {
 
 constexpr Rect start{100, 100, 800, 600};
-constexpr Rect leftHalf{0, 25, 720, 815};
+constexpr Rect halfAboveTheDock{0, 25, 720, 815};
 constexpr Point onTitleBar{400, 110};
 constexpr Point inLeftZone{2, 450};
 
@@ -50,10 +50,10 @@ TEST_F(AccessibleDrags, AWindowHeldByAnElementInItsTitleBarIsPreviewedSnappedAnd
   windows.tree.cover({100, 100, 800, 28}, title);
   hold(window);
   dragTo(inLeftZone);
-  EXPECT_EQ(desktop.sheet.visible(), leftHalf);
+  EXPECT_EQ(desktop.sheet.visible(), halfAboveTheDock);
   desktop.mouse.release();
   EXPECT_EQ(desktop.sheet.visible(), std::nullopt);
-  EXPECT_EQ(windows.standing(window), leftHalf);
+  EXPECT_EQ(windows.standing(window), halfAboveTheDock);
   desktop.keyboard.press({51, 6144});
   desktop.time.runDue();
   EXPECT_EQ(windows.standing(window), start);

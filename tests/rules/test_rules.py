@@ -2,6 +2,7 @@
 
 import pytest
 
+import places
 import texts
 import walls
 from source_tree import SourceTree
@@ -22,6 +23,9 @@ CLEAN = {
     "tests/core/RectTests.cpp": '#include <gtest/gtest.h>\n#include "core/geometry/Rect.h"\n',
     "fuzz/corpus/settings/broken": "{ \nTO" + "DO",
 }
+
+# What docs/macos.md says of the sample's one adapter to macOS.
+ROW = "| `import` | [Screens.mm:{line}](../platform/macos/Screens.mm#L{line}) | 2 |\n"
 
 # (what is broken, the rule that says so, the files, the place it names)
 SAMPLES = [
@@ -107,6 +111,11 @@ SAMPLES = [
      {"tests/app/A.cpp": "void a() {\n  GTEST_" + "SKIP() << 7;\n}\n"}, "tests/app/A.cpp:2"),
     ("a disabled test", "honest-tests",
      {"tests/app/A.cpp": "TEST(Menu, DISABLED" + "_Opens) {}\n"}, "tests/app/A.cpp:1"),
+    ("an operation of macOS is elsewhere", "places", {"docs/macos.md": "\n" + ROW.format(line=2)}, "docs/macos.md:2"),
+    ("an operation of macOS is gone", "places",
+     {"docs/macos.md": ROW.format(line=1), "platform/macos/Screens.mm": "// No import.\n"}, "docs/macos.md:1"),
+    ("an adapter to macOS is in no table", "places",
+     {"docs/macos.md": ROW.format(line=1), "platform/macos/A.cpp": "int a;\n"}, "platform/macos/A.cpp:1"),
 ]
 
 
@@ -115,7 +124,7 @@ def _reported(folder, files):
         (folder / path).parent.mkdir(parents=True, exist_ok=True)
         (folder / path).write_text(text)
     tree = SourceTree(folder)
-    return [finding for rule in [*walls.RULES, *texts.RULES] for finding in rule(tree)]
+    return [finding for rule in [*walls.RULES, *texts.RULES, *places.RULES] for finding in rule(tree)]
 
 
 def test_folders_that_may_include_each_other_in_a_ring_are_named():
@@ -132,3 +141,9 @@ def test_a_clean_tree_breaks_no_rule(tmp_path):
 def test_a_broken_rule_is_reported_once_where_it_is_broken(tmp_path, what, rule, files, place):
     found = _reported(tmp_path, files)
     assert [(f"{finding.file}:{finding.line}", finding.rule) for finding in found] == [(place, rule)], what
+
+
+def test_lines_of_operations_can_be_put_right(tmp_path):
+    _reported(tmp_path, {"docs/macos.md": ROW.format(line=7)})
+    places.mend(tmp_path)
+    assert (tmp_path / "docs/macos.md").read_text() == ROW.format(line=1)

@@ -15,7 +15,11 @@ public:
   Held() = default;
   Held(const Held& other) : object_([other.object_ retain]) {}
   Held(Held&& other) noexcept : object_(std::exchange(other.object_, nil)) {}
-  Held& operator=(Held other) noexcept {
+  Held& operator=(const Held& other) {
+    if (this != &other) *this = Held(other);
+    return *this;
+  }
+  Held& operator=(Held&& other) noexcept {
     std::swap(object_, other.object_);
     return *this;
   }

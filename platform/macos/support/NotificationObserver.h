@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "platform/macos/support/Action.h"
 #include "platform/macos/support/Held.h"
 
 namespace tilwin::macos {
@@ -19,7 +20,7 @@ public:
 
 private:
   Held<NSNotificationCenter*> center_;
-  Held<id> token_;
+  Held<TWAction*> observer_;
 };
 
 }  // namespace tilwin::macos

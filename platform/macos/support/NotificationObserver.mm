@@ -7,13 +7,10 @@ namespace tilwin::macos {
 NotificationObserver::NotificationObserver(NSNotificationCenter* center, NSString* name,
                                            std::function<void()> handler)
     : center_(retained(center)),
-      token_(retained([center addObserverForName:name
-                                          object:nil
-                                           queue:nil
-                                      usingBlock:^(NSNotification*) {
-                                        handler();
-                                      }])) {}
+      observer_(action([handler = std::move(handler)](id /*notification*/) { handler(); })) {
+  [center addObserver:observer_.get() selector:@selector(perform:) name:name object:nil];
+}
 
-NotificationObserver::~NotificationObserver() { [center_.get() removeObserver:token_.get()]; }
+NotificationObserver::~NotificationObserver() { [center_.get() removeObserver:observer_.get()]; }
 
 }  // namespace tilwin::macos

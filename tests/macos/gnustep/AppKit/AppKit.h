@@ -8,6 +8,7 @@
 #pragma clang diagnostic pop
 
 #include "tests/macos/gnustep/AccentColour.h"
+#include "tests/macos/gnustep/ActivationPolicy.h"
 #include "tests/macos/gnustep/EventMonitors.h"
 #include "tests/macos/gnustep/FileViewer.h"
 #include "tests/macos/gnustep/Names.h"

@@ -5,7 +5,6 @@
 /// The part of ServiceManagement that is used. Main thread.
 
 /// ServiceManagement, macOS 13.0.
-// NOLINTNEXTLINE(modernize-use-using): the form is the framework's.
 typedef NS_ENUM(NSInteger, SMAppServiceStatus) {
   SMAppServiceStatusNotRegistered = 0,
   SMAppServiceStatusEnabled = 1,

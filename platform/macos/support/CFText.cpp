@@ -1,0 +1,22 @@
+#include "platform/macos/support/CFText.h"
+
+namespace tilwin::macos {
+
+CFOwned<CFStringRef> cfText(std::string_view utf8) {
+  return created(CFStringCreateWithBytes(kCFAllocatorDefault, reinterpret_cast<const UInt8*>(utf8.data()),
+                                         static_cast<CFIndex>(utf8.size()), kCFStringEncodingUTF8, false));
+}
+
+std::string utf8(CFStringRef string) {
+  const auto convert = [string, all = CFRange{0, CFStringGetLength(string)}](UInt8* to, CFIndex capacity) {
+    CFIndex size = 0;
+    CFStringGetBytes(string, all, kCFStringEncodingUTF8, '?', false, to, capacity, &size);
+    return size;
+  };
+  const CFIndex size = convert(nullptr, 0);
+  std::string text(static_cast<std::size_t>(size), '\0');
+  convert(reinterpret_cast<UInt8*>(text.data()), size);
+  return text;
+}
+
+}  // namespace tilwin::macos
