@@ -8,8 +8,15 @@
 #pragma clang diagnostic pop
 
 #include "tests/macos/gnustep/AccentColour.h"
+#include "tests/macos/gnustep/Accessibility.h"
+#include "tests/macos/gnustep/AccessibilityLabel.h"
 #include "tests/macos/gnustep/ActivationPolicy.h"
+#include "tests/macos/gnustep/Alert.h"
+#include "tests/macos/gnustep/AlignmentRectangles.h"
+#include "tests/macos/gnustep/DrawnImage.h"
 #include "tests/macos/gnustep/EventMonitors.h"
 #include "tests/macos/gnustep/FileViewer.h"
 #include "tests/macos/gnustep/Names.h"
+#include "tests/macos/gnustep/SeparatorColour.h"
+#include "tests/macos/gnustep/StatusBar.h"
 #include "tests/macos/gnustep/TimerTolerance.h"

@@ -1,0 +1,30 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#include <optional>
+
+#include "platform/macos/menu/StatusMenu.h"
+#include "platform/macos/support/Held.h"
+#include "platform/ports/StatusItem.h"
+
+namespace tilwin::macos {
+
+/// The icon in the menu bar, which exists from `install` until this is destroyed. Both mouse buttons open its
+/// menu. Main thread only; the queue must exist as long as this does.
+class MacStatusItem final : public StatusItem {
+public:
+  explicit MacStatusItem(MainQueue& queue) : queue_(queue) {}
+  ~MacStatusItem() override;
+
+  void install(const TemplateImage& image, MenuMaker makeMenu, ChoiceHandler onChoice) override;
+  /// Does nothing before `install`.
+  void setVisible(bool visible) override;
+
+private:
+  MainQueue& queue_;
+  std::optional<StatusMenu> menu_;
+  Held<NSStatusItem*> item_;
+};
+
+}  // namespace tilwin::macos

@@ -1,0 +1,25 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#include <vector>
+
+#include "platform/macos/settings/KeptViews.h"
+#include "platform/macos/settings/Report.h"
+#include "platform/macos/settings/RowView.h"
+#include "platform/ports/FormModel.h"
+
+/// The rows of a group on a rounded sheet, beside the group's picture if it has one, or below it if there is
+/// not enough room. Rows of mere buttons stand without a sheet.
+@interface TWCardView : NSView {
+  tilwin::macos::Report report_;
+  tilwin::macos::Held<TWPictureView*> picture_;
+  tilwin::macos::KeptViews<TWRowView> rows_;
+  BOOL isBare_;
+}
+- (instancetype)initWithReport:(tilwin::macos::Report)report;
+- (void)displayModel:(const tilwin::FormGroup&)group;
+- (CGFloat)heightForWidth:(CGFloat)width;
+- (void)arrange;
+- (void)addKeyViewsTo:(std::vector<NSView*>&)views;
+@end

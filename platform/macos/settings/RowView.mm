@@ -1,0 +1,121 @@
+#include "platform/macos/settings/RowView.h"
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+
+using tilwin::FormButton;
+using tilwin::FormControl;
+using tilwin::FormRow;
+using tilwin::macos::addLabel;
+using tilwin::macos::LabelTone;
+using tilwin::macos::PictureScale;
+using tilwin::macos::Report;
+using tilwin::macos::RowColumns;
+using tilwin::macos::RowControl;
+using tilwin::macos::RowLayout;
+using tilwin::macos::RowParts;
+
+namespace {
+
+bool isButtonsOnly(const FormRow& row) {
+  const bool hasText = !row.title.empty() || !row.note.empty() || !row.problem.empty();
+  return !hasText && !row.picture && std::ranges::all_of(row.controls, [](const FormControl& control) {
+    return std::holds_alternative<FormButton>(control);
+  });
+}
+
+}  // namespace
+
+@implementation TWRowView
+
+- (instancetype)initWithReport:(Report)report {
+  self = [super initWithFrame:NSZeroRect];
+  if (self == nil) return nil;
+  report_ = std::move(report);
+  title_ = addLabel(self, LabelTone::title);
+  note_ = addLabel(self, LabelTone::secondary);
+  problem_ = addLabel(self, LabelTone::problem);
+  return self;
+}
+
+- (void)displayModel:(const FormRow&)row {
+  id_ = row.id;
+  tilwin::macos::updatePicture(picture_, row.picture, PictureScale::small, report_, self);
+  [title_.get() displayText:row.title];
+  tilwin::macos::updateControls(controls_, row, report_, self);
+  [note_.get() displayText:row.note];
+  [problem_.get() displayText:row.problem];
+  isBare_ = isButtonsOnly(row);
+}
+
+- (const std::string&)formId {
+  return id_;
+}
+
+- (RowColumns)wantedColumns {
+  RowColumns wanted;
+  if (std::ranges::none_of(controls_, &RowControl::stretches)) return wanted;
+  if (![title_.get() isHidden]) wanted.title = [title_.get() naturalWidth];
+  for (const auto& control : controls_) {
+    if (control.caption) wanted.caption = std::max(wanted.caption, [control.caption.get() naturalWidth]);
+  }
+  return wanted;
+}
+
+- (void)setColumns:(RowColumns)columns padding:(CGFloat)padding {
+  columns_ = columns;
+  padding_ = padding;
+}
+
+- (BOOL)isBare {
+  return isBare_;
+}
+
+- (RowLayout)layoutForWidth:(CGFloat)width {
+  return {{.picture = picture_.get(),
+           .title = title_.get(),
+           .note = note_.get(),
+           .problem = problem_.get(),
+           .controls = &controls_,
+           .columns = columns_,
+           .padding = padding_},
+          width};
+}
+
+- (CGFloat)heightForWidth:(CGFloat)width {
+  return [self layoutForWidth:width].height();
+}
+
+- (void)arrange {
+  const RowLayout layout = [self layoutForWidth:[self bounds].size.width];
+  for (const auto& [view, area] : layout.places()) tilwin::macos::place(view, area);
+}
+
+- (void)addKeyViewsTo:(std::vector<NSView*>&)views {
+  for (const auto& control : controls_) views.push_back([control.view.get() keyView]);
+}
+
+- (BOOL)isFlipped {
+  return YES;
+}
+
+@end
+
+namespace tilwin::macos {
+
+void updatePicture(Held<TWPictureView*>& view, const std::optional<FormPicture>& picture, PictureScale scale,
+                   const Report& report, NSView* parent) {
+  if (!picture) {
+    if (view) discard(view.get());
+    view = {};
+    return;
+  }
+  if (!view) {
+    view = owned([[TWPictureView alloc] initWithScale:scale report:report]);
+    [parent addSubview:view.get()];
+  }
+  [view.get() displayPicture:*picture];
+}
+
+}  // namespace tilwin::macos

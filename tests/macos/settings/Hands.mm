@@ -1,0 +1,258 @@
+#include "tests/macos/settings/Hands.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <chrono>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "platform/macos/support/Action.h"
+#include "platform/macos/support/Held.h"
+#include "tests/macos/desktop/EventLoop.h"
+
+namespace tilwin::macos {
+namespace {
+
+struct KeyCharacter {
+  unsigned short keyCode;
+  unichar character;
+};
+
+/// ANSI key codes, and what the keys type.
+constexpr std::array<KeyCharacter, 52> keyCharacters{{{0, 'a'},
+                                                      {1, 's'},
+                                                      {2, 'd'},
+                                                      {3, 'f'},
+                                                      {4, 'h'},
+                                                      {5, 'g'},
+                                                      {6, 'z'},
+                                                      {7, 'x'},
+                                                      {8, 'c'},
+                                                      {9, 'v'},
+                                                      {11, 'b'},
+                                                      {12, 'q'},
+                                                      {13, 'w'},
+                                                      {14, 'e'},
+                                                      {15, 'r'},
+                                                      {16, 'y'},
+                                                      {17, 't'},
+                                                      {18, '1'},
+                                                      {19, '2'},
+                                                      {20, '3'},
+                                                      {21, '4'},
+                                                      {22, '6'},
+                                                      {23, '5'},
+                                                      {25, '9'},
+                                                      {26, '7'},
+                                                      {28, '8'},
+                                                      {29, '0'},
+                                                      {31, 'o'},
+                                                      {32, 'u'},
+                                                      {34, 'i'},
+                                                      {35, 'p'},
+                                                      {36, '\r'},
+                                                      {37, 'l'},
+                                                      {38, 'j'},
+                                                      {40, 'k'},
+                                                      {44, '/'},
+                                                      {45, 'n'},
+                                                      {46, 'm'},
+                                                      {48, '\t'},
+                                                      {49, ' '},
+                                                      {51, 0x7f},
+                                                      {53, 0x1b},
+                                                      {115, NSHomeFunctionKey},
+                                                      {116, NSPageUpFunctionKey},
+                                                      {117, NSDeleteFunctionKey},
+                                                      {119, NSEndFunctionKey},
+                                                      {121, NSPageDownFunctionKey},
+                                                      {123, NSLeftArrowFunctionKey},
+                                                      {124, NSRightArrowFunctionKey},
+                                                      {125, NSDownArrowFunctionKey},
+                                                      {126, NSUpArrowFunctionKey},
+                                                      {50, '`'}}};
+
+constexpr std::array<std::pair<std::uint32_t, NSEventModifierFlags>, 4> modifierFlags{{
+    {HotKeySpec::cmd, NSEventModifierFlagCommand},
+    {HotKeySpec::shift, NSEventModifierFlagShift},
+    {HotKeySpec::option, NSEventModifierFlagOption},
+    {HotKeySpec::control, NSEventModifierFlagControl},
+}};
+
+NSEventModifierFlags flagsOf(std::uint32_t modifiers, bool capsLock) {
+  NSEventModifierFlags flags = capsLock ? NSAlphaShiftKeyMask : 0;
+  for (const auto& [bit, flag] : modifierFlags) {
+    if ((modifiers & bit) != 0) flags |= flag;
+  }
+  return flags;
+}
+
+unichar typedBy(std::uint32_t keyCode, bool shifted) {
+  const auto* const found = std::ranges::find(keyCharacters, keyCode, &KeyCharacter::keyCode);
+  if (found == keyCharacters.end()) throw std::logic_error("no such key");
+  if (!shifted || found->character > 0x7f) return found->character;
+  return static_cast<unichar>(std::toupper(found->character));
+}
+
+NSTimeInterval uptime() {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+constexpr NSTimeInterval pause = 0.012;
+
+/// Plays the events one by one, with pauses, also while AppKit is in a loop that tracks the mouse.
+class Playing {
+public:
+  explicit Playing(std::vector<Held<NSEvent*>> events)
+      : events_(std::move(events)), target_(action([this](id) { next(); })) {
+    monitor_ = retained([NSEvent addLocalMonitorForEventsMatchingMask:NSApplicationDefinedMask
+                                                              handler:^NSEvent*(NSEvent* event) {
+                                                                if ([event subtype] == mark) isOver_ = true;
+                                                                return event;
+                                                              }]);
+    timer_ = retained([NSTimer timerWithTimeInterval:pause
+                                              target:target_.get()
+                                            selector:@selector(perform:)
+                                            userInfo:nil
+                                             repeats:YES]);
+    for (NSString* mode in @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ]) {
+      [[NSRunLoop currentRunLoop] addTimer:timer_.get() forMode:mode];
+    }
+  }
+  Playing(const Playing&) = delete;
+  Playing& operator=(const Playing&) = delete;
+  ~Playing() {
+    [timer_.get() invalidate];
+    [NSEvent removeMonitor:monitor_.get()];
+  }
+
+  void play() {
+    if (!runEventLoopUntil([this] { return isOver_; })) throw std::logic_error("the events are not handled");
+  }
+
+private:
+  static constexpr short mark = 4711;
+
+  void next() {
+    if (position_ > events_.size()) return;
+    NSEvent* const event = position_ < events_.size() ? events_[position_].get() : marker();
+    ++position_;
+    [NSApp postEvent:event atStart:NO];
+  }
+  /// Handled when all before it are.
+  [[nodiscard]] static NSEvent* marker() {
+    return [NSEvent otherEventWithType:NSApplicationDefined
+                              location:NSZeroPoint
+                         modifierFlags:0
+                             timestamp:0
+                          windowNumber:0
+                               context:nil
+                               subtype:mark
+                                 data1:0
+                                 data2:0];
+  }
+
+  std::vector<Held<NSEvent*>> events_;
+  std::size_t position_ = 0;
+  bool isOver_ = false;
+  Held<TWAction*> target_;
+  Held<id> monitor_;
+  Held<NSTimer*> timer_;
+};
+
+void play(const std::vector<NSEvent*>& events) {
+  std::vector<Held<NSEvent*>> held;
+  for (NSEvent* const event : events) held.push_back(retained(event));
+  Playing(std::move(held)).play();
+}
+
+}  // namespace
+
+NSEvent* Hands::mouse(NSEventType type, NSPoint inWindow) const {
+  return [NSEvent mouseEventWithType:type
+                            location:inWindow
+                       modifierFlags:0
+                           timestamp:uptime()
+                        windowNumber:[window_ windowNumber]
+                             context:[window_ graphicsContext]
+                         eventNumber:0
+                          clickCount:1
+                            pressure:1];
+}
+
+void Hands::click(NSPoint inWindow) const { drag({inWindow}); }
+
+void Hands::drag(const std::vector<NSPoint>& inWindow) const {
+  const AutoreleasePool pool;
+  std::vector<NSEvent*> events{mouse(NSLeftMouseDown, inWindow.front())};
+  for (std::size_t index = 1; index < inWindow.size(); ++index) {
+    events.push_back(mouse(NSLeftMouseDragged, inWindow[index]));
+  }
+  events.push_back(mouse(NSLeftMouseUp, inWindow.back()));
+  play(events);
+}
+
+void Hands::buttonDown(NSPoint inWindow) const { play({mouse(NSLeftMouseDown, inWindow)}); }
+
+void Hands::moveHolding(NSPoint inWindow) const { play({mouse(NSLeftMouseDragged, inWindow)}); }
+
+void Hands::buttonUp(NSPoint inWindow) const { play({mouse(NSLeftMouseUp, inWindow)}); }
+
+NSEvent* Hands::key(NSEventType type, const HotKeySpec& keys, bool capsLock, bool repeats) const {
+  const bool shifted = (keys.modifiers & HotKeySpec::shift) != 0;
+  const unichar character = typedBy(keys.keyCode, shifted || capsLock);
+  const unichar plain = typedBy(keys.keyCode, shifted);
+  return [NSEvent keyEventWithType:type
+                          location:NSZeroPoint
+                     modifierFlags:flagsOf(keys.modifiers, capsLock)
+                         timestamp:uptime()
+                      windowNumber:[window_ windowNumber]
+                           context:[window_ graphicsContext]
+                        characters:[NSString stringWithCharacters:&character length:1]
+       charactersIgnoringModifiers:[NSString stringWithCharacters:&plain length:1]
+                         isARepeat:repeats
+                           keyCode:static_cast<unsigned short>(keys.keyCode)];
+}
+
+void Hands::pressKeys(const HotKeySpec& keys, bool capsLock, int repeats) const {
+  const AutoreleasePool pool;
+  std::vector<NSEvent*> events{key(NSKeyDown, keys, capsLock, false)};
+  for (int time = 0; time < repeats; ++time) events.push_back(key(NSKeyDown, keys, capsLock, true));
+  events.push_back(key(NSKeyUp, keys, capsLock, false));
+  play(events);
+}
+
+NSEvent* Hands::flagsChanged(unsigned short keyCode, NSEventModifierFlags flags) const {
+  return [NSEvent keyEventWithType:NSFlagsChanged
+                          location:NSZeroPoint
+                     modifierFlags:flags
+                         timestamp:uptime()
+                      windowNumber:[window_ windowNumber]
+                           context:[window_ graphicsContext]
+                        characters:@""
+       charactersIgnoringModifiers:@""
+                         isARepeat:NO
+                           keyCode:keyCode];
+}
+
+void Hands::pressModifiersAlone() const {
+  const AutoreleasePool pool;
+  constexpr std::array<unsigned short, 4> keyCodes{55, 56, 58, 59};
+  std::vector<NSEvent*> events;
+  for (std::size_t index = 0; index < keyCodes.size(); ++index) {
+    events.push_back(flagsChanged(keyCodes.at(index), modifierFlags.at(index).second));
+    events.push_back(flagsChanged(keyCodes.at(index), 0));
+  }
+  play(events);
+}
+
+void Hands::type(char character) const {
+  const auto* const found =
+      std::ranges::find(keyCharacters, static_cast<unichar>(character), &KeyCharacter::character);
+  if (found == keyCharacters.end()) throw std::logic_error("no key types that");
+  pressKeys({found->keyCode, 0});
+}
+
+}  // namespace tilwin::macos
