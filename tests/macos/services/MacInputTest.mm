@@ -11,6 +11,7 @@
 #include "tests/macos/desktop/MacDesktop.h"
 #include "tests/macos/gnustep/EventsElsewhere.h"
 #include "tests/macos/gnustep/ScreensElsewhere.h"
+#include "tests/macos/services/Living.h"
 
 namespace tilwin::macos {
 namespace {
@@ -128,12 +129,15 @@ TEST_F(MacPointerTest, WhatALocalMonitorSawReachesTheWindowUnchanged) {
 
 TEST_F(MacPointerTest, AMonitorGoesWithItsToken) {
   const auto before = eventMonitors();
+  const Living living({"TWEventMonitor"});
   auto local = pointer.addLocal(up, note());
   auto global = pointer.addGlobal(up, note());
   EXPECT_EQ(eventMonitors(), before + 2);
+  EXPECT_EQ(living.count(), 2);
   local.reset();
   global.reset();
   EXPECT_EQ(eventMonitors(), before);
+  EXPECT_EQ(living.count(), 0);
   clickHere();
   clickElsewhere();
   EXPECT_EQ(seen, std::vector<PointerEvent>());

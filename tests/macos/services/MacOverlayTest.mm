@@ -9,6 +9,7 @@
 #include "tests/contract/OverlayContract.h"
 #include "tests/macos/desktop/EventLoop.h"
 #include "tests/macos/desktop/MacDesktop.h"
+#include "tests/macos/services/Living.h"
 
 namespace tilwin::macos {
 namespace {
@@ -178,18 +179,16 @@ TEST_F(MacOverlayTest, IsATranslucentSheetWithABorderAndRoundCorners) {
 }
 
 TEST_F(MacOverlayTest, LeavesNoWindowBehind) {
-  GSDebugAllocationActive(YES);
-  const auto living = [] { return GSDebugAllocationCount([TWOverlayView class]); };
-  const auto before = living();
+  const Living living({"TWOverlayView", "NSWindow"});
   for (int time = 0; time < 3; ++time) {
     const AutoreleasePool inner;
     MacOverlay other;
     other.show(sheet);
-    EXPECT_EQ(living(), before + 1);
+    EXPECT_EQ(living.count(), 2);
     other.hide();
     other.show(sheet);
   }
-  EXPECT_EQ(living(), before);
+  EXPECT_EQ(living.count(), 0);
   EXPECT_EQ(overlayWindows(), std::vector<NSWindow*>());
 }
 

@@ -4,6 +4,7 @@
 #include "tests/contract/ScreensContract.h"
 #include "tests/macos/desktop/MacDesktop.h"
 #include "tests/macos/gnustep/ScreensElsewhere.h"
+#include "tests/macos/services/Living.h"
 
 namespace tilwin::macos {
 namespace {
@@ -82,6 +83,7 @@ TEST_F(MacScreensTest, TheHeightIsThatOfTheFirstScreenAndZeroWithoutOne) {
 TEST_F(MacScreensTest, AChangeIsToldOnlyToTheLatestHandlerAndOnlyWhileTheAdapterLives) {
   int first = 0;
   int second = 0;
+  const Living living({"TWAction"});
   {
     MacScreenChanges changes;
     connectScreens({});
@@ -92,7 +94,9 @@ TEST_F(MacScreensTest, AChangeIsToldOnlyToTheLatestHandlerAndOnlyWhileTheAdapter
     for (int change = 0; change < 3; ++change) connectScreens({appKitScreen(primary)});
     EXPECT_EQ(first, 1);
     EXPECT_EQ(second, 2);
+    EXPECT_EQ(living.count(), 1);
   }
+  EXPECT_EQ(living.count(), 0);
   connectScreens({});
   EXPECT_EQ(second, 2);
 }
