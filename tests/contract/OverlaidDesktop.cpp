@@ -58,20 +58,15 @@ std::string OverlaidDesktop::wrong(const std::vector<Spot>& spots) {
   return {};
 }
 
-std::vector<WindowId> OverlaidDesktop::inView() {
+int OverlaidDesktop::windows() {
   auto& witness = desktop().connection();
   const XcbPtr<xcb_query_tree_reply_t> tree(
       xcb_query_tree_reply(witness.get(), xcb_query_tree(witness.get(), witness.root()), nullptr));
-  std::vector<WindowId> result;
-  for (int index = 0; index < xcb_query_tree_children_length(tree.get()); ++index) {
-    const auto window = xcb_query_tree_children(tree.get())[index];
-    if (desktop().viewable(window)) result.push_back(window);
-  }
-  return result;
+  return tree->children_len;
 }
 
 std::optional<WindowId> OverlaidDesktop::sheetWindow() {
-  for (const auto window : inView()) {
+  for (const auto window : desktop().inView()) {
     if (desktop().wmClass(window).second == "Tilwin") return window;
   }
   return std::nullopt;

@@ -29,6 +29,12 @@ public:
 
   OverlaidDesktop(desktop::Manager manager, bool compositing);
 
+  /// One without a compositor, which serves all tests that change nothing of it.
+  static OverlaidDesktop& plain() {
+    static OverlaidDesktop desk(desktop::Manager::openbox, false);
+    return desk;
+  }
+
   desktop::Session& session() { return session_; }
   desktop::Desktop& desktop() { return session_.desktop(); }
   X11Overlay& overlay() { return *overlay_; }
@@ -39,8 +45,8 @@ public:
   /// Fails unless all these pixels have their colours, after a compositor has had time to paint.
   void expect(const std::vector<Spot>& spots);
 
-  /// The visible children of the root window, bottom to top.
-  std::vector<desktop::WindowId> inView();
+  /// How many children the root window has, visible or not.
+  int windows();
   /// The overlay's window, if it is visible.
   std::optional<desktop::WindowId> sheetWindow();
   /// The child of the root window that covers the background.
@@ -62,7 +68,7 @@ private:
   std::optional<X11Overlay> overlay_;
 };
 
-/// An overlay on a desktop without a compositor; one desktop serves all tests.
+/// An overlay on a desktop without a compositor.
 class ShownOverlay : public testing::Test {
 protected:
   void TearDown() override { desk_.overlay().hide(); }
@@ -74,14 +80,9 @@ protected:
     EXPECT_TRUE(window.waitUntil([&] { return !window.recorded().buttons.empty(); }));
   }
 
-  static OverlaidDesktop& plainDesk() {
-    static OverlaidDesktop desk(desktop::Manager::openbox, false);
-    return desk;
-  }
-
   static constexpr Rect sheet{100, 80, 400, 300};
 
-  OverlaidDesktop& desk_ = plainDesk();
+  OverlaidDesktop& desk_ = OverlaidDesktop::plain();
 };
 
 }  // namespace tilwin::x11

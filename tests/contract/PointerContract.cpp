@@ -124,7 +124,7 @@ TEST_P(PointerContract, ThePositionIsThatOfThePointer) {
   EXPECT_EQ(pointer.position(), there);
 }
 
-TEST_P(PointerContract, ADragThatIsCalledOffIsTold) {
+TEST_P(CancelledDragContract, ADragThatIsCalledOffIsTold) {
   int calledOff = 0;
   const auto token = pointer.addCancelled([&] { ++calledOff; });
   watch(down);

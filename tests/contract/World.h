@@ -75,7 +75,7 @@ public:
   virtual void buttonDown() = 0;
   virtual void buttonUp() = 0;
   virtual void movePointer(Point to) = 0;
-  /// The user cancels the current drag in the way this desktop offers.
+  /// The user cancels the current drag in the way this desktop offers, if it offers one.
   virtual void callOffDrag() = 0;
   /// A panel reserves this many points at the top of the primary display.
   virtual void takeRoomAtTop(double points) = 0;
@@ -173,6 +173,9 @@ protected:
   std::vector<PointerEvent> seen;
   std::vector<std::unique_ptr<PointerMonitor::Token>> tokens;
 };
+
+/// For desktops where the user can cancel a drag.
+class CancelledDragContract : public PointerContract {};
 
 class ScreenChangesContract : public Contract {};
 

@@ -167,6 +167,7 @@ INSTANTIATE_TEST_SUITE_P(X11, ReportedFrameContract, testing::Values(&makeX11Wor
 INSTANTIATE_TEST_SUITE_P(X11, HotKeysContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, MainQueueContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, PointerContract, testing::Values(&makeX11World));
+INSTANTIATE_TEST_SUITE_P(X11, CancelledDragContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, ScreenChangesContract, testing::Values(&makeX11World));
 
 }  // namespace tilwin::contract

@@ -81,7 +81,7 @@ MAY_INCLUDE = {
     "tests/app": ([CORE, PORTS, "platform/simulated", "app", "tests"], [*TEST_TOOLS, "json"]),
     "tests/x11": ([CORE, PORTS, "platform/x11", "tests"], [*TEST_TOOLS, "xcb"]),
     "tests/ui": ([CORE, PORTS, "platform/qt", "platform/simulated", "app", "tests"], [*TEST_TOOLS, "qt"]),
-    "tests/macos": (["core", "platform", "app", "tests"], [*TEST_TOOLS, "apple", "objc"]),
+    "tests/macos": (["core", "platform", "app", "tests"], [*TEST_TOOLS, "apple", "objc", "xcb"]),
     "tests/contract": (["core", "platform", "app", "tests"], [*TEST_TOOLS, "xcb", "qt"]),
     "tests/desktop": (["core/geometry", "tests"], [*TEST_TOOLS, "linux", "xcb", "qt"]),
     # Layouts on real desktops, placed from within the test.

@@ -25,6 +25,17 @@ std::vector<WindowId> Desktop::stacking() {
   return connection_.numbers(connection_.root(), "_NET_CLIENT_LIST_STACKING");
 }
 
+std::vector<WindowId> Desktop::inView() {
+  auto* xcb = connection_.get();
+  const XcbPtr<xcb_query_tree_reply_t> tree(
+      xcb_query_tree_reply(xcb, xcb_query_tree(xcb, connection_.root()), nullptr));
+  if (tree == nullptr) return {};
+  const WindowId* bottom = xcb_query_tree_children(tree.get());
+  std::vector<WindowId> windows(bottom, bottom + xcb_query_tree_children_length(tree.get()));
+  std::erase_if(windows, [this](WindowId window) { return !viewable(window); });
+  return windows;
+}
+
 std::optional<WindowId> Desktop::newest(const std::function<bool(WindowId)>& fits) {
   const auto windows = clients();
   const auto found = std::find_if(windows.rbegin(), windows.rend(), fits);

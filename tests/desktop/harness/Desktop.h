@@ -43,6 +43,8 @@ public:
   /// The managed windows, oldest first; and bottom to top.
   std::vector<WindowId> clients();
   std::vector<WindowId> stacking();
+  /// The visible children of the root window, managed or not, bottom to top.
+  std::vector<WindowId> inView();
   /// The newest managed window of a class (either half of WM_CLASS) or process (_NET_WM_PID).
   std::optional<WindowId> windowOfClass(const std::string& name);
   std::optional<WindowId> windowOfProcess(pid_t pid);

@@ -29,6 +29,17 @@ void copyClass(Class from, void** to) {
   std::copy_n(reinterpret_cast<void* const*>(from), wordsOfClass, to);
 }
 
+/// The beginning of every block, as clang lays it out.
+struct BlockHeader {
+  void* mark;
+  unsigned flags;
+};
+
+bool isOnHeap(id block) {
+  constexpr unsigned needsFree = 1U << 24U;
+  return (reinterpret_cast<const BlockHeader*>(block)->flags & needsFree) != 0;
+}
+
 }  // namespace
 
 /// A block that lives as long as its program, or as its scope: ownership means nothing to it.
@@ -58,6 +69,7 @@ void copyClass(Class from, void** to) {
 
 @end
 
+/// Also the class of most copies on the heap, whose mark the runtime leaves as it was on the stack.
 @interface TWStackBlock : TWGlobalBlock
 @end
 
@@ -66,26 +78,26 @@ void copyClass(Class from, void** to) {
 + (void)load {
   copyClass(self, _NSConcreteStackBlock);
 }
+- (id)retain {
+  return isOnHeap(self) ? reinterpret_cast<id>(_Block_copy(self)) : self;
+}
+- (oneway void)release {
+  if (isOnHeap(self)) _Block_release(self);
+}
+- (id)autorelease {
+  if (isOnHeap(self)) [NSAutoreleasePool addObject:self];
+  return self;
+}
 
 @end
 
-@interface TWMallocBlock : TWGlobalBlock
+@interface TWMallocBlock : TWStackBlock
 @end
 
 @implementation TWMallocBlock
 
 + (void)load {
   copyClass(self, _NSConcreteMallocBlock);
-}
-- (id)retain {
-  return reinterpret_cast<id>(_Block_copy(self));
-}
-- (oneway void)release {
-  _Block_release(self);
-}
-- (id)autorelease {
-  [NSAutoreleasePool addObject:self];
-  return self;
 }
 
 @end

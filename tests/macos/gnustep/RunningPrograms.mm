@@ -61,7 +61,7 @@ NSRunningApplication* object(const ProgramElsewhere& program) {
 
 + (void)load {
   const tilwin::macos::AutoreleasePool pool;
-  for (const SEL each : { @selector(frontmostApplication), @selector(runningApplications) }) {
+  for (SEL each : { @selector(frontmostApplication), @selector(runningApplications) }) {
     method_setImplementation(class_getInstanceMethod([NSWorkspace class], each),
                              class_getMethodImplementation(self, each));
   }

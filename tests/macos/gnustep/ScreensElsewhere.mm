@@ -49,8 +49,8 @@ void post() {
 
 + (void)load {
   const tilwin::macos::AutoreleasePool pool;
-  const Method original = class_getClassMethod([NSScreen class], @selector(screens));
-  const Method replacement = class_getClassMethod(self, @selector(screens));
+  Method original = class_getClassMethod([NSScreen class], @selector(screens));
+  Method replacement = class_getClassMethod(self, @selector(screens));
   screensOfServer =
       reinterpret_cast<Screens>(method_setImplementation(original, method_getImplementation(replacement)));
 }

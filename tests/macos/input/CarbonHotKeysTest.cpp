@@ -49,6 +49,7 @@ INSTANTIATE_TEST_SUITE_P(MacOS, HotKeysContract, testing::Values(&makeMacHotKeys
 // No window of this world limits its size.
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ReportedFrameContract);
 // These adapters need AppKit.
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(CancelledDragContract);
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(MainQueueContract);
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(PointerContract);
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ScreenChangesContract);

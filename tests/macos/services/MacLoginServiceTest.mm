@@ -1,5 +1,8 @@
 #include "platform/macos/system/MacLoginService.h"
 
+#include <array>
+#include <utility>
+
 #include "platform/macos/support/Held.h"
 #include "tests/contract/SystemContract.h"
 #include "tests/macos/gnustep/LoginItems.h"
@@ -32,13 +35,13 @@ struct MacLoginServiceTest : testing::Test {
 };
 
 TEST_F(MacLoginServiceTest, EachStatusOfTheSystemIsTold) {
-  const std::pair<SMAppServiceStatus, Status> statuses[] = {
+  constexpr std::array<std::pair<SMAppServiceStatus, Status>, 5> statuses{{
       {SMAppServiceStatusNotRegistered, Status::notRegistered},
       {SMAppServiceStatusEnabled, Status::enabled},
       {SMAppServiceStatusRequiresApproval, Status::requiresApproval},
       {SMAppServiceStatusNotFound, Status::notFound},
       {SMAppServiceStatus(17), Status::notFound},
-  };
+  }};
   for (const auto& [given, told] : statuses) {
     loginItems().status = given;
     EXPECT_EQ(service.status(), told);

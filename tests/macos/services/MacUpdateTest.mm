@@ -5,6 +5,7 @@
 #include "platform/macos/system/MacUpdateFramework.h"
 #include "tests/contract/SystemContract.h"
 #include "tests/macos/gnustep/sparkle/SPUUpdater.h"
+#include "tests/macos/services/Living.h"
 #include "tests/macos/services/TestBundle.h"
 
 namespace tilwin::macos {
@@ -22,7 +23,7 @@ Class sparkle() { return NSClassFromString(@"SPUStandardUpdaterController"); }
 struct MacUpdateTest : testing::Test {
   void TearDown() override { [sparkle() setRefusal:nil]; }
 
-  SPUStandardUpdaterController* its() { return [sparkle() latest]; }
+  static SPUStandardUpdaterController* its() { return [sparkle() latest]; }
 
   AutoreleasePool pool;
   MacUpdateFramework framework{completeProgram().bundle()};
@@ -77,11 +78,14 @@ TEST_F(MacUpdateTest, NoCheckStartsDuringAnother) {
 
 TEST_F(MacUpdateTest, SaysNothingMoreOnceItIsDestroyedAndOwnsNothing) {
   int told = 0;
+  const Living living({"TWKeyObserver"});
   controller->onCanCheckForUpdates([&](bool) { ++told; });
   const auto updater = retained([its() updater]);
-  const int living = [sparkle() living];
+  EXPECT_EQ(living.count(), 1);
+  const int controllers = [sparkle() living];
   controller.reset();
-  EXPECT_EQ([sparkle() living], living - 1);
+  EXPECT_EQ(living.count(), 0);
+  EXPECT_EQ([sparkle() living], controllers - 1);
   [updater.get() becomeAbleToCheck:YES];
   EXPECT_EQ(told, 1);
 }

@@ -1,0 +1,31 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <vector>
+
+namespace tilwin::macos {
+
+/// Counts the objects of classes that have been made and not yet freed since this was. LeakSanitizer does not
+/// see them: it is told to ignore what the runtime allocates.
+class Living {
+public:
+  explicit Living(std::vector<const char*> classes) : classes_(std::move(classes)) {
+    GSDebugAllocationActive(YES);
+    before_ = all();
+  }
+
+  [[nodiscard]] long count() const { return all() - before_; }
+
+private:
+  [[nodiscard]] long all() const {
+    long sum = 0;
+    for (const char* each : classes_) sum += GSDebugAllocationCount(objc_getClass(each));
+    return sum;
+  }
+
+  std::vector<const char*> classes_;
+  long before_ = 0;
+};
+
+}  // namespace tilwin::macos
