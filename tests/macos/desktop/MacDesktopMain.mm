@@ -29,12 +29,6 @@ desktop::Session& macDesktop() { return *session; }
 
 }  // namespace tilwin::macos
 
-// What these libraries allocate when they are loaded stays until the end.
-extern "C" const char* __lsan_default_suppressions() {  // NOLINT: the name is LeakSanitizer's
-  return "leak:libobjc.so\nleak:libgnustep-base.so\nleak:libgnustep-gui.so\nleak:libgnustep-back\nleak:"
-         "libfontconfig.so\n";
-}
-
 int main(int argc, char** argv) {
   const tilwin::desktop::EndOnSignal endOnSignal;
   testing::InitGoogleTest(&argc, argv);
