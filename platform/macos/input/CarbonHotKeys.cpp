@@ -27,7 +27,7 @@ struct CarbonHotKeys::Registration {
   Registration& operator=(const Registration&) = delete;
   ~Registration() { UnregisterEventHotKey(reference); }
 
-  const EventHotKeyRef reference;
+  EventHotKeyRef reference;
   const std::uint32_t id;
 };
 

@@ -17,6 +17,8 @@ namespace tilwin::macos {
 class CarbonHotKeys final : public HotKeys {
 public:
   CarbonHotKeys();
+  CarbonHotKeys(const CarbonHotKeys&) = delete;
+  CarbonHotKeys& operator=(const CarbonHotKeys&) = delete;
   ~CarbonHotKeys() override;
 
   std::optional<Reference> add(const HotKeySpec& spec, const HotKeyIdentity& identity) override;

@@ -14,7 +14,12 @@ public:
   CFOwned() = default;
   CFOwned(const CFOwned& other) : CFOwned(retained(other.object_)) {}
   CFOwned(CFOwned&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-  CFOwned& operator=(CFOwned other) noexcept {
+  CFOwned& operator=(const CFOwned& other) {
+    CFOwned copy(other);
+    std::swap(object_, copy.object_);
+    return *this;
+  }
+  CFOwned& operator=(CFOwned&& other) noexcept {
     std::swap(object_, other.object_);
     return *this;
   }

@@ -20,7 +20,7 @@ CFOwned<CFDataRef> bytes(std::string_view blob) {
 bool store(CFStringRef key, std::string_view blob) {
   const auto before = storedValue(key);
   CFPreferencesSetAppValue(key, bytes(blob).get(), kCFPreferencesCurrentApplication);
-  if (CFPreferencesAppSynchronize(kCFPreferencesCurrentApplication)) return true;
+  if (CFPreferencesAppSynchronize(kCFPreferencesCurrentApplication) != 0) return true;
   // Otherwise the new value stays in the cache and is written later.
   CFPreferencesSetAppValue(key, before.get(), kCFPreferencesCurrentApplication);
   return false;

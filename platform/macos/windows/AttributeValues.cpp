@@ -35,12 +35,12 @@ AccessibilityValue flagValue(CFTypeRef of) { return CFBooleanGetValue(static_cas
 AccessibilityValue geometryValue(CFTypeRef of) {
   const auto value = static_cast<AXValueRef>(of);
   CGPoint point{};
-  if (AXValueGetValue(value, kAXValueTypeCGPoint, &point) && std::isfinite(point.x) &&
+  if (AXValueGetValue(value, kAXValueTypeCGPoint, &point) != 0 && std::isfinite(point.x) &&
       std::isfinite(point.y)) {
     return Point{point.x, point.y};
   }
   CGSize size{};
-  if (AXValueGetValue(value, kAXValueTypeCGSize, &size) && std::isfinite(size.width) &&
+  if (AXValueGetValue(value, kAXValueTypeCGSize, &size) != 0 && std::isfinite(size.width) &&
       std::isfinite(size.height)) {
     return Size{size.width, size.height};
   }

@@ -4,6 +4,7 @@
 /// on macOS, clang refuses what is newer than the deployment target outside an availability check.
 
 #if defined(__clang__)
+// NOLINTNEXTLINE(bugprone-macro-parentheses): the attribute takes none.
 #define INTRODUCED(version) __attribute__((availability(macos, introduced = version)))
 #else
 #define INTRODUCED(version)

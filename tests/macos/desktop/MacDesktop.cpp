@@ -22,9 +22,3 @@ MacDesktop::MacDesktop() {
 MacDesktop::~MacDesktop() { session = nullptr; }
 
 }  // namespace tilwin::macos
-
-// What these libraries allocate when they are loaded stays until the end.
-extern "C" const char* __lsan_default_suppressions() {  // NOLINT: the name is LeakSanitizer's
-  return "leak:libobjc.so\nleak:libgnustep-base.so\nleak:libgnustep-gui.so\nleak:libgnustep-back\n"
-         "leak:libfontconfig.so\n";
-}

@@ -68,6 +68,16 @@ TEST_F(HungProgram, AMoveOfAWindowWhoseProgramHangsMeanwhileEndsAfterFourWaits) 
   EXPECT_EQ(waitOf([&] { EXPECT_FALSE(provider.setFrame(id, {0, 0, 500, 500})); }), 4 * wait);
 }
 
+TEST_F(HungProgram, AMoveEndsAfterFiveWaitsAtMost) {
+  desktop.tree.give(desktop.tree.applicationNode(hung), "AXEnhancedUserInterface", true);
+  const auto id = provider.focusedWindow().value().id;
+  int questions = 0;
+  programs.onQuestion = [&](auto) {
+    if (++questions == 2) programs.hang(hung);
+  };
+  EXPECT_EQ(waitOf([&] { EXPECT_FALSE(provider.setFrame(id, {0, 0, 500, 500})); }), 5 * wait);
+}
+
 TEST_F(HungProgram, ItsFrameIsSoughtForTwoWaitsAndAWindowUnderThePointerForOne) {
   const auto id = provider.focusedWindow().value().id;
   programs.hang(hung);

@@ -8,8 +8,8 @@
 
 #include "tests/macos/c/Introduced.h"
 
-// NOLINTBEGIN(readability-identifier-naming, modernize-use-using): the names and the language are those of
 // the system.
+// NOLINTBEGIN(modernize-use-using): the language is that of the system.
 extern "C" {
 
 typedef const struct __AXUIElement* AXUIElementRef;
@@ -74,4 +74,4 @@ extern const CFStringRef kAXTrustedCheckOptionPrompt INTRODUCED(10.9);
 Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options) INTRODUCED(10.9);
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming, modernize-use-using)
+// NOLINTEND(modernize-use-using)

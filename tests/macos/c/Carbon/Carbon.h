@@ -7,8 +7,8 @@
 
 #include "tests/macos/c/Introduced.h"
 
-// NOLINTBEGIN(readability-identifier-naming, modernize-use-using): the names and the language are those of
 // the system.
+// NOLINTBEGIN(modernize-use-using): the language is that of the system.
 extern "C" {
 
 typedef unsigned long ByteCount;
@@ -69,4 +69,4 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
     INTRODUCED(10.0);
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming, modernize-use-using)
+// NOLINTEND(modernize-use-using)

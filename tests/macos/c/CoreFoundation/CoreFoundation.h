@@ -8,8 +8,8 @@
 
 #include "tests/macos/c/Introduced.h"
 
-// NOLINTBEGIN(readability-identifier-naming, modernize-use-using): the names and the language are those of
 // the system.
+// NOLINTBEGIN(modernize-use-using): the language is that of the system.
 extern "C" {
 
 typedef unsigned char Boolean;
@@ -142,4 +142,4 @@ void CFPreferencesSetAppValue(CFStringRef key, CFPropertyListRef value, CFString
 Boolean CFPreferencesAppSynchronize(CFStringRef applicationID) INTRODUCED(10.0);
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming, modernize-use-using)
+// NOLINTEND(modernize-use-using)

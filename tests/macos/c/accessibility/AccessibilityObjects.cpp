@@ -11,6 +11,7 @@ struct ObjectMaker {
   CFTypeRef operator()(const AccessibilityElementRef& of) const { return makeElement(of); }
   CFTypeRef operator()(const std::vector<AccessibilityElementRef>& of) const {
     std::vector<CFTypeRef> elements;
+    elements.reserve(of.size());
     for (const auto& each : of) elements.push_back(makeElement(each));
     const CFTypeRef array = objects().make<ArrayObject>(elements, true);
     for (const CFTypeRef element : elements) CFRelease(element);

@@ -30,7 +30,6 @@ CFTypeRef makeAnswer(const ElementObject& element, const std::string& attribute)
 
 }  // namespace
 
-// NOLINTBEGIN(readability-identifier-naming): the names are those of the system.
 extern "C" {
 
 CFTypeID AXUIElementGetTypeID() { return elementType; }
@@ -114,4 +113,3 @@ AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float seconds) {
 }
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming)

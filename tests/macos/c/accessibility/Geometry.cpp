@@ -32,7 +32,7 @@ struct GeometryWriter {
 
 }  // namespace
 
-// NOLINTBEGIN(readability-identifier-naming): the names are those of the system.
+// NOLINTBEGIN(readability-implicit-bool-conversion): the Boolean of the system is a number.
 extern "C" {
 
 CFTypeID AXValueGetTypeID() { return geometryType; }
@@ -56,4 +56,4 @@ Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* to) {
 }
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming)
+// NOLINTEND(readability-implicit-bool-conversion)

@@ -5,7 +5,7 @@
 
 using tilwin::macos::c::AccessiblePrograms;
 
-// NOLINTBEGIN(readability-identifier-naming): the names are those of the system.
+// NOLINTBEGIN(readability-implicit-bool-conversion): the Boolean of the system is a number.
 extern "C" {
 
 const CFStringRef kAXTrustedCheckOptionPrompt =
@@ -26,4 +26,4 @@ Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options) {
 }
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming)
+// NOLINTEND(readability-implicit-bool-conversion)

@@ -56,7 +56,7 @@ EventManager& EventManager::shared() {
 }
 
 std::optional<EventHotKeyID> EventManager::identityOf(const HotKeySpec& spec) const {
-  for (const EventHotKeyRef reference : hotKeys_) {
+  for (auto* const reference : hotKeys_) {
     const auto* const hotKey = objects().used<HotKeyObject>(reference, "the event manager");
     if (hotKey == nullptr || hotKey->spec.keyCode != spec.keyCode) continue;
     if ((hotKey->spec.modifiers & allModifiers) == (spec.modifiers & allModifiers)) return hotKey->identity;
@@ -73,10 +73,11 @@ bool EventManager::hasHandler(EventHandlerUPP function, const void* userData) co
 
 OSStatus EventManager::send(const Event& event) const {
   // A copy, because a handler may remove itself.
-  const auto handlers = handlers_;
+  auto handlers = handlers_;
+  std::reverse(handlers.begin(), handlers.end());
   Event sent = event;
-  for (auto reference = handlers.rbegin(); reference != handlers.rend(); ++reference) {
-    const auto* const handler = objects().used<HandlerObject>(*reference, "the event manager");
+  for (auto* const reference : handlers) {
+    const auto* const handler = objects().used<HandlerObject>(reference, "the event manager");
     if (handler == nullptr || !handles(*handler, event)) continue;
     const OSStatus answer = handler->function(nullptr, reinterpret_cast<EventRef>(&sent), handler->userData);
     if (answer != eventNotHandledErr) return answer;
@@ -86,9 +87,8 @@ OSStatus EventManager::send(const Event& event) const {
 
 }  // namespace tilwin::macos::c
 
-using namespace tilwin::macos::c;  // NOLINT(google-build-using-namespace)
+using namespace tilwin::macos::c;
 
-// NOLINTBEGIN(readability-identifier-naming): the names are those of the system.
 extern "C" {
 
 EventTargetRef GetApplicationEventTarget() {
@@ -146,4 +146,3 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
 }
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming)

@@ -12,7 +12,7 @@ void releaseEntry(CFAllocatorRef, const void* entry) { CFRelease(entry); }
 
 }  // namespace
 
-// NOLINTBEGIN(readability-identifier-naming): the names are those of the system.
+// NOLINTBEGIN(readability-implicit-bool-conversion): the Boolean of the system is a number.
 extern "C" {
 
 const CFArrayCallBacks kCFTypeArrayCallBacks{0, &retainEntry, &releaseEntry, nullptr, &CFEqual};
@@ -60,4 +60,4 @@ const void* CFDictionaryGetValue(CFDictionaryRef dictionary, const void* key) {
 }
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming)
+// NOLINTEND(readability-implicit-bool-conversion)

@@ -30,7 +30,7 @@ bool isUtf8(std::string_view text) {
 
 }  // namespace
 
-// NOLINTBEGIN(readability-identifier-naming): the names are those of the system.
+// NOLINTBEGIN(readability-implicit-bool-conversion): the Boolean of the system is a number.
 extern "C" {
 
 const CFAllocatorRef kCFAllocatorDefault = nullptr;
@@ -120,4 +120,4 @@ const UInt8* CFDataGetBytePtr(CFDataRef data) {
 }
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming)
+// NOLINTEND(readability-implicit-bool-conversion)

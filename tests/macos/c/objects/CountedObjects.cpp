@@ -1,5 +1,7 @@
 #include "tests/macos/c/objects/CountedObjects.h"
 
+#include <algorithm>
+
 namespace tilwin::macos::c {
 
 CountedObjects& CountedObjects::all() {
@@ -56,10 +58,8 @@ void CountedObjects::note(std::string_view user, std::string_view what, std::str
 }
 
 bool CountedObjects::hasOwned() const {
-  for (const auto& [reference, counted] : counted_) {
-    if (counted.owners > 0) return true;
-  }
-  return false;
+  return std::any_of(counted_.begin(), counted_.end(),
+                     [](const auto& each) { return each.second.owners > 0; });
 }
 
 std::vector<std::string> CountedObjects::takeFindings() {

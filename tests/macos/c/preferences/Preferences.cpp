@@ -34,7 +34,7 @@ std::string domainOf(CFStringRef applicationID, const char* user) {
 
 }  // namespace
 
-// NOLINTBEGIN(readability-identifier-naming): the names are those of the system.
+// NOLINTBEGIN(readability-implicit-bool-conversion): the Boolean of the system is a number.
 extern "C" {
 
 const CFStringRef kCFPreferencesCurrentApplication = constantString("kCFPreferencesCurrentApplication");
@@ -62,4 +62,4 @@ Boolean CFPreferencesAppSynchronize(CFStringRef applicationID) {
 }
 
 }  // extern "C"
-// NOLINTEND(readability-identifier-naming)
+// NOLINTEND(readability-implicit-bool-conversion)
