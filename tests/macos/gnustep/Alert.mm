@@ -91,7 +91,8 @@ private:
                                                                      defer:YES]);
   [panel_.get() setReleasedWhenClosed:NO];
   [panel_.get() setHidesOnDeactivate:NO];
-  [panel_.get() setTitle:@""];
+  // Empty, a window manager would write something of its own.
+  [panel_.get() setTitle:@" "];
   [panel_.get() setLevel:NSModalPanelWindowLevel];
   return self;
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "tests/macos/menu/Keys.h"
 #include "tests/macos/menu/OnScreen.h"
 
 namespace tilwin::macos {
@@ -39,7 +40,8 @@ void DialogUser::watch() {
   if ([dialog_.get() isVisible] && !isLate) return;
   if (isLate) {
     ADD_FAILURE() << "the dialog stays open";
-    [NSApp abortModal];
+    [NSApp stopModalWithCode:NSModalResponseAbort];
+    press(escapeKey);
   }
   attended_.erase(dialog_.get());
   dialog_ = {};

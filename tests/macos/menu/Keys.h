@@ -19,7 +19,8 @@ extern const Key escapeKey;
 /// The key of a lower-case letter, a digit, a space or a period.
 [[nodiscard]] Key keyOf(char character, NSEventModifierFlags modifiers = 0);
 
-/// Posts the key's press and release to the key window. The next run of the event loop handles them.
+/// Posts the key's press and release to the open dialog, else the key window. The next run of the event loop
+/// handles them.
 void press(const Key& key);
 
 }  // namespace tilwin::macos

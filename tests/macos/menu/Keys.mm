@@ -19,7 +19,8 @@ Key keyOf(char character, NSEventModifierFlags modifiers) {
 }
 
 void press(const Key& key) {
-  const NSInteger window = [[NSApp keyWindow] windowNumber];
+  NSWindow* const dialog = [NSApp modalWindow];
+  const NSInteger window = [dialog == nil ? [NSApp keyWindow] : dialog windowNumber];
   const bool isCapital = (key.modifiers & NSShiftKeyMask) != 0;
   NSString* const characters = isCapital ? [key.characters uppercaseString] : key.characters;
   for (const auto type : {NSKeyDown, NSKeyUp}) {
