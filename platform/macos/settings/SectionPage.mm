@@ -60,7 +60,6 @@ tilwin::macos::Held<NSScrollView*> scrollViewOf(NSView* scrolled) {
   groups_.update(section.groups, scrolled_.get(),
                  [&] { return tilwin::macos::owned([[TWGroupView alloc] initWithReport:report_]); });
   [emptyText_.get() displayText:section.groups.empty() ? section.emptyText : std::string()];
-  [self arrange];
 }
 
 - (void)displaySearch:(const std::optional<FormTextField>&)search {

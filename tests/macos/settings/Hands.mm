@@ -81,6 +81,9 @@ constexpr std::array<std::pair<std::uint32_t, NSEventModifierFlags>, 4> modifier
     {HotKeySpec::control, NSEventModifierFlagControl},
 }};
 
+/// Characters from here on stand for keys that type nothing.
+constexpr unichar firstFunctionKey = 0xf700;
+
 NSEventModifierFlags flagsOf(std::uint32_t modifiers, bool capsLock) {
   NSEventModifierFlags flags = capsLock ? NSAlphaShiftKeyMask : 0;
   for (const auto& [bit, flag] : modifierFlags) {
@@ -102,10 +105,13 @@ NSTimeInterval uptime() {
 
 constexpr NSTimeInterval pause = 0.012;
 
+/// Makes an event when it is its turn.
+using Happening = std::function<NSEvent*()>;
+
 /// Plays the events one by one, with pauses, also while AppKit is in a loop that tracks the mouse.
 class Playing {
 public:
-  explicit Playing(std::vector<Held<NSEvent*>> events)
+  explicit Playing(std::vector<Happening> events)
       : events_(std::move(events)), target_(action([this](id) { next(); })) {
     monitor_ = retained([NSEvent addLocalMonitorForEventsMatchingMask:NSApplicationDefinedMask
                                                               handler:^NSEvent*(NSEvent* event) {
@@ -137,7 +143,7 @@ private:
 
   void next() {
     if (position_ > events_.size()) return;
-    NSEvent* const event = position_ < events_.size() ? events_[position_].get() : marker();
+    NSEvent* const event = position_ < events_.size() ? events_[position_]() : marker();
     ++position_;
     [NSApp postEvent:event atStart:NO];
   }
@@ -154,7 +160,7 @@ private:
                                  data2:0];
   }
 
-  std::vector<Held<NSEvent*>> events_;
+  std::vector<Happening> events_;
   std::size_t position_ = 0;
   bool isOver_ = false;
   Held<TWAction*> target_;
@@ -162,11 +168,7 @@ private:
   Held<NSTimer*> timer_;
 };
 
-void play(const std::vector<NSEvent*>& events) {
-  std::vector<Held<NSEvent*>> held;
-  for (NSEvent* const event : events) held.push_back(retained(event));
-  Playing(std::move(held)).play();
-}
+void play(std::vector<Happening> events) { Playing(std::move(events)).play(); }
 
 }  // namespace
 
@@ -182,23 +184,31 @@ NSEvent* Hands::mouse(NSEventType type, NSPoint inWindow) const {
                             pressure:1];
 }
 
-void Hands::click(NSPoint inWindow) const { drag({inWindow}); }
-
-void Hands::drag(const std::vector<NSPoint>& inWindow) const {
-  const AutoreleasePool pool;
-  std::vector<NSEvent*> events{mouse(NSLeftMouseDown, inWindow.front())};
-  for (std::size_t index = 1; index < inWindow.size(); ++index) {
-    events.push_back(mouse(NSLeftMouseDragged, inWindow[index]));
-  }
-  events.push_back(mouse(NSLeftMouseUp, inWindow.back()));
-  play(events);
+void Hands::click(NSPoint inWindow) const {
+  drag({[inWindow] { return inWindow; }});
 }
 
-void Hands::buttonDown(NSPoint inWindow) const { play({mouse(NSLeftMouseDown, inWindow)}); }
+void Hands::drag(const std::vector<Spot>& way) const {
+  const AutoreleasePool pool;
+  std::vector<Happening> events{[&] { return mouse(NSLeftMouseDown, way.front()()); }};
+  for (std::size_t index = 1; index < way.size(); ++index) {
+    events.emplace_back([&, index] { return mouse(NSLeftMouseDragged, way[index]()); });
+  }
+  events.emplace_back([&] { return mouse(NSLeftMouseUp, way.back()()); });
+  play(std::move(events));
+}
 
-void Hands::moveHolding(NSPoint inWindow) const { play({mouse(NSLeftMouseDragged, inWindow)}); }
+void Hands::buttonDown(NSPoint inWindow) const {
+  play({[&] { return mouse(NSLeftMouseDown, inWindow); }});
+}
 
-void Hands::buttonUp(NSPoint inWindow) const { play({mouse(NSLeftMouseUp, inWindow)}); }
+void Hands::moveHolding(NSPoint inWindow) const {
+  play({[&] { return mouse(NSLeftMouseDragged, inWindow); }});
+}
+
+void Hands::buttonUp(NSPoint inWindow) const {
+  play({[&] { return mouse(NSLeftMouseUp, inWindow); }});
+}
 
 NSEvent* Hands::key(NSEventType type, const HotKeySpec& keys, bool capsLock, bool repeats) const {
   const bool shifted = (keys.modifiers & HotKeySpec::shift) != 0;
@@ -206,7 +216,8 @@ NSEvent* Hands::key(NSEventType type, const HotKeySpec& keys, bool capsLock, boo
   const unichar plain = typedBy(keys.keyCode, shifted);
   return [NSEvent keyEventWithType:type
                           location:NSZeroPoint
-                     modifierFlags:flagsOf(keys.modifiers, capsLock)
+                     modifierFlags:flagsOf(keys.modifiers, capsLock) |
+                                   (plain >= firstFunctionKey ? NSFunctionKeyMask : 0)
                          timestamp:uptime()
                       windowNumber:[window_ windowNumber]
                            context:[window_ graphicsContext]
@@ -218,10 +229,12 @@ NSEvent* Hands::key(NSEventType type, const HotKeySpec& keys, bool capsLock, boo
 
 void Hands::pressKeys(const HotKeySpec& keys, bool capsLock, int repeats) const {
   const AutoreleasePool pool;
-  std::vector<NSEvent*> events{key(NSKeyDown, keys, capsLock, false)};
-  for (int time = 0; time < repeats; ++time) events.push_back(key(NSKeyDown, keys, capsLock, true));
-  events.push_back(key(NSKeyUp, keys, capsLock, false));
-  play(events);
+  std::vector<Happening> events{[&] { return key(NSKeyDown, keys, capsLock, false); }};
+  for (int time = 0; time < repeats; ++time) {
+    events.emplace_back([&] { return key(NSKeyDown, keys, capsLock, true); });
+  }
+  events.emplace_back([&] { return key(NSKeyUp, keys, capsLock, false); });
+  play(std::move(events));
 }
 
 NSEvent* Hands::flagsChanged(unsigned short keyCode, NSEventModifierFlags flags) const {
@@ -240,12 +253,13 @@ NSEvent* Hands::flagsChanged(unsigned short keyCode, NSEventModifierFlags flags)
 void Hands::pressModifiersAlone() const {
   const AutoreleasePool pool;
   constexpr std::array<unsigned short, 4> keyCodes{55, 56, 58, 59};
-  std::vector<NSEvent*> events;
+  std::vector<Happening> events;
   for (std::size_t index = 0; index < keyCodes.size(); ++index) {
-    events.push_back(flagsChanged(keyCodes.at(index), modifierFlags.at(index).second));
-    events.push_back(flagsChanged(keyCodes.at(index), 0));
+    events.emplace_back(
+        [&, index] { return flagsChanged(keyCodes.at(index), modifierFlags.at(index).second); });
+    events.emplace_back([&, index] { return flagsChanged(keyCodes.at(index), 0); });
   }
-  play(events);
+  play(std::move(events));
 }
 
 void Hands::type(char character) const {
