@@ -46,7 +46,10 @@ TEST(MacSettingsLife, AClosedWindowIsReleasedWithAllThatWasInIt) {
     driver.focus("record");
     EXPECT_GT(livingParts(), before + 10);
     EXPECT_GT(eventMonitors(), monitors);
-    driver.window().close();
+    {
+      const AutoreleasePool pool;
+      driver.window().close();
+    }
     EXPECT_EQ(eventMonitors(), monitors);
     EXPECT_TRUE(runEventLoopUntil([&] { return livingParts() == before; }, Milliseconds{2000}))
         << livingParts() - before << " objects are left";

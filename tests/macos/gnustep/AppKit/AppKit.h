@@ -13,5 +13,5 @@
 #include "tests/macos/gnustep/AlignmentRectangles.h"
 #include "tests/macos/gnustep/EventMonitors.h"
 #include "tests/macos/gnustep/Names.h"
-#include "tests/macos/gnustep/SeparatorColour.h"
+#include "tests/macos/gnustep/SystemColours.h"
 #include "tests/macos/gnustep/TimerTolerance.h"
