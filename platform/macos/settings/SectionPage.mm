@@ -23,6 +23,7 @@ tilwin::macos::Held<NSScrollView*> scrollViewOf(NSView* scrolled) {
   [scroll.get() setBorderType:NSNoBorder];
   [scroll.get() setDrawsBackground:NO];
   [scroll.get() setHasVerticalScroller:YES];
+  [scroll.get() setAutohidesScrollers:YES];
   [scroll.get() setDocumentView:scrolled];
   return scroll;
 }

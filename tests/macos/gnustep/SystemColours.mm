@@ -37,6 +37,10 @@ NSColor* paper(CGFloat white) { return [NSColor colorWithCalibratedWhite:white a
   return paper(0.93);
 }
 
++ (NSColor*)keyboardFocusIndicatorColor {
+  return [NSColor colorWithCalibratedRed:0 green:0.4 blue:0.96 alpha:0.5];
+}
+
 + (NSColor*)systemRedColor {
   return [NSColor colorWithCalibratedRed:1 green:0.23 blue:0.19 alpha:1];
 }

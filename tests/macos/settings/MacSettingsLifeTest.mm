@@ -38,16 +38,15 @@ TEST(MacSettingsLife, AClosedWindowIsReleasedWithAllThatWasInIt) {
   const std::size_t monitors = eventMonitors();
   {
     MacSettingsDriver driver;
-    for (const char* section : {"spacing", "behavior", "shortcuts", "areas", "statistics"}) {
-      const AutoreleasePool pool;
-      driver.window().show(contract::sampleForm(section));
-      ASSERT_TRUE(driver.settle([&] { return driver.isInFront(); }));
-    }
-    driver.focus("record");
-    EXPECT_GT(livingParts(), before + 10);
-    EXPECT_GT(eventMonitors(), monitors);
     {
       const AutoreleasePool pool;
+      for (const char* section : {"spacing", "behavior", "shortcuts", "areas", "statistics"}) {
+        driver.window().show(contract::sampleForm(section));
+        ASSERT_TRUE(driver.settle([&] { return driver.isInFront(); }));
+      }
+      driver.focus("record");
+      EXPECT_GT(livingParts(), before + 10);
+      EXPECT_GT(eventMonitors(), monitors);
       driver.window().close();
     }
     EXPECT_EQ(eventMonitors(), monitors);
