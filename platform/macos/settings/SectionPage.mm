@@ -23,6 +23,7 @@ tilwin::macos::Held<NSScrollView*> scrollViewOf(NSView* scrolled) {
   [scroll.get() setBorderType:NSNoBorder];
   [scroll.get() setDrawsBackground:NO];
   [scroll.get() setHasVerticalScroller:YES];
+  [scroll.get() setAutohidesScrollers:YES];
   [scroll.get() setDocumentView:scrolled];
   return scroll;
 }
@@ -60,7 +61,6 @@ tilwin::macos::Held<NSScrollView*> scrollViewOf(NSView* scrolled) {
   groups_.update(section.groups, scrolled_.get(),
                  [&] { return tilwin::macos::owned([[TWGroupView alloc] initWithReport:report_]); });
   [emptyText_.get() displayText:section.groups.empty() ? section.emptyText : std::string()];
-  [self arrange];
 }
 
 - (void)displaySearch:(const std::optional<FormTextField>&)search {

@@ -59,7 +59,10 @@ void SettingsFrame::arrange() {
   const NSSize size = [[window_.get() contentView] bounds].size;
   const CGFloat side = [sidebar_.get() naturalWidth];
   place(sidebar_.get(), NSMakeRect(0, 0, side, size.height));
-  if (page_) place(page_.get(), NSMakeRect(side, 0, size.width - side, size.height));
+  [sidebar_.get() arrange];
+  if (!page_) return;
+  place(page_.get(), NSMakeRect(side, 0, size.width - side, size.height));
+  [page_.get() arrange];
 }
 
 void SettingsFrame::orderFocus() {

@@ -32,4 +32,6 @@
 - (void)displayModel:(const tilwin::FormModel&)form;
 /// As wide as the longest title needs, within bounds.
 - (CGFloat)naturalWidth;
+/// Puts its parts where they belong in its frame.
+- (void)arrange;
 @end

@@ -128,7 +128,6 @@ NSDictionary* titleLook(NSColor* colour, bool isChosen) {
     }
     [buttons_[index].get() displayModel:section isChosen:section.id == form.chosenSection];
   }
-  [self arrange];
 }
 
 - (CGFloat)naturalWidth {

@@ -91,6 +91,41 @@ double onStep(double value, const FormSlider& slider) {
   [self move:self];
 }
 
+/// From the end of the slider to the middle of the knob when that is at its end.
+- (CGFloat)inset {
+  return [[self cell] knobRectFlipped:[self isFlipped]].size.width / 2;
+}
+
+- (CGFloat)knobX {
+  const double range = slider_.maximum - slider_.minimum;
+  const double share = range > 0 ? ([self doubleValue] - slider_.minimum) / range : 0;
+  return [self inset] + share * ([self bounds].size.width - 2 * [self inset]);
+}
+
+- (void)follow:(NSEvent*)event {
+  const CGFloat x = [self convertPoint:[event locationInWindow] fromView:nil].x - grip_;
+  const CGFloat room = std::max(
+      [self bounds].size.width - 2 * [self inset], CGFloat { 1 });
+  const double share = std::clamp((x - [self inset]) / room, 0.0, 1.0);
+  [self setDoubleValue:slider_.minimum + share * (slider_.maximum - slider_.minimum)];
+  [self move:self];
+}
+
+- (void)mouseDown:(NSEvent*)event {
+  const CGFloat x = [self convertPoint:[event locationInWindow] fromView:nil].x;
+  grip_ = std::abs(x - [self knobX]) <= [self inset] ? x - [self knobX] : 0;
+  [[self window] makeFirstResponder:self];
+  [self follow:event];
+}
+
+- (void)mouseDragged:(NSEvent*)event {
+  [self follow:event];
+}
+
+- (void)mouseUp:(NSEvent*)event {
+  (void)event;
+}
+
 - (void)scrollWheel:(NSEvent*)event {
   [[self nextResponder] scrollWheel:event];
 }

@@ -28,8 +28,8 @@ OUTSIDE = {
     "glib": re.compile(r"(glib|gio|gobject)(/|\.h$)").match,
     "apple": re.compile(r"(AppKit|Cocoa|Carbon|Foundation|CoreFoundation|CoreGraphics|ApplicationServices"
                         r"|ServiceManagement|Security|QuartzCore|IOKit|Sparkle|dispatch|mach|os)/").match,
-    # What clang's Objective-C++ stands on where Apple's runtime is not.
-    "objc": re.compile(r"(Block|unwind|objc/\w+)\.h$").match,
+    # What clang's Objective-C++ stands on where Apple's runtime is not, and GNUstep's own.
+    "objc": re.compile(r"(Block|unwind|objc/\w+|GNUstepGUI/\w+)\.h$").match,
     "gtest": re.compile(r"(gtest|gmock)/").match,
     "rapidcheck": re.compile(r"rapidcheck(/|\.h$)").match,
     "benchmark": re.compile(r"benchmark/").match,

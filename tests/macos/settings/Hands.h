@@ -2,6 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
+#include <functional>
 #include <vector>
 
 #include "core/settings/HotKeySpec.h"
@@ -15,8 +16,10 @@ public:
   explicit Hands(NSWindow* window) : window_(window) {}
 
   void click(NSPoint inWindow) const;
-  /// Presses the button at the first point, moves on to each other, and lets go at the last.
-  void drag(const std::vector<NSPoint>& inWindow) const;
+  /// A point in the window, asked for when the mouse gets there.
+  using Spot = std::function<NSPoint()>;
+  /// Presses the button at the first spot, moves on to each other, and lets go at the last.
+  void drag(const std::vector<Spot>& way) const;
   void buttonDown(NSPoint inWindow) const;
   void moveHolding(NSPoint inWindow) const;
   void buttonUp(NSPoint inWindow) const;

@@ -8,9 +8,8 @@
 #include <string>
 #include <utility>
 
-#include "platform/macos/support/Action.h"
 #include "platform/macos/support/Held.h"
-#include "tests/macos/desktop/EventLoop.h"
+#include "tests/macos/settings/Playing.h"
 
 namespace tilwin::macos {
 namespace {
@@ -81,6 +80,9 @@ constexpr std::array<std::pair<std::uint32_t, NSEventModifierFlags>, 4> modifier
     {HotKeySpec::control, NSEventModifierFlagControl},
 }};
 
+/// Characters from here on stand for keys that type nothing.
+constexpr unichar firstFunctionKey = 0xf700;
+
 NSEventModifierFlags flagsOf(std::uint32_t modifiers, bool capsLock) {
   NSEventModifierFlags flags = capsLock ? NSAlphaShiftKeyMask : 0;
   for (const auto& [bit, flag] : modifierFlags) {
@@ -100,74 +102,6 @@ NSTimeInterval uptime() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-constexpr NSTimeInterval pause = 0.012;
-
-/// Plays the events one by one, with pauses, also while AppKit is in a loop that tracks the mouse.
-class Playing {
-public:
-  explicit Playing(std::vector<Held<NSEvent*>> events)
-      : events_(std::move(events)), target_(action([this](id) { next(); })) {
-    monitor_ = retained([NSEvent addLocalMonitorForEventsMatchingMask:NSApplicationDefinedMask
-                                                              handler:^NSEvent*(NSEvent* event) {
-                                                                if ([event subtype] == mark) isOver_ = true;
-                                                                return event;
-                                                              }]);
-    timer_ = retained([NSTimer timerWithTimeInterval:pause
-                                              target:target_.get()
-                                            selector:@selector(perform:)
-                                            userInfo:nil
-                                             repeats:YES]);
-    for (NSString* mode in @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ]) {
-      [[NSRunLoop currentRunLoop] addTimer:timer_.get() forMode:mode];
-    }
-  }
-  Playing(const Playing&) = delete;
-  Playing& operator=(const Playing&) = delete;
-  ~Playing() {
-    [timer_.get() invalidate];
-    [NSEvent removeMonitor:monitor_.get()];
-  }
-
-  void play() {
-    if (!runEventLoopUntil([this] { return isOver_; })) throw std::logic_error("the events are not handled");
-  }
-
-private:
-  static constexpr short mark = 4711;
-
-  void next() {
-    if (position_ > events_.size()) return;
-    NSEvent* const event = position_ < events_.size() ? events_[position_].get() : marker();
-    ++position_;
-    [NSApp postEvent:event atStart:NO];
-  }
-  /// Handled when all before it are.
-  [[nodiscard]] static NSEvent* marker() {
-    return [NSEvent otherEventWithType:NSApplicationDefined
-                              location:NSZeroPoint
-                         modifierFlags:0
-                             timestamp:0
-                          windowNumber:0
-                               context:nil
-                               subtype:mark
-                                 data1:0
-                                 data2:0];
-  }
-
-  std::vector<Held<NSEvent*>> events_;
-  std::size_t position_ = 0;
-  bool isOver_ = false;
-  Held<TWAction*> target_;
-  Held<id> monitor_;
-  Held<NSTimer*> timer_;
-};
-
-void play(const std::vector<NSEvent*>& events) {
-  std::vector<Held<NSEvent*>> held;
-  for (NSEvent* const event : events) held.push_back(retained(event));
-  Playing(std::move(held)).play();
-}
-
 }  // namespace
 
 NSEvent* Hands::mouse(NSEventType type, NSPoint inWindow) const {
@@ -182,23 +116,31 @@ NSEvent* Hands::mouse(NSEventType type, NSPoint inWindow) const {
                             pressure:1];
 }
 
-void Hands::click(NSPoint inWindow) const { drag({inWindow}); }
-
-void Hands::drag(const std::vector<NSPoint>& inWindow) const {
-  const AutoreleasePool pool;
-  std::vector<NSEvent*> events{mouse(NSLeftMouseDown, inWindow.front())};
-  for (std::size_t index = 1; index < inWindow.size(); ++index) {
-    events.push_back(mouse(NSLeftMouseDragged, inWindow[index]));
-  }
-  events.push_back(mouse(NSLeftMouseUp, inWindow.back()));
-  play(events);
+void Hands::click(NSPoint inWindow) const {
+  drag({[inWindow] { return inWindow; }});
 }
 
-void Hands::buttonDown(NSPoint inWindow) const { play({mouse(NSLeftMouseDown, inWindow)}); }
+void Hands::drag(const std::vector<Spot>& way) const {
+  const AutoreleasePool pool;
+  std::vector<Happening> events{[&] { return mouse(NSLeftMouseDown, way.front()()); }};
+  for (std::size_t index = 1; index < way.size(); ++index) {
+    events.emplace_back([&, index] { return mouse(NSLeftMouseDragged, way[index]()); });
+  }
+  events.emplace_back([&] { return mouse(NSLeftMouseUp, way.back()()); });
+  play(std::move(events));
+}
 
-void Hands::moveHolding(NSPoint inWindow) const { play({mouse(NSLeftMouseDragged, inWindow)}); }
+void Hands::buttonDown(NSPoint inWindow) const {
+  play({[&] { return mouse(NSLeftMouseDown, inWindow); }});
+}
 
-void Hands::buttonUp(NSPoint inWindow) const { play({mouse(NSLeftMouseUp, inWindow)}); }
+void Hands::moveHolding(NSPoint inWindow) const {
+  play({[&] { return mouse(NSLeftMouseDragged, inWindow); }});
+}
+
+void Hands::buttonUp(NSPoint inWindow) const {
+  play({[&] { return mouse(NSLeftMouseUp, inWindow); }});
+}
 
 NSEvent* Hands::key(NSEventType type, const HotKeySpec& keys, bool capsLock, bool repeats) const {
   const bool shifted = (keys.modifiers & HotKeySpec::shift) != 0;
@@ -206,7 +148,8 @@ NSEvent* Hands::key(NSEventType type, const HotKeySpec& keys, bool capsLock, boo
   const unichar plain = typedBy(keys.keyCode, shifted);
   return [NSEvent keyEventWithType:type
                           location:NSZeroPoint
-                     modifierFlags:flagsOf(keys.modifiers, capsLock)
+                     modifierFlags:flagsOf(keys.modifiers, capsLock) |
+                                   (plain >= firstFunctionKey ? NSFunctionKeyMask : 0)
                          timestamp:uptime()
                       windowNumber:[window_ windowNumber]
                            context:[window_ graphicsContext]
@@ -218,10 +161,12 @@ NSEvent* Hands::key(NSEventType type, const HotKeySpec& keys, bool capsLock, boo
 
 void Hands::pressKeys(const HotKeySpec& keys, bool capsLock, int repeats) const {
   const AutoreleasePool pool;
-  std::vector<NSEvent*> events{key(NSKeyDown, keys, capsLock, false)};
-  for (int time = 0; time < repeats; ++time) events.push_back(key(NSKeyDown, keys, capsLock, true));
-  events.push_back(key(NSKeyUp, keys, capsLock, false));
-  play(events);
+  std::vector<Happening> events{[&] { return key(NSKeyDown, keys, capsLock, false); }};
+  for (int time = 0; time < repeats; ++time) {
+    events.emplace_back([&] { return key(NSKeyDown, keys, capsLock, true); });
+  }
+  events.emplace_back([&] { return key(NSKeyUp, keys, capsLock, false); });
+  play(std::move(events));
 }
 
 NSEvent* Hands::flagsChanged(unsigned short keyCode, NSEventModifierFlags flags) const {
@@ -240,12 +185,13 @@ NSEvent* Hands::flagsChanged(unsigned short keyCode, NSEventModifierFlags flags)
 void Hands::pressModifiersAlone() const {
   const AutoreleasePool pool;
   constexpr std::array<unsigned short, 4> keyCodes{55, 56, 58, 59};
-  std::vector<NSEvent*> events;
+  std::vector<Happening> events;
   for (std::size_t index = 0; index < keyCodes.size(); ++index) {
-    events.push_back(flagsChanged(keyCodes.at(index), modifierFlags.at(index).second));
-    events.push_back(flagsChanged(keyCodes.at(index), 0));
+    events.emplace_back(
+        [&, index] { return flagsChanged(keyCodes.at(index), modifierFlags.at(index).second); });
+    events.emplace_back([&, index] { return flagsChanged(keyCodes.at(index), 0); });
   }
-  play(events);
+  play(std::move(events));
 }
 
 void Hands::type(char character) const {

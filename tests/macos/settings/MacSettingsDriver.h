@@ -3,7 +3,6 @@
 #import <AppKit/AppKit.h>
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -66,13 +65,14 @@ public:
   [[nodiscard]] static desktop::WindowId nativeWindow();
 
 private:
-  /// The focus leaves a closed window only when the window manager has moved it; GNUstep would take it from
-  /// the next window.
-  static void letFocusGo();
+  /// The window manager moves the focus from a closed window on; the next window would lose it.
+  void letFocusGo();
   void clickMiddle(NSView* view);
 
   MacSettingsWindow window_;
-  std::optional<desktop::TestWindow> other_;
+  /// Gets the focus when the window closes.
+  desktop::TestWindow other_{macDesktop().server().display(), {.area = {1500, 800, 200, 150}}};
+  desktop::WindowId turnedTo_ = 0;
   bool capsLock_ = false;
   NSPoint hand_{};  ///< where the mouse was moved last, in the window
 };

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/macos/settings/FormWindow.h"
 #include "platform/macos/settings/Measured.h"
@@ -23,6 +24,12 @@ NSPoint pointOn(const std::string& picture, Point at) {
   const NSRect screen = [view screen];
   return inWindow(view, NSMakePoint(screen.origin.x + at.x * screen.size.width,
                                     screen.origin.y + at.y * screen.size.height));
+}
+
+/// Asks the window manager as a pager does. The window's own program takes the focus, so this does not wait.
+void turnTo(desktop::WindowId window) {
+  constexpr std::uint32_t fromPager = 2;
+  macDesktop().desktop().connection().sendToRoot(window, "_NET_ACTIVE_WINDOW", {fromPager, 0, 0, 0, 0});
 }
 
 }  // namespace
@@ -63,11 +70,14 @@ NSView* MacSettingsDriver::control(const std::string& id) {
 
 MacSettingsDriver::~MacSettingsDriver() {
   window_.close();
-  letFocusGo();
+  if (!other_.hasFocus()) letFocusGo();
 }
 
 void MacSettingsDriver::letFocusGo() {
-  runEventLoopUntil([] { return ![NSApp isActive]; }, Milliseconds{500});
+  settle([this] { return macDesktop().desktop().activeWindow() == other_.id(); });
+  // GNUstep does not always notice.
+  runEventLoopUntil([] { return ![NSApp isActive]; }, Milliseconds{30});
+  if ([NSApp isActive]) [NSApp deactivate];
 }
 
 bool MacSettingsDriver::settle(const std::function<bool()>& condition) {
@@ -120,15 +130,18 @@ void MacSettingsDriver::flip(const std::string& toggle) {
 void MacSettingsDriver::moveSlider(const std::string& slider, double to) {
   NSSlider* const view = static_cast<NSSlider*>(control(slider));
   reveal(view);
-  const NSRect knob = [[view cell] knobRectFlipped:[view isFlipped]];
-  const CGFloat end = knob.size.width / 2;
-  const CGFloat from = NSMidX(knob);
+  const CGFloat end = [[view cell] knobRectFlipped:[view isFlipped]].size.width / 2;
+  const double from = sliderPosition(slider);
   // Nobody stops at the last pixel.
   const CGFloat beyond = to <= 0 ? -end : to >= 1 ? end : 0;
-  const CGFloat target = end + ([view bounds].size.width - 2 * end) * to + beyond;
-  std::vector<NSPoint> way;
+  std::vector<Hands::Spot> way;
   for (int step = 0; step <= 4; ++step) {
-    way.push_back(inWindow(view, NSMakePoint(from + (target - from) * step / 4, NSMidY(knob))));
+    way.emplace_back([=] {
+      const NSRect bounds = [view bounds];
+      const double share = from + (to - from) * step / 4;
+      const CGFloat x = end + (bounds.size.width - 2 * end) * share + beyond * step / 4;
+      return inWindow(view, NSMakePoint(x, NSMidY(bounds)));
+    });
   }
   Hands(frame()).drag(way);
 }
@@ -187,18 +200,23 @@ void MacSettingsDriver::holdUntilItRepeats(const HotKeySpec& keys) {
 void MacSettingsDriver::pressModifiersAlone() { Hands(frame()).pressModifiersAlone(); }
 
 void MacSettingsDriver::leaveProgram() {
-  if (!other_) other_.emplace(macDesktop().server().display(), desktop::TestWindowOptions{});
-  macDesktop().desktop().activate(other_->id());
+  turnedTo_ = 0;
+  macDesktop().desktop().activate(other_.id());
   settle([] { return ![frame() isKeyWindow]; });
 }
 
 void MacSettingsDriver::returnToProgram() {
-  macDesktop().desktop().activate(nativeWindow());
+  turnTo(nativeWindow());
   settle([this] { return isInFront(); });
 }
 
 bool MacSettingsDriver::isInFront() {
-  return [frame() isKeyWindow] && macDesktop().desktop().activeWindow() == nativeWindow();
+  if (frame() == nil) return false;
+  const auto native = nativeWindow();
+  const bool hasFocus = macDesktop().desktop().activeWindow() == native;
+  // GNUstep asks for the focus with the time of its last event, which may be too old for the window manager.
+  if (!hasFocus && std::exchange(turnedTo_, native) != native) turnTo(native);
+  return hasFocus && [frame() isKeyWindow];
 }
 
 }  // namespace tilwin::macos

@@ -17,6 +17,6 @@
 #include "tests/macos/gnustep/EventMonitors.h"
 #include "tests/macos/gnustep/FileViewer.h"
 #include "tests/macos/gnustep/Names.h"
-#include "tests/macos/gnustep/SeparatorColour.h"
 #include "tests/macos/gnustep/StatusBar.h"
+#include "tests/macos/gnustep/SystemColours.h"
 #include "tests/macos/gnustep/TimerTolerance.h"

@@ -1,0 +1,7 @@
+#pragma once
+
+/// AppKit, macOS 10.14. GNUstep has no colour for the lines between rows. Here the other colours of the
+/// system that a form is drawn in are as in macOS too: GNUstep's are opaque black and grey.
+@interface NSColor (SystemColours)
++ (NSColor*)separatorColor __attribute__((availability(macos, introduced = 10.14)));
+@end
