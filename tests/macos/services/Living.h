@@ -2,6 +2,7 @@
 
 #import <Foundation/Foundation.h>
 
+#include <utility>
 #include <vector>
 
 namespace tilwin::macos {
@@ -10,22 +11,20 @@ namespace tilwin::macos {
 /// see them: it is told to ignore what the runtime allocates.
 class Living {
 public:
-  explicit Living(std::vector<const char*> classes) : classes_(std::move(classes)) {
-    GSDebugAllocationActive(YES);
-    before_ = all();
-  }
+  explicit Living(std::vector<const char*> classes) : classes_(std::move(classes)), before_(all()) {}
 
   [[nodiscard]] long count() const { return all() - before_; }
 
 private:
   [[nodiscard]] long all() const {
+    GSDebugAllocationActive(YES);
     long sum = 0;
     for (const char* each : classes_) sum += GSDebugAllocationCount(objc_getClass(each));
     return sum;
   }
 
   std::vector<const char*> classes_;
-  long before_ = 0;
+  long before_;
 };
 
 }  // namespace tilwin::macos

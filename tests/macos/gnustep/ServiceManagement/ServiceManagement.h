@@ -5,7 +5,7 @@
 /// The part of ServiceManagement that is used. Main thread.
 
 /// ServiceManagement, macOS 13.0.
-typedef NS_ENUM(NSInteger, SMAppServiceStatus) {
+enum SMAppServiceStatus : NSInteger {
   SMAppServiceStatusNotRegistered = 0,
   SMAppServiceStatusEnabled = 1,
   SMAppServiceStatusRequiresApproval = 2,
