@@ -53,10 +53,7 @@ bool isOnHeap(id block) {
 }
 - (id)copyWithZone:(NSZone*)zone {
   (void)zone;
-  void* const copy = _Block_copy(self);
-  // The runtime leaves what it has copied marked as a block on the stack, which nothing would free.
-  if (copy != self) *static_cast<void**>(copy) = _NSConcreteMallocBlock;
-  return static_cast<id>(copy);
+  return reinterpret_cast<id>(_Block_copy(self));
 }
 - (id)copy {
   return [self copyWithZone:nullptr];
