@@ -59,10 +59,12 @@ TEST_F(MacDialogsTest, DialogsThatAreOpenOverEachOtherAreAllCancelledWhenTheMain
 
 TEST_F(MacDialogsTest, TasksAndTimersRunWhileADialogIsOpen) {
   int ran = 0;
+  bool isOpen = false;
+  whenOpen([&] { isOpen = true; });
   queue.post([&] { ++ran; });
   queue.postAfter(MainQueue::Seconds{0.01}, [&] { ++ran; });
   const auto timer = queue.repeat(MainQueue::Seconds{0.005}, {}, [&] {
-    if (ran != 2) return;
+    if (!isOpen || ran != 2) return;
     ++ran;
     press(returnKey);
   });
