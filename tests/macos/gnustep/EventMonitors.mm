@@ -1,6 +1,10 @@
 #import <AppKit/AppKit.h>
 
+#include <Block.h>
+
 #include <algorithm>
+#include <functional>
+#include <memory>
 #include <vector>
 
 #include "platform/macos/support/Held.h"
@@ -12,8 +16,8 @@ using GlobalHandler = void (^)(NSEvent*);
 @interface TWEventMonitor : NSObject {
 @public
   NSEventMask mask;
-  tilwin::macos::Held<LocalHandler> local;
-  tilwin::macos::Held<GlobalHandler> global;
+  std::function<NSEvent*(NSEvent*)> local;
+  std::function<void(NSEvent*)> global;
 }
 @end
 
@@ -48,11 +52,19 @@ id added(const Held<TWEventMonitor*>& monitor) {
   return monitor.get();
 }
 
+/// A copy of the block, released with the last copy of the function. By the runtime's functions, as a message
+/// does not release a block here.
+template <typename Handler>
+auto kept(Handler handler) {
+  const std::shared_ptr<void> copy(_Block_copy(handler), _Block_release);
+  return [copy](NSEvent* event) { return reinterpret_cast<Handler>(copy.get())(event); };
+}
+
 /// The event as the local monitors pass it on; nil if one keeps it.
 NSEvent* passedOn(NSEvent* event) {
   for (const auto& monitor : seeing(event)) {
     if (event == nil || !monitor.get()->local || !isThere(monitor)) continue;
-    event = monitor.get()->local.get()(event);
+    event = monitor.get()->local(event);
   }
   return event;
 }
@@ -61,7 +73,7 @@ NSEvent* passedOn(NSEvent* event) {
 
 void deliverElsewhere(NSEvent* event) {
   for (const auto& monitor : seeing(event)) {
-    if (monitor.get()->global && isThere(monitor)) monitor.get()->global.get()(event);
+    if (monitor.get()->global && isThere(monitor)) monitor.get()->global(event);
   }
 }
 
@@ -74,14 +86,14 @@ std::size_t eventMonitors() { return monitors().size(); }
 + (id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(LocalHandler)handler {
   auto monitor = tilwin::macos::owned([[TWEventMonitor alloc] init]);
   monitor.get()->mask = mask;
-  monitor.get()->local = tilwin::macos::owned(LocalHandler([handler copy]));
+  monitor.get()->local = tilwin::macos::kept(handler);
   return tilwin::macos::added(monitor);
 }
 
 + (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(GlobalHandler)handler {
   auto monitor = tilwin::macos::owned([[TWEventMonitor alloc] init]);
   monitor.get()->mask = mask;
-  monitor.get()->global = tilwin::macos::owned(GlobalHandler([handler copy]));
+  monitor.get()->global = tilwin::macos::kept(handler);
   return tilwin::macos::added(monitor);
 }
 

@@ -215,7 +215,8 @@ bool MacSettingsDriver::isInFront() {
   const auto native = nativeWindow();
   const bool hasFocus = macDesktop().desktop().activeWindow() == native;
   // GNUstep asks for the focus with the time of its last event, which may be too old for the window manager.
-  if (!hasFocus && std::exchange(turnedTo_, native) != native) turnTo(native);
+  const bool mayTake = !hasFocus && macDesktop().desktop().viewable(native);
+  if (mayTake && std::exchange(turnedTo_, native) != native) turnTo(native);
   return hasFocus && [frame() isKeyWindow];
 }
 

@@ -3,6 +3,7 @@
 #import <AppKit/AppKit.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <vector>
 
 #include "platform/macos/support/Held.h"
@@ -97,6 +98,20 @@ TEST(EventMonitors, AHandlerMayRemoveItsOwnMonitor) {
   [NSApp sendEvent:keyEvent(NSKeyDown)];
   EXPECT_EQ(seen, 1);
   EXPECT_EQ(eventMonitors(), 0U);
+}
+
+TEST(EventMonitors, ARemovedMonitorReleasesItsHandlerAndWhatThatHolds) {
+  const auto held = std::make_shared<int>();
+  {
+    const AutoreleasePool pool;
+    id const monitor = [NSEvent addLocalMonitorForEventsMatchingMask:NSKeyDownMask
+                                                             handler:^NSEvent*(NSEvent* event) {
+                                                               return held ? event : nil;
+                                                             }];
+    EXPECT_GT(held.use_count(), 1);
+    [NSEvent removeMonitor:monitor];
+  }
+  EXPECT_EQ(held.use_count(), 1);
 }
 
 }  // namespace tilwin::macos
