@@ -56,31 +56,36 @@ struct Desktop {
       std::make_shared<AXWindowProvider>(accessibility, workspace, screens);
 };
 
+/// What the program hears of keys and mouse, and shows while one is dragged.
+struct Input {
+  macos::CarbonHotKeys hotKeys;
+  macos::MacPointerMonitor pointer;
+  macos::MacOverlay overlay;
+};
+
 /// What the program shows of itself.
 struct Interface {
-  explicit Interface(MainQueue& queue) : statusItem(queue) {}
+  Interface(System& system, MainQueue& queue) : statusItem(queue), files(system.log) {}
 
   macos::MacStatusItem statusItem;
   macos::MacDialogs dialogs;
   macos::MacSettingsWindow settingsWindow;
+  macos::MacFileViewer files;
+  macos::MacUpdateFramework updates{[NSBundle mainBundle]};
 };
 
 int runProgram(System& system, Desktop& desktop, macos::MacApplication& application) {
   macos::MacMainQueue queue;
-  macos::CarbonHotKeys hotKeys;
   macos::MacUserDefaults userDefaults(system.log);
-  macos::MacPointerMonitor pointer;
-  macos::MacOverlay overlay;
-  Interface interface(queue);
-  macos::MacFileViewer files(system.log);
-  macos::MacUpdateFramework updates([NSBundle mainBundle]);
+  Input input;
+  Interface interface(system, queue);
   Platform platform{.mainQueue = queue,
                     .log = system.log,
-                    .hotKeys = hotKeys,
+                    .hotKeys = input.hotKeys,
                     .userDefaults = userDefaults,
                     .windows = desktop.windows,
-                    .pointer = pointer,
-                    .overlay = overlay,
+                    .pointer = input.pointer,
+                    .overlay = input.overlay,
                     .trust = desktop.trust,
                     .screenChanges = desktop.screenChanges,
                     .bundle = system.bundle,
@@ -88,9 +93,9 @@ int runProgram(System& system, Desktop& desktop, macos::MacApplication& applicat
                     .statusItem = interface.statusItem,
                     .dialogs = interface.dialogs,
                     .settingsWindow = interface.settingsWindow,
-                    .files = files,
+                    .files = interface.files,
                     .login = system.login,
-                    .updates = updates,
+                    .updates = interface.updates,
                     .words = system.words};
   AppDelegate delegate(platform);
   application.onLaunched([&delegate] {

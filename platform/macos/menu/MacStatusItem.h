@@ -15,6 +15,8 @@ namespace tilwin::macos {
 class MacStatusItem final : public StatusItem {
 public:
   explicit MacStatusItem(MainQueue& queue) : queue_(queue) {}
+  MacStatusItem(const MacStatusItem&) = delete;
+  MacStatusItem& operator=(const MacStatusItem&) = delete;
   ~MacStatusItem() override;
 
   void install(const TemplateImage& image, MenuMaker makeMenu, ChoiceHandler onChoice) override;

@@ -2,6 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
+#include <array>
 #include <span>
 
 #include "platform/macos/support/Held.h"
@@ -16,11 +17,12 @@ struct Command {
   NSString* key;
 };
 
-const Command fileCommands[]{{@"Close Window", @"performClose:", @"w"}};
+const std::array fileCommands{Command{@"Close Window", @"performClose:", @"w"}};
 
-const Command editCommands[]{
-    {@"Undo", @"undo:", @"z"}, {@"Redo", @"redo:", @"Z"},   {@"Cut", @"cut:", @"x"},
-    {@"Copy", @"copy:", @"c"}, {@"Paste", @"paste:", @"v"}, {@"Select All", @"selectAll:", @"a"},
+const std::array editCommands{
+    Command{@"Undo", @"undo:", @"z"},   Command{@"Redo", @"redo:", @"Z"},
+    Command{@"Cut", @"cut:", @"x"},     Command{@"Copy", @"copy:", @"c"},
+    Command{@"Paste", @"paste:", @"v"}, Command{@"Select All", @"selectAll:", @"a"},
 };
 
 void addSubmenu(NSMenu* menu, NSString* title, std::span<const Command> commands) {

@@ -1,5 +1,7 @@
 #include "platform/macos/menu/MenuDrawing.h"
 
+#include <array>
+
 #include "platform/macos/support/Action.h"
 #include "platform/macos/support/Held.h"
 #include "platform/macos/support/Text.h"
@@ -39,8 +41,7 @@ Held<NSMenuItem*> separatorItem(const MenuItem&, const ChoiceHandler&) {
 }
 
 /// By MenuItem::Kind.
-constexpr Held<NSMenuItem*> (*drawItem[])(const MenuItem&, const ChoiceHandler&){commandItem, submenuItem,
-                                                                                 separatorItem};
+constexpr std::array drawItem{&commandItem, &submenuItem, &separatorItem};
 
 void addItems(const std::vector<MenuItem>& items, NSMenu* menu, const ChoiceHandler& onChoice) {
   [menu setAutoenablesItems:NO];

@@ -20,7 +20,7 @@ bool isWithCommand(NSEvent* event) {
 /// The view that has the focus, or that is edited.
 NSView* focusedView(NSResponder* responder) {
   if (![responder isKindOfClass:[NSView class]]) return nil;
-  NSView* const view = static_cast<NSView*>(responder);
+  auto* const view = static_cast<NSView*>(responder);
   return [view isKindOfClass:[NSText class]] ? [view superview] : view;
 }
 

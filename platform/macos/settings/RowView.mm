@@ -14,7 +14,6 @@ using tilwin::macos::Report;
 using tilwin::macos::RowColumns;
 using tilwin::macos::RowControl;
 using tilwin::macos::RowLayout;
-using tilwin::macos::RowParts;
 
 namespace {
 

@@ -29,7 +29,8 @@ public:
 
   void onCanCheckForUpdates(std::function<void(bool)> handler) override {
     const auto tell = [this, handler = std::move(handler)] { handler([updater() canCheckForUpdates]); };
-    observer_ = std::make_unique<KeyObserver>(updater(), @"canCheckForUpdates", tell);
+    auto* const observed = static_cast<NSObject*>(updater());
+    observer_ = std::make_unique<KeyObserver>(observed, @"canCheckForUpdates", tell);
   }
 
   void checkForUpdates() override {

@@ -79,10 +79,10 @@ TEST_F(MenuPictures, AnAlertOfSeveralLines) {
 TEST_F(MenuPictures, TheMenu) {
   MacStatusItem item(queue);
   const auto snap = [](const char* title) { return MenuItem::command(title, {"snap", title}); };
-  const MenuModel model{{snap("Allow Accessibility…"), MenuItem::separator(),
-                         MenuItem::submenu("Halves", {snap("Left Half    ⌃⌥←")}),
-                         MenuItem::command("Never move windows of Mail", {}, true),
-                         MenuItem{.title = "Check for Updates…", .isEnabled = false}, snap("Quit Tilwin")}};
+  MenuModel model{{snap("Allow Accessibility…"), MenuItem::separator(),
+                   MenuItem::submenu("Halves", {snap("Left Half    ⌃⌥←")}),
+                   MenuItem::command("Never move windows of Mail", {}, true),
+                   MenuItem{.title = "Check for Updates…", .isEnabled = false}, snap("Quit Tilwin")}};
   item.install(
       menuBarImage(), [&] { return model; }, [](const MenuChoice&) {});
   item.setVisible(true);

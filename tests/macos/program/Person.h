@@ -21,9 +21,10 @@ public:
   ~Person();
 
   /// For the thread of the person: returns when it has been done.
-  void act(std::function<void()> act);
+  static void act(std::function<void()> act);
   /// Looks until it is so; false if that takes too long.
-  bool sees(const std::function<bool()>& condition, desktop::Milliseconds patience = desktop::answerTimeout);
+  static bool sees(const std::function<bool()>& condition,
+                   desktop::Milliseconds patience = desktop::answerTimeout);
 
 private:
   std::thread thread_;
