@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <variant>
 
+#include "platform/drawing/FormRows.h"
 #include "platform/macos/settings/FieldView.h"
 #include "platform/macos/settings/PushButton.h"
 #include "platform/macos/settings/RecorderButton.h"
@@ -66,17 +67,8 @@ bool doesStretch(const FormControl& control) {
          std::holds_alternative<FormTextField>(control);
 }
 
-const std::string& idOf(const FormControl& control) {
-  return std::visit([](const auto& any) -> const std::string& { return any.id; }, control);
-}
-
-/// The texts below a row, which screen readers would not connect with its control.
-std::string remarkOf(const FormRow& row) {
-  return row.problem + (row.problem.empty() || row.note.empty() ? "" : " ") + row.note;
-}
-
 RowControl makeControl(const FormControl& control, const Report& report, NSView* parent) {
-  RowControl made{.id = idOf(control), .kind = control.index(), .stretches = doesStretch(control)};
+  RowControl made{.id = drawing::idOf(control), .kind = control.index(), .stretches = doesStretch(control)};
   made.view = owned(std::visit(Maker(report), control));
   [parent addSubview:made.view.get()];
   if (std::holds_alternative<FormSlider>(control)) {
@@ -91,7 +83,7 @@ RowControl makeControl(const FormControl& control, const Report& report, NSView*
 RowControl takenOrMade(std::vector<RowControl>& before, const FormControl& control, const Report& report,
                        NSView* parent) {
   const auto kept = std::ranges::find_if(before, [&](const RowControl& candidate) {
-    return candidate.id == idOf(control) && candidate.kind == control.index();
+    return candidate.id == drawing::idOf(control) && candidate.kind == control.index();
   });
   if (kept == before.end()) return makeControl(control, report, parent);
   RowControl found = *kept;
@@ -105,7 +97,7 @@ void updateControls(std::vector<RowControl>& shown, const FormRow& row, const Re
                     NSView* parent) {
   std::vector<RowControl> before;
   before.swap(shown);
-  NSString* const remark = text(remarkOf(row));
+  NSString* const remark = text(drawing::remarkOf(row));
   for (const auto& control : row.controls) {
     shown.push_back(takenOrMade(before, control, report, parent));
     std::visit(Shower(shown.back()), control);

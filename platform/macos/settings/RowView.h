@@ -9,7 +9,7 @@
 #include "platform/macos/settings/PictureView.h"
 #include "platform/macos/settings/Report.h"
 #include "platform/macos/settings/RowControl.h"
-#include "platform/macos/settings/RowLayout.h"
+#include "platform/macos/settings/RowToolkit.h"
 #include "platform/macos/support/Held.h"
 #include "platform/ports/FormModel.h"
 

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <utility>
-#include <variant>
 
-using tilwin::FormButton;
-using tilwin::FormControl;
+#include "platform/drawing/FormRows.h"
+
 using tilwin::FormRow;
 using tilwin::macos::addLabel;
 using tilwin::macos::LabelTone;
@@ -14,17 +13,7 @@ using tilwin::macos::Report;
 using tilwin::macos::RowColumns;
 using tilwin::macos::RowControl;
 using tilwin::macos::RowLayout;
-
-namespace {
-
-bool isButtonsOnly(const FormRow& row) {
-  const bool hasText = !row.title.empty() || !row.note.empty() || !row.problem.empty();
-  return !hasText && !row.picture && std::ranges::all_of(row.controls, [](const FormControl& control) {
-    return std::holds_alternative<FormButton>(control);
-  });
-}
-
-}  // namespace
+using tilwin::macos::RowParts;
 
 @implementation TWRowView
 
@@ -45,7 +34,7 @@ bool isButtonsOnly(const FormRow& row) {
   tilwin::macos::updateControls(controls_, row, report_, self);
   [note_.get() displayText:row.note];
   [problem_.get() displayText:row.problem];
-  isBare_ = isButtonsOnly(row);
+  isBare_ = tilwin::drawing::isButtonsOnly(row);
 }
 
 - (const std::string&)formId {
@@ -71,24 +60,28 @@ bool isButtonsOnly(const FormRow& row) {
   return isBare_;
 }
 
-- (RowLayout)layoutForWidth:(CGFloat)width {
-  return {{.picture = picture_.get(),
-           .title = title_.get(),
-           .note = note_.get(),
-           .problem = problem_.get(),
-           .controls = &controls_,
-           .columns = columns_,
-           .padding = padding_},
-          width};
+- (RowParts)parts {
+  RowParts parts{.picture = picture_.get(),
+                 .title = title_.get(),
+                 .note = note_.get(),
+                 .problem = problem_.get(),
+                 .columns = columns_,
+                 .padding = padding_};
+  for (const auto& control : controls_) {
+    parts.controls.push_back({control.view.get(), control.caption.get(), control.stretches});
+  }
+  return parts;
 }
 
 - (CGFloat)heightForWidth:(CGFloat)width {
-  return [self layoutForWidth:width].height();
+  return RowLayout([self parts], width).height();
 }
 
 - (void)arrange {
-  const RowLayout layout = [self layoutForWidth:[self bounds].size.width];
-  for (const auto& [view, area] : layout.places()) tilwin::macos::place(view, area);
+  const RowLayout layout([self parts], [self bounds].size.width);
+  for (const auto& [view, area] : layout.places()) {
+    tilwin::macos::place(view, NSMakeRect(area.x, area.y, area.width, area.height));
+  }
 }
 
 - (void)addKeyViewsTo:(std::vector<NSView*>&)views {

@@ -11,8 +11,8 @@
 namespace tilwin::qt {
 namespace {
 
-constexpr int widestTitleColumn = 200;
-constexpr int widestCaptionColumn = 240;
+constexpr double widestTitleColumn = 200;
+constexpr double widestCaptionColumn = 240;
 constexpr int tightPadding = 2;
 constexpr int narrowestBeside = 190;
 constexpr int besideCardPicture = 3 * metrics::grid - metrics::ring;
@@ -102,7 +102,7 @@ bool Card::event(QEvent* event) {
 
 void Card::shareColumns() {
   // Captions of shares keep their column when they come to 100%.
-  RowColumns shared{.caption = fontMetrics().horizontalAdvance(QStringLiteral("100%")) + 2};
+  RowColumns shared{.caption = fontMetrics().horizontalAdvance(QStringLiteral("100%")) + 2.0};
   for (const auto* view : rows_.views()) {
     const RowColumns wanted = view->wantedColumns();
     shared.title = std::max(shared.title, std::min(wanted.title, widestTitleColumn));

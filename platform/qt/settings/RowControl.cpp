@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <variant>
 
+#include "platform/drawing/FormRows.h"
 #include "platform/qt/settings/KeyCapButton.h"
 #include "platform/qt/settings/PushButton.h"
 #include "platform/qt/settings/SliderBar.h"
@@ -40,17 +41,13 @@ template <typename Control>
 constexpr bool doesStretch = std::is_same_v<Control, FormToggle> || std::is_same_v<Control, FormSlider> ||
                              std::is_same_v<Control, FormTextField>;
 
-const std::string& idOf(const FormControl& control) {
-  return std::visit([](const auto& any) -> const std::string& { return any.id; }, control);
-}
-
 void discardControl(const RowControl& control) {
   discard(control.widget);
   if (control.caption != nullptr) discard(control.caption);
 }
 
 RowControl makeControl(const FormControl& control, const Report& report, QWidget* parent) {
-  RowControl made{.id = idOf(control), .kind = control.index()};
+  RowControl made{.id = drawing::idOf(control), .kind = control.index()};
   std::visit(
       [&]<typename Control>(const Control& any) {
         made.widget = new typename WidgetOf<Control>::Type(any, report, parent);
@@ -78,15 +75,10 @@ void displayControl(const RowControl& shown, const FormControl& control, const s
       control);
 }
 
-/// The texts below a row, which screen readers would not connect with its control.
-std::string remarkOf(const FormRow& row) {
-  return row.problem + (row.problem.empty() || row.note.empty() ? "" : " ") + row.note;
-}
-
 RowControl takenOrMade(std::vector<RowControl>& before, const FormControl& control, const Report& report,
                        QWidget* parent) {
   const auto kept = std::ranges::find_if(before, [&](const RowControl& candidate) {
-    return candidate.id == idOf(control) && candidate.kind == control.index();
+    return candidate.id == drawing::idOf(control) && candidate.kind == control.index();
   });
   if (kept == before.end()) return makeControl(control, report, parent);
   RowControl found = *kept;
@@ -100,7 +92,7 @@ void updateControls(std::vector<RowControl>& shown, const FormRow& row, const Re
                     QWidget* parent) {
   std::vector<RowControl> before;
   before.swap(shown);
-  const std::string remark = remarkOf(row);
+  const std::string remark = drawing::remarkOf(row);
   for (const auto& control : row.controls) {
     shown.push_back(takenOrMade(before, control, report, parent));
     displayControl(shown.back(), control, remark);

@@ -2,20 +2,14 @@
 
 #include <QEvent>
 #include <algorithm>
-#include <variant>
+#include <cmath>
 
+#include "platform/drawing/FormRows.h"
 #include "platform/qt/settings/MiniatureView.h"
 #include "platform/qt/settings/Theme.h"
 
 namespace tilwin::qt {
 namespace {
-
-bool isButtonsOnly(const FormRow& row) {
-  const bool hasText = !row.title.empty() || !row.note.empty() || !row.problem.empty();
-  return !hasText && !row.picture && std::ranges::all_of(row.controls, [](const FormControl& control) {
-    return std::holds_alternative<FormButton>(control);
-  });
-}
 
 TextLabel* namedLabel(TextLabel::Tone tone, const char* name, QWidget* parent) {
   auto* label = new TextLabel(tone, parent);
@@ -44,7 +38,7 @@ void RowView::display(const FormRow& row) {
   updateControls(controls_, row, report_, this);
   note_->display(row.note);
   problem_->display(row.problem);
-  isBare_ = isButtonsOnly(row);
+  isBare_ = drawing::isButtonsOnly(row);
   updateGeometry();
   arrange();
 }
@@ -81,30 +75,38 @@ RowColumns RowView::wantedColumns() const {
   if (!std::ranges::any_of(controls_, &RowControl::stretches)) return wanted;
   if (!title_->isHidden()) wanted.title = title_->lineWidth();
   for (const auto& control : controls_) {
-    if (control.caption != nullptr) wanted.caption = std::max(wanted.caption, control.caption->lineWidth());
+    if (control.caption != nullptr)
+      wanted.caption = std::max<double>(wanted.caption, control.caption->lineWidth());
   }
   return wanted;
 }
 
 RowParts RowView::parts() const {
-  return {.picture = picture_,
-          .title = title_,
-          .note = note_,
-          .problem = problem_,
-          .controls = &controls_,
-          .columns = columns_,
-          .padding = padding_};
+  RowParts parts{.picture = picture_,
+                 .title = title_,
+                 .note = note_,
+                 .problem = problem_,
+                 .columns = columns_,
+                 .padding = static_cast<double>(padding_)};
+  for (const auto& control : controls_) {
+    parts.controls.push_back({control.widget, control.caption, control.stretches});
+  }
+  return parts;
 }
 
 QSize RowView::sizeHint() const { return {400, heightForWidth(400)}; }
 
 QSize RowView::minimumSizeHint() const { return {160, 0}; }
 
-int RowView::heightForWidth(int width) const { return RowLayout(parts(), width).height(); }
+int RowView::heightForWidth(int width) const {
+  return static_cast<int>(std::ceil(RowLayout(parts(), width).height()));
+}
 
 void RowView::arrange() {
   const RowLayout layout(parts(), width());
-  for (const auto& place : layout.places()) place.widget->setGeometry(place.area);
+  for (const auto& [widget, area] : layout.places()) {
+    widget->setGeometry(QRectF(area.x, std::floor(area.y), area.width, area.height).toRect());
+  }
 }
 
 void RowView::resizeEvent(QResizeEvent*) { arrange(); }

@@ -6,7 +6,7 @@
 #include "platform/ports/FormModel.h"
 #include "platform/qt/settings/Report.h"
 #include "platform/qt/settings/RowControl.h"
-#include "platform/qt/settings/RowLayout.h"
+#include "platform/qt/settings/RowToolkit.h"
 
 namespace tilwin::qt {
 
