@@ -20,6 +20,12 @@ void handleOneEvent(desktop::Milliseconds patience) {
   if (event != nil) [NSApp sendEvent:event];
 }
 
+/// In a pool of its own: [NSApp windows] would keep closed windows alive.
+bool holds(const std::function<bool()>& condition) {
+  const AutoreleasePool pool;
+  return condition();
+}
+
 }  // namespace
 
 void runEventLoop(desktop::Milliseconds time) {
@@ -28,7 +34,7 @@ void runEventLoop(desktop::Milliseconds time) {
 
 bool runEventLoopUntil(const std::function<bool()>& condition, desktop::Milliseconds patience) {
   const auto until = desktop::Clock::now() + patience;
-  while (!condition()) {
+  while (!holds(condition)) {
     const auto left = std::chrono::duration_cast<desktop::Milliseconds>(until - desktop::Clock::now());
     if (left <= desktop::Milliseconds{0}) return false;
     handleOneEvent(std::min(left, desktop::Milliseconds{5}));

@@ -1,10 +1,7 @@
 #import <AppKit/AppKit.h>
 
-#include <Block.h>
-
 #include <algorithm>
-#include <functional>
-#include <memory>
+#include <iterator>
 #include <vector>
 
 #include "platform/macos/support/Held.h"
@@ -16,8 +13,8 @@ using GlobalHandler = void (^)(NSEvent*);
 @interface TWEventMonitor : NSObject {
 @public
   NSEventMask mask;
-  std::function<NSEvent*(NSEvent*)> local;
-  std::function<void(NSEvent*)> global;
+  tilwin::macos::Held<LocalHandler> local;
+  tilwin::macos::Held<GlobalHandler> global;
 }
 @end
 
@@ -52,19 +49,11 @@ id added(const Held<TWEventMonitor*>& monitor) {
   return monitor.get();
 }
 
-/// A copy of the block, released with the last copy of the function. By the runtime's functions, as a message
-/// does not release a block here.
-template <typename Handler>
-auto kept(Handler handler) {
-  const std::shared_ptr<void> copy(_Block_copy(handler), _Block_release);
-  return [copy](NSEvent* event) { return reinterpret_cast<Handler>(copy.get())(event); };
-}
-
 /// The event as the local monitors pass it on; nil if one keeps it.
 NSEvent* passedOn(NSEvent* event) {
   for (const auto& monitor : seeing(event)) {
     if (event == nil || !monitor.get()->local || !isThere(monitor)) continue;
-    event = monitor.get()->local(event);
+    event = monitor.get()->local.get()(event);
   }
   return event;
 }
@@ -73,7 +62,7 @@ NSEvent* passedOn(NSEvent* event) {
 
 void deliverElsewhere(NSEvent* event) {
   for (const auto& monitor : seeing(event)) {
-    if (monitor.get()->global && isThere(monitor)) monitor.get()->global(event);
+    if (monitor.get()->global && isThere(monitor)) monitor.get()->global.get()(event);
   }
 }
 
@@ -86,14 +75,14 @@ std::size_t eventMonitors() { return monitors().size(); }
 + (id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(LocalHandler)handler {
   auto monitor = tilwin::macos::owned([[TWEventMonitor alloc] init]);
   monitor.get()->mask = mask;
-  monitor.get()->local = tilwin::macos::kept(handler);
+  monitor.get()->local = tilwin::macos::owned<LocalHandler>([handler copy]);
   return tilwin::macos::added(monitor);
 }
 
 + (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(GlobalHandler)handler {
   auto monitor = tilwin::macos::owned([[TWEventMonitor alloc] init]);
   monitor.get()->mask = mask;
-  monitor.get()->global = tilwin::macos::kept(handler);
+  monitor.get()->global = tilwin::macos::owned<GlobalHandler>([handler copy]);
   return tilwin::macos::added(monitor);
 }
 
@@ -118,8 +107,8 @@ SendEvent handToWindow = nullptr;
 @implementation TWMonitoredApplication
 
 + (void)load {
-  const Method original = class_getInstanceMethod([NSApplication class], @selector(sendEvent:));
-  const Method monitored = class_getInstanceMethod(self, @selector(sendEvent:));
+  auto* const original = class_getInstanceMethod([NSApplication class], @selector(sendEvent:));
+  auto* const monitored = class_getInstanceMethod(self, @selector(sendEvent:));
   handToWindow =
       reinterpret_cast<SendEvent>(method_setImplementation(original, method_getImplementation(monitored)));
 }

@@ -33,7 +33,7 @@ public:
   void drop(const std::string& picture) override;
   void closeByHand() override;
 
-  void focus(const std::string& control) override;
+  void focus(const std::string& id) override;
   void type(const std::string& text) override;
   void pressKeys(const HotKeySpec& keys) override;
   void holdUntilItRepeats(const HotKeySpec& keys) override;
@@ -65,14 +65,18 @@ public:
   [[nodiscard]] static desktop::WindowId nativeWindow();
 
 private:
-  /// The window manager moves the focus from a closed window on; the next window would lose it.
+  /// Lets the window manager give the focus to the other program; later it would take it from the next
+  /// window.
   void letFocusGo();
-  void clickMiddle(NSView* view);
+  /// Asks the window manager for the focus, in intervals.
+  void turnToWindow();
+  static void clickMiddle(NSView* view);
 
   MacSettingsWindow window_;
   /// Gets the focus when the window closes.
   desktop::TestWindow other_{macDesktop().server().display(), {.area = {1500, 800, 200, 150}}};
   desktop::WindowId turnedTo_ = 0;
+  desktop::Clock::time_point turnedAt_{};
   bool capsLock_ = false;
   NSPoint hand_{};  ///< where the mouse was moved last, in the window
 };

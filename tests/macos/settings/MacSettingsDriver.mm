@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <stdexcept>
-#include <utility>
 
 #include "platform/macos/settings/FormWindow.h"
 #include "platform/macos/settings/Measured.h"
@@ -20,7 +19,7 @@ using desktop::Milliseconds;
 NSPoint inWindow(NSView* view, NSPoint at) { return [view convertPoint:at toView:nil]; }
 
 NSPoint pointOn(const std::string& picture, Point at) {
-  TWPictureView* const view = static_cast<TWPictureView*>(MacSettingsDriver::control(picture));
+  auto* const view = static_cast<TWPictureView*>(MacSettingsDriver::control(picture));
   const NSRect screen = [view screen];
   return inWindow(view, NSMakePoint(screen.origin.x + at.x * screen.size.width,
                                     screen.origin.y + at.y * screen.size.height));
@@ -75,8 +74,6 @@ MacSettingsDriver::~MacSettingsDriver() {
 
 void MacSettingsDriver::letFocusGo() {
   settle([this] { return macDesktop().desktop().activeWindow() == other_.id(); });
-  // GNUstep does not always notice.
-  runEventLoopUntil([] { return ![NSApp isActive]; }, Milliseconds{30});
   if ([NSApp isActive]) [NSApp deactivate];
 }
 
@@ -128,7 +125,7 @@ void MacSettingsDriver::flip(const std::string& toggle) {
 }
 
 void MacSettingsDriver::moveSlider(const std::string& slider, double to) {
-  NSSlider* const view = static_cast<NSSlider*>(control(slider));
+  auto* const view = static_cast<NSSlider*>(control(slider));
   reveal(view);
   const CGFloat end = [[view cell] knobRectFlipped:[view isFlipped]].size.width / 2;
   const double from = sliderPosition(slider);
@@ -200,24 +197,34 @@ void MacSettingsDriver::holdUntilItRepeats(const HotKeySpec& keys) {
 void MacSettingsDriver::pressModifiersAlone() { Hands(frame()).pressModifiersAlone(); }
 
 void MacSettingsDriver::leaveProgram() {
-  turnedTo_ = 0;
   macDesktop().desktop().activate(other_.id());
-  settle([] { return ![frame() isKeyWindow]; });
+  settle([this] { return other_.hasFocus() && ![frame() isKeyWindow]; });
 }
 
 void MacSettingsDriver::returnToProgram() {
-  turnTo(nativeWindow());
-  settle([this] { return isInFront(); });
+  settle([this] {
+    turnToWindow();
+    return isInFront();
+  });
 }
 
 bool MacSettingsDriver::isInFront() {
-  if (frame() == nil) return false;
-  const auto native = nativeWindow();
-  const bool hasFocus = macDesktop().desktop().activeWindow() == native;
+  if (![frame() isKeyWindow]) return false;
+  if (macDesktop().desktop().activeWindow() == nativeWindow()) return true;
   // GNUstep asks for the focus with the time of its last event, which may be too old for the window manager.
-  const bool mayTake = !hasFocus && macDesktop().desktop().viewable(native);
-  if (mayTake && std::exchange(turnedTo_, native) != native) turnTo(native);
-  return hasFocus && [frame() isKeyWindow];
+  turnToWindow();
+  return false;
+}
+
+void MacSettingsDriver::turnToWindow() {
+  const auto native = nativeWindow();
+  const auto now = desktop::Clock::now();
+  // More than once, as GNUstep ignores the first time for a new window.
+  const bool isTurning = turnedTo_ == native && now - turnedAt_ < Milliseconds{250};
+  if (isTurning || !macDesktop().desktop().viewable(native)) return;
+  turnedTo_ = native;
+  turnedAt_ = now;
+  turnTo(native);
 }
 
 }  // namespace tilwin::macos

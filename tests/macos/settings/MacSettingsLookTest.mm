@@ -25,12 +25,12 @@ struct MacSettingsLook : testing::Test {
     driver.window().show(contract::sampleForm(section));
     ASSERT_TRUE(driver.settle([this] { return driver.isInFront(); }));
   }
-  void resize(CGFloat width, CGFloat height) {
+  static void resize(CGFloat width, CGFloat height) {
     [MacSettingsDriver::frame() setContentSize:NSMakeSize(width, height)];
     runEventLoop(Milliseconds{60});
   }
   /// Keeps a picture of the window for whoever wants to look at it.
-  void keepPicture(const std::string& name) {
+  static void keepPicture(const std::string& name) {
     const char* const folder = std::getenv("TILWIN_PICTURES");
     if (folder == nullptr) return;
     std::filesystem::create_directories(folder);

@@ -94,7 +94,7 @@ bool MacSettingsDriver::isOn(const std::string& toggle) {
 }
 
 double MacSettingsDriver::sliderPosition(const std::string& slider) {
-  NSSlider* const view = static_cast<NSSlider*>(control(slider));
+  auto* const view = static_cast<NSSlider*>(control(slider));
   return ([view doubleValue] - [view minValue]) / ([view maxValue] - [view minValue]);
 }
 
@@ -128,7 +128,7 @@ std::vector<FormPicture::Tile> MacSettingsDriver::tiles(const std::string& pictu
 std::string MacSettingsDriver::focused() {
   NSResponder* const responder = [frame() firstResponder];
   if (![responder isKindOfClass:[NSView class]]) return {};
-  for (NSView* view = static_cast<NSView*>(responder); view != nil; view = [view superview]) {
+  for (auto* view = static_cast<NSView*>(responder); view != nil; view = [view superview]) {
     if (isControl(view)) return [static_cast<ControlView*>(view) formId];
   }
   return {};
