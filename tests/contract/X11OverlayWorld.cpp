@@ -41,9 +41,15 @@ public:
   }
 
 private:
+  /// What the window manager shows of an earlier test's window may still be about to go.
+  int windowsAtRest() {
+    desk_.desktop().settle();
+    return desk_.windows();
+  }
+
   OverlaidDesktop& desk_ = OverlaidDesktop::plain();
   std::optional<desktop::TestWindow> window_;
-  const int windowsBefore_ = desk_.windows();
+  const int windowsBefore_ = windowsAtRest();
   std::optional<x11::X11Overlay> overlay_{std::in_place, desk_.x(), OverlaidDesktop::accent};
 };
 

@@ -1,0 +1,54 @@
+// Ways to use the window that not every toolkit has.
+
+#import <AppKit/AppKit.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/contract/SampleForm.h"
+#include "tests/macos/settings/MacSettingsDriver.h"
+
+namespace tilwin::macos {
+
+class MacSettingsHands : public testing::Test {
+protected:
+  void open(const std::string& section) {
+    driver.window().onEvent([this](const FormEvent& event) { events.push_back(event); });
+    driver.window().show(contract::sampleForm(section));
+    ASSERT_TRUE(driver.settle([this] { return driver.isInFront(); }));
+    events.clear();
+  }
+
+  MacSettingsDriver driver;
+  std::vector<FormEvent> events;
+};
+
+TEST_F(MacSettingsHands, AClickOnTheTitleOfACheckBoxFlipsIt) {
+  open("behavior");
+  NSView* const toggle = MacSettingsDriver::control("drag");
+  const NSPoint title = NSMakePoint(60, NSMidY([toggle bounds]));
+  Hands([toggle window]).click([toggle convertPoint:title toView:nil]);
+  EXPECT_TRUE(driver.settle([this] { return !events.empty(); }));
+  ASSERT_EQ(events.size(), 1U);
+  EXPECT_TRUE(std::holds_alternative<form::ToggleChanged>(events.front()));
+}
+
+TEST_F(MacSettingsHands, ShiftTabGoesBack) {
+  open("areas");
+  driver.focus("area1.Top");
+  driver.pressKeys({contract::keys::tab, HotKeySpec::shift});
+  EXPECT_TRUE(driver.settle([this] { return driver.focused() == "area1.Left"; })) << driver.focused();
+}
+
+TEST_F(MacSettingsHands, ASectionThatIsGoneLeavesTheListAndItsSearchThePage) {
+  open("shortcuts");
+  FormModel form = contract::sampleForm("shortcuts");
+  std::erase_if(form.sections, [](const FormSection& section) { return section.id == "statistics"; });
+  for (auto& section : form.sections) section.search.reset();
+  driver.window().update(form);
+  EXPECT_EQ(driver.shown(), contract::expectedOf(form));
+  EXPECT_EQ(driver.shown().sections.size(), 4U);
+}
+
+}  // namespace tilwin::macos
