@@ -9,6 +9,11 @@ const std::string& idOf(const FormControl& control) {
   return std::visit([](const auto& any) -> const std::string& { return any.id; }, control);
 }
 
+bool doesStretch(const FormControl& control) {
+  return std::holds_alternative<FormToggle>(control) || std::holds_alternative<FormSlider>(control) ||
+         std::holds_alternative<FormTextField>(control);
+}
+
 bool isButtonsOnly(const FormRow& row) {
   const bool hasText = !row.title.empty() || !row.note.empty() || !row.problem.empty();
   return !hasText && !row.picture && std::ranges::all_of(row.controls, [](const FormControl& control) {

@@ -2,7 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 namespace tilwin::drawing {
+namespace {
+
+struct ShownControl {
+  std::string id{};
+  std::size_t kind = 0;
+};
+
+}  // namespace
 
 TEST(FormRows, EveryKindOfControlHasAnId) {
   EXPECT_EQ(idOf(FormToggle{.id = "toggle"}), "toggle");
@@ -10,6 +22,27 @@ TEST(FormRows, EveryKindOfControlHasAnId) {
   EXPECT_EQ(idOf(FormTextField{.id = "field"}), "field");
   EXPECT_EQ(idOf(FormButton{.id = "button"}), "button");
   EXPECT_EQ(idOf(FormRecorder{.id = "recorder"}), "recorder");
+}
+
+TEST(FormRows, ButtonsAndRecordersKeepTheirWidth) {
+  EXPECT_TRUE(doesStretch(FormToggle{}));
+  EXPECT_TRUE(doesStretch(FormSlider{}));
+  EXPECT_TRUE(doesStretch(FormTextField{}));
+  EXPECT_FALSE(doesStretch(FormButton{}));
+  EXPECT_FALSE(doesStretch(FormRecorder{}));
+}
+
+TEST(FormRows, WhatShowsAControlIsTakenOnceAndForItsKindOnly) {
+  const FormControl toggle = FormToggle{.id = "edges"};
+  const FormControl slider = FormSlider{.id = "edges"};
+  std::vector<ShownControl> shown{{"edges", toggle.index()}, {"other", toggle.index()}};
+  EXPECT_FALSE(taken(shown, slider));
+  const auto match = taken(shown, toggle);
+  ASSERT_TRUE(match);
+  EXPECT_EQ(match->id, "edges");
+  EXPECT_FALSE(taken(shown, toggle));
+  ASSERT_EQ(shown.size(), 1U);
+  EXPECT_EQ(shown.front().id, "other");
 }
 
 TEST(FormRows, ARowOfButtonsAloneHasNeitherTextNorPictureNorOtherControls) {

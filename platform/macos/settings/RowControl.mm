@@ -1,6 +1,5 @@
 #include "platform/macos/settings/RowControl.h"
 
-#include <algorithm>
 #include <variant>
 
 #include "platform/drawing/FormRows.h"
@@ -62,13 +61,9 @@ private:
   const RowControl& shown_;
 };
 
-bool doesStretch(const FormControl& control) {
-  return std::holds_alternative<FormToggle>(control) || std::holds_alternative<FormSlider>(control) ||
-         std::holds_alternative<FormTextField>(control);
-}
-
 RowControl makeControl(const FormControl& control, const Report& report, NSView* parent) {
-  RowControl made{.id = drawing::idOf(control), .kind = control.index(), .stretches = doesStretch(control)};
+  RowControl made{
+      .id = drawing::idOf(control), .kind = control.index(), .stretches = drawing::doesStretch(control)};
   made.view = owned(std::visit(Maker(report), control));
   [parent addSubview:made.view.get()];
   if (std::holds_alternative<FormSlider>(control)) {
@@ -80,17 +75,6 @@ RowControl makeControl(const FormControl& control, const Report& report, NSView*
   return made;
 }
 
-RowControl takenOrMade(std::vector<RowControl>& before, const FormControl& control, const Report& report,
-                       NSView* parent) {
-  const auto kept = std::ranges::find_if(before, [&](const RowControl& candidate) {
-    return candidate.id == drawing::idOf(control) && candidate.kind == control.index();
-  });
-  if (kept == before.end()) return makeControl(control, report, parent);
-  RowControl found = *kept;
-  before.erase(kept);
-  return found;
-}
-
 }  // namespace
 
 void updateControls(std::vector<RowControl>& shown, const FormRow& row, const Report& report,
@@ -99,7 +83,8 @@ void updateControls(std::vector<RowControl>& shown, const FormRow& row, const Re
   before.swap(shown);
   NSString* const remark = text(drawing::remarkOf(row));
   for (const auto& control : row.controls) {
-    shown.push_back(takenOrMade(before, control, report, parent));
+    const auto kept = drawing::taken(before, control);
+    shown.push_back(kept ? *kept : makeControl(control, report, parent));
     std::visit(Shower(shown.back()), control);
     [shown.back().view.get() setRemark:remark];
   }

@@ -1,7 +1,6 @@
 #include "platform/qt/settings/RowControl.h"
 
 #include <QWidget>
-#include <algorithm>
 #include <variant>
 
 #include "platform/drawing/FormRows.h"
@@ -37,21 +36,17 @@ struct WidgetOf<FormRecorder> {
   using Type = KeyCapButton;
 };
 
-template <typename Control>
-constexpr bool doesStretch = std::is_same_v<Control, FormToggle> || std::is_same_v<Control, FormSlider> ||
-                             std::is_same_v<Control, FormTextField>;
-
 void discardControl(const RowControl& control) {
   discard(control.widget);
   if (control.caption != nullptr) discard(control.caption);
 }
 
 RowControl makeControl(const FormControl& control, const Report& report, QWidget* parent) {
-  RowControl made{.id = drawing::idOf(control), .kind = control.index()};
+  RowControl made{
+      .id = drawing::idOf(control), .kind = control.index(), .stretches = drawing::doesStretch(control)};
   std::visit(
       [&]<typename Control>(const Control& any) {
         made.widget = new typename WidgetOf<Control>::Type(any, report, parent);
-        made.stretches = doesStretch<Control>;
         if constexpr (std::is_same_v<Control, FormSlider>) {
           made.caption = new TextLabel(TextLabel::Tone::secondary, parent);
           made.caption->setAlignment(Qt::AlignRight | Qt::AlignTop);
@@ -75,17 +70,6 @@ void displayControl(const RowControl& shown, const FormControl& control, const s
       control);
 }
 
-RowControl takenOrMade(std::vector<RowControl>& before, const FormControl& control, const Report& report,
-                       QWidget* parent) {
-  const auto kept = std::ranges::find_if(before, [&](const RowControl& candidate) {
-    return candidate.id == drawing::idOf(control) && candidate.kind == control.index();
-  });
-  if (kept == before.end()) return makeControl(control, report, parent);
-  RowControl found = *kept;
-  before.erase(kept);
-  return found;
-}
-
 }  // namespace
 
 void updateControls(std::vector<RowControl>& shown, const FormRow& row, const Report& report,
@@ -94,7 +78,8 @@ void updateControls(std::vector<RowControl>& shown, const FormRow& row, const Re
   before.swap(shown);
   const std::string remark = drawing::remarkOf(row);
   for (const auto& control : row.controls) {
-    shown.push_back(takenOrMade(before, control, report, parent));
+    const auto kept = drawing::taken(before, control);
+    shown.push_back(kept ? *kept : makeControl(control, report, parent));
     displayControl(shown.back(), control, remark);
     shown.back().widget->show();
   }
