@@ -1,4 +1,4 @@
-// The composition root: the only place that knows which desktop the program is built for.
+// The composition root on Linux: the only place there that knows which desktop the program is built for.
 
 #include <QApplication>
 #include <cstddef>

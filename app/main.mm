@@ -23,8 +23,10 @@
 #include "platform/macos/system/MacApplication.h"
 #include "platform/macos/system/MacBundle.h"
 #include "platform/macos/system/MacFileViewer.h"
+#include "platform/macos/system/MacLocale.h"
 #include "platform/macos/system/MacLoginService.h"
 #include "platform/macos/system/MacMainQueue.h"
+#include "platform/macos/system/MacStopSignals.h"
 #include "platform/macos/system/MacSystemLog.h"
 #include "platform/macos/system/MacUpdateFramework.h"
 #include "platform/macos/system/MacUserDefaults.h"
@@ -76,6 +78,7 @@ struct Interface {
 
 int runProgram(System& system, Desktop& desktop, macos::MacApplication& application) {
   macos::MacMainQueue queue;
+  const macos::MacStopSignals stopSignals(queue);
   macos::MacUserDefaults userDefaults(system.log);
   Input input;
   Interface interface(system, queue);
@@ -110,6 +113,7 @@ int runProgram(System& system, Desktop& desktop, macos::MacApplication& applicat
 
 int main(int argc, char** argv) {
   const macos::AutoreleasePool pool;
+  macos::takeUserLocale();
   System system;
   const auto arguments = Arguments(argv, static_cast<std::size_t>(argc)).subspan(1);
   const CommandLine::Ports ports{system.bundle, system.login, system.words, system.log};

@@ -1,20 +1,13 @@
 #include "bench/drag/VerdictTable.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "bench/drag/SimulatedUser.h"
 #include "core/drag/ShadowReport.h"
+#include "core/support/DecimalText.h"
 
 namespace tilwin {
 namespace {
-
-std::string oneDecimal(double number) {
-  std::array<char, 32> buffer{};
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed, 1);
-  return {buffer.data(), end.ptr};
-}
 
 void add(VerdictRow& row, const ShadowSummary& summary) {
   ++row.verdicts.at(summary.verdict().index());
@@ -50,8 +43,8 @@ std::string VerdictTable::markdown(const std::vector<VerdictRow>& rows) {
     text.append("| ").append(SimulatedUser::all()[row.user].name).append(" | ");
     text.append(std::to_string(row.drags)).append(" |");
     for (const int count : row.verdicts)
-      text.append(" ").append(oneDecimal(100.0 * count / row.users)).append(" % |");
-    text.append(" ").append(oneDecimal(row.evidence)).append(" |\n");
+      text.append(" ").append(decimalText(100.0 * count / row.users, 1)).append(" % |");
+    text.append(" ").append(decimalText(row.evidence, 1)).append(" |\n");
   }
   return text;
 }

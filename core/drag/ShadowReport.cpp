@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstddef>
 #include <string_view>
 #include <variant>
 
 #include "core/drag/DragIntentModel.h"
+#include "core/support/DecimalText.h"
 #include "core/support/LocalizedDate.h"
 
 namespace tilwin {
@@ -34,16 +34,8 @@ void compare(ShadowSummary& summary, const ShadowRecord& record, bool decision) 
   ++(decision == lesson.snap ? summary.modelRight : summary.ruleRight);
 }
 
-/// Independent of the C locale, unlike printf.
-std::string decimal(double number, int places) {
-  std::array<char, 64> buffer{};
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed, places);
-  return {buffer.data(), end.ptr};
-}
-
 std::string percent(const std::optional<double>& rate) {
-  return rate ? decimal(*rate * 100, 0) + "%" : "n/a";
+  return rate ? decimalText(*rate * 100, 0) + "%" : "n/a";
 }
 
 struct VerdictLine {
@@ -127,7 +119,7 @@ std::string ShadowReport::text(const ShadowSummary& summary, Date /*now*/) {
   lines.push_back(notSnappedLine(summary));
   lines.emplace_back("Learned model, replayed over the same drags:");
   lines.push_back(modelLine(summary));
-  lines.push_back("  Evidence for the model over the rule: " + decimal(summary.evidence(), 1) +
+  lines.push_back("  Evidence for the model over the rule: " + decimalText(summary.evidence(), 1) +
                   " standard errors (about 2.5 or more is convincing).");
   lines.push_back("Verdict: " + std::visit(VerdictLine{summary}, summary.verdict()));
   return joined(lines);

@@ -165,7 +165,9 @@ std::optional<AtomicFile::Stamp> AtomicFile::stamp(const fs::path& path) {
   // Not from `facts`: the name of that field in `struct stat` differs between systems.
   std::error_code unknown;
   const auto changed = fs::last_write_time(path, unknown).time_since_epoch();
-  return Stamp{facts.st_dev, facts.st_ino, static_cast<std::uint64_t>(facts.st_size),
+  // Signed, or narrower, on some systems.
+  return Stamp{static_cast<std::uint64_t>(facts.st_dev), static_cast<std::uint64_t>(facts.st_ino),
+               static_cast<std::uint64_t>(facts.st_size),
                std::chrono::duration_cast<std::chrono::nanoseconds>(changed).count()};
 }
 

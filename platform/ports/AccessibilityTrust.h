@@ -2,7 +2,7 @@
 
 namespace tilwin {
 
-/// Whether the user allows this program to see and move other programs' windows.
+/// Whether the user allows this program to see and move other programs' windows. Main thread only.
 class AccessibilityTrust {
 public:
   AccessibilityTrust() = default;

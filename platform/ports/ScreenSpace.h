@@ -5,7 +5,7 @@
 
 /// Between desktop coordinates, whose origin is the top-left corner of the primary display with y downwards,
 /// and the screen coordinates of macOS, whose origin is the bottom-left corner of the first screen with y
-/// upwards. `height` is the height of the frame of the first screen, 0 if there is none.
+/// upwards. `height` is that of the frame of the first screen, in points; 0 if there is none.
 
 namespace tilwin {
 

@@ -21,8 +21,7 @@ def configured(folder, **options):
     given = {"CMAKE_SYSTEM_NAME": "Darwin", "CMAKE_OSX_SYSROOT": "/", "CMAKE_INSTALL_NAME_TOOL": "/bin/true",
              "CMAKE_CXX_COMPILER": clang, "CMAKE_OBJCXX_COMPILER": clang, "CMAKE_CXX_COMPILER_WORKS": "1",
              "CMAKE_OBJCXX_COMPILER_WORKS": "1", "CMAKE_HAVE_LIBC_PTHREAD": "1", "TILWIN_BENCHMARKS": "OFF",
-             "ICU_LIBRARY": LIBRARIES / "libicuuc.so", "ICU_UC_LIBRARY": LIBRARIES / "libicuuc.so",
-             "ICU_I18N_LIBRARY": LIBRARIES / "libicui18n.so", "CMAKE_PREFIX_PATH": LIBRARIES,
+             "CMAKE_LIBRARY_PATH": LIBRARIES, "CMAKE_PREFIX_PATH": LIBRARIES,
              "rapidcheck_DIR": LIBRARIES / "cmake/rapidcheck", **options}
     subprocess.run(["cmake", "-S", ROOT, "-B", folder, "-G", "Ninja", *(f"-D{key}={value}" for key, value in given.items())],
                    check=True, capture_output=True, text=True)
@@ -47,6 +46,14 @@ def test_the_bundle_holds_the_program_and_its_icon(plain):
     assert "Tilwin.app/Contents/Resources/Tilwin.icns:" in targets(plain)
 
 
+def test_the_program_needs_no_library_that_is_not_part_of_macos(plain):
+    link = subprocess.run(["ninja", "-C", plain, "-t", "commands", "-s", "Tilwin.app/Contents/MacOS/Tilwin"], check=True,
+                          capture_output=True, text=True).stdout
+    libraries = {Path(word).name for word in link.split() if Path(word).name.startswith("lib")}
+    assert {"libicui18n.a", "libicuuc.a", "libicudata.a"} <= libraries
+    assert all(name.endswith(".a") for name in libraries)
+
+
 def test_the_tests_of_core_program_and_contracts_belong_to_the_build_for_macos_and_those_of_linux_do_not(plain):
     for program in ("core-tests:", "app-tests:", "contract-tests-simulated:"):
         assert f"\n{program}" in targets(plain)
@@ -58,6 +65,7 @@ def test_the_program_is_an_agent_for_macos_13_and_later(plain):
     found = information(plain)
     assert found["LSUIElement"] is True
     assert found["LSMinimumSystemVersion"] == "13.0"
+    assert found["LSMultipleInstancesProhibited"] is True
     assert found["CFBundleIdentifier"] == "llc.ambergrove.tilwin"
     assert found["CFBundleExecutable"] == "Tilwin"
     assert found["CFBundlePackageType"] == "APPL"

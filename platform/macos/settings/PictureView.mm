@@ -9,7 +9,6 @@
 #include "platform/macos/support/Text.h"
 
 using tilwin::FormPicture;
-using tilwin::Point;
 using tilwin::macos::PictureScale;
 using tilwin::macos::Report;
 
@@ -120,7 +119,7 @@ void drawTile(const FormPicture::Tile& tile, NSRect screen, const PictureLook& l
   [NSGraphicsContext restoreGraphicsState];
 }
 
-- (Point)fractionsAt:(NSEvent*)event {
+- (tilwin::Point)fractionsAt:(NSEvent*)event {
   const NSPoint at = [self convertPoint:[event locationInWindow] fromView:nil];
   const NSRect screen = [self screen];
   return {(at.x - screen.origin.x) / screen.size.width, (at.y - screen.origin.y) / screen.size.height};

@@ -5,6 +5,8 @@
 @implementation TWAction
 
 - (void)perform:(id)sender {
+  // AppKit empties its pool after events only, not after timers.
+  const tilwin::macos::AutoreleasePool pool;
   // Held here, as the handler may release this object.
   const auto keptAlive = tilwin::macos::retained(self);
   handler(sender);

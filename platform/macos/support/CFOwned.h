@@ -7,7 +7,7 @@
 namespace tilwin::macos {
 
 /// Owns one reference to an object of Core Foundation and releases it; may be empty. `Reference` is
-/// CFStringRef, CFTypeRef and so on. It never leaves the adapters' source files.
+/// CFStringRef, CFTypeRef and so on. It never leaves the adapters.
 template <typename Reference>
 class CFOwned {
 public:

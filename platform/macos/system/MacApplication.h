@@ -9,7 +9,8 @@
 namespace tilwin::macos {
 
 /// This program as an application of the desktop: an agent, with neither an icon in the Dock nor a menu bar
-/// of its own. Create one before anything that shows windows; it must outlive the event loop.
+/// of its own. Create one before anything that shows windows; it must outlive the event loop. Main thread
+/// only; handlers are called by the event loop. Without a window server AppKit ends the process.
 class MacApplication {
 public:
   /// Creates the shared NSApplication, which connects to the window server.

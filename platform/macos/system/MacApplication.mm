@@ -26,6 +26,12 @@
   return NO;
 }
 
+/// (macOS 12.0) Without an answer AppKit logs a warning at each start.
+- (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)application {
+  (void)application;
+  return YES;
+}
+
 @end
 
 namespace tilwin::macos {

@@ -7,15 +7,10 @@
 
 #include "platform/macos/support/Action.h"
 #include "platform/macos/support/Held.h"
+#include "platform/macos/support/RunLoopModes.h"
 
 namespace tilwin::macos {
 namespace {
-
-/// Every state of the event loop, also that of an open dialog or menu. Named one by one, as not every
-/// implementation counts all three among the common modes.
-NSArray* everyMode() {
-  return @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ];
-}
 
 /// The event loop owns the timer until it is invalidated.
 NSTimer* startTimer(MainQueue::Seconds interval, bool repeats, MainQueue::Task task) {
@@ -25,7 +20,7 @@ NSTimer* startTimer(MainQueue::Seconds interval, bool repeats, MainQueue::Task t
                                                selector:@selector(perform:)
                                                userInfo:nil
                                                 repeats:repeats];
-  for (NSString* mode in everyMode()) [[NSRunLoop mainRunLoop] addTimer:timer forMode:mode];
+  for (NSString* mode in everyRunLoopMode()) [[NSRunLoop mainRunLoop] addTimer:timer forMode:mode];
   return timer;
 }
 
@@ -71,7 +66,7 @@ void MacMainQueue::post(Task task) {
   [target.get() performSelectorOnMainThread:@selector(perform:)
                                  withObject:nil
                               waitUntilDone:NO
-                                      modes:everyMode()];
+                                      modes:everyRunLoopMode()];
 }
 
 void MacMainQueue::postAfter(Seconds delay, Task task) {

@@ -29,7 +29,8 @@ class MacUpdateFramework final : public UpdateFramework {
 public:
   explicit MacUpdateFramework(NSBundle* bundle) : bundle_(retained(bundle)) {}
 
-  /// Loads the framework. It reads the feed from the information dictionary itself.
+  /// Loads the framework. It reads the feed from the information dictionary itself. Null if the bundle has no
+  /// such framework, or one that cannot be loaded or lacks the class.
   [[nodiscard]] std::unique_ptr<UpdateController> createController(const std::string& feed) override;
 
 private:
