@@ -73,12 +73,13 @@ function(tilwin_joined target)
   set_source_files_properties(${joined} PROPERTIES HEADER_FILE_ONLY ON)
 endfunction()
 
-# tilwin_macos_library(NAME SOURCES a.mm b.cpp ... [LINK TargetA ...]): a static library of adapters to macOS.
+# tilwin_macos_library(NAME SOURCES a.mm b.cpp ... [LINK TargetA ...] [READ c.mm ...]): a static library of adapters to
+# macOS. READ: what else is to be read as on macOS.
 function(tilwin_macos_library name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK;READ" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC TilwinCocoa ${arg_LINK})
-  tilwin_as_on_macos(${name})
+  tilwin_as_on_macos(${name} ${arg_READ})
   tilwin_joined(${name})
 endfunction()
 
@@ -101,8 +102,8 @@ function(tilwin_macos_linted target)
     UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
 endfunction()
 
-# tilwin_as_on_macos(TARGET): scripts/check reads each source of the target, and each header below its folder, as clang does on
-# macOS. The static analyser gets several sources at once, as most of its time is spent on AppKit's headers too.
+# tilwin_as_on_macos(TARGET [FURTHER ...]): scripts/check reads each source of the target, each further one, and each header
+# below its folder as clang does on macOS. The static analyser gets several sources at once, as most of its time is spent on AppKit's headers too.
 function(tilwin_as_on_macos target)
   tilwin_macos_linted(${target})
   if(APPLE OR NOT TILWIN_LINT)
@@ -113,9 +114,9 @@ function(tilwin_as_on_macos target)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   get_target_property(sources ${target} SOURCES)
   set(count 0)
-  foreach(source ${sources} ${headers})
+  foreach(source ${sources} ${ARGN} ${headers})
     cmake_path(ABSOLUTE_PATH source)
-    cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} OUTPUT_VARIABLE name)
+    cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_VARIABLE name)
     set(stamp ${folder}/${name})
     cmake_path(GET stamp PARENT_PATH stamp_folder)
     file(MAKE_DIRECTORY ${stamp_folder})
