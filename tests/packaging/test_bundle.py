@@ -24,8 +24,9 @@ def configured(folder, **options):
              "ICU_LIBRARY": LIBRARIES / "libicuuc.so", "ICU_UC_LIBRARY": LIBRARIES / "libicuuc.so",
              "ICU_I18N_LIBRARY": LIBRARIES / "libicui18n.so", "CMAKE_PREFIX_PATH": LIBRARIES,
              "rapidcheck_DIR": LIBRARIES / "cmake/rapidcheck", **options}
-    subprocess.run(["cmake", "-S", ROOT, "-B", folder, "-G", "Ninja", *(f"-D{key}={value}" for key, value in given.items())],
-                   check=True, capture_output=True, text=True)
+    done = subprocess.run(["cmake", "-S", ROOT, "-B", folder, "-G", "Ninja",
+                           *(f"-D{key}={value}" for key, value in given.items())], capture_output=True, text=True)
+    assert done.returncode == 0, done.stderr
     return folder
 
 
