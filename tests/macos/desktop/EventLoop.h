@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "platform/ports/MainQueue.h"
 #include "tests/desktop/harness/Waiting.h"
 
 namespace tilwin::macos {
@@ -12,5 +13,9 @@ void runEventLoop(desktop::Milliseconds time);
 /// The same until the condition holds; false if it does not within `patience`.
 bool runEventLoopUntil(const std::function<bool()>& condition,
                        desktop::Milliseconds patience = desktop::Milliseconds{10'000});
+
+/// The same until all tasks that the queue has been given by now have run, but not those with a delay; false
+/// if they do not.
+bool finishTasks(MainQueue& queue);
 
 }  // namespace tilwin::macos

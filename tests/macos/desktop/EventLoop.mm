@@ -3,6 +3,7 @@
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "platform/macos/support/Held.h"
 
@@ -40,6 +41,12 @@ bool runEventLoopUntil(const std::function<bool()>& condition, desktop::Millisec
     handleOneEvent(std::min(left, desktop::Milliseconds{5}));
   }
   return true;
+}
+
+bool finishTasks(MainQueue& queue) {
+  const auto hasRun = std::make_shared<bool>(false);
+  queue.post([hasRun] { *hasRun = true; });
+  return runEventLoopUntil([hasRun] { return *hasRun; });
 }
 
 }  // namespace tilwin::macos

@@ -10,6 +10,7 @@
 /// Events of other programs reach it by `deliverElsewhere` of EventsElsewhere.h.
 + (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
                                     handler:(void (^)(NSEvent* event))handler INTRODUCED(10.6);
-/// AppKit keeps a monitor until then.
+/// AppKit keeps a monitor until then. Anything else, such as a monitor that has been removed already, ends
+/// the program: AppKit would release it once too often.
 + (void)removeMonitor:(id)monitor INTRODUCED(10.6);
 @end
