@@ -13,6 +13,7 @@
 #include "tests/macos/settings/MacSettingsDriver.h"
 
 namespace tilwin::macos {
+
 using desktop::Milliseconds;
 
 TEST(MacSettingsLife, AClosedWindowIsReleasedWithAllThatWasInIt) {
