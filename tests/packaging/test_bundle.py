@@ -23,8 +23,9 @@ def configured(folder, **options):
              "CMAKE_OBJCXX_COMPILER_WORKS": "1", "CMAKE_HAVE_LIBC_PTHREAD": "1", "TILWIN_BENCHMARKS": "OFF",
              "CMAKE_LIBRARY_PATH": LIBRARIES, "CMAKE_PREFIX_PATH": LIBRARIES,
              "rapidcheck_DIR": LIBRARIES / "cmake/rapidcheck", **options}
-    subprocess.run(["cmake", "-S", ROOT, "-B", folder, "-G", "Ninja", *(f"-D{key}={value}" for key, value in given.items())],
-                   check=True, capture_output=True, text=True)
+    done = subprocess.run(["cmake", "-S", ROOT, "-B", folder, "-G", "Ninja",
+                           *(f"-D{key}={value}" for key, value in given.items())], capture_output=True, text=True)
+    assert done.returncode == 0, done.stderr
     return folder
 
 

@@ -9,8 +9,9 @@
 namespace tilwin::macos {
 
 /// Hot keys through Carbon's event manager, the one way of macOS to take a combination from the focused
-/// window. Other programs may register the same keys, and are then told of a press as well: what is refused is
-/// what this program holds already or another one holds exclusively. The system matches modifiers exactly, leaves the lock keys out and reports no auto-repeat.
+/// window. Other programs may register the same keys, and are then told of a press as well: what is refused
+/// is what this program holds already or another one holds exclusively. The system matches modifiers exactly,
+/// leaves the lock keys out and reports no auto-repeat.
 ///
 /// What is registered is given back when this is destroyed, and the event handler with it. Main thread;
 /// presses come from the event loop. The system does not say when other programs give combinations back, so

@@ -3,14 +3,15 @@
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "platform/macos/support/Held.h"
 
 namespace tilwin::macos {
 namespace {
 
-/// Waits for at most this long for one event, and handles it.
-void handleOneEvent(desktop::Milliseconds patience) {
+/// Waits for at most this long for one event, and handles it; false if there is none.
+bool handleOneEvent(desktop::Milliseconds patience) {
   const AutoreleasePool pool;
   NSDate* const until = [NSDate dateWithTimeIntervalSinceNow:std::chrono::duration<double>(patience).count()];
   NSEvent* const event = [NSApp nextEventMatchingMask:NSAnyEventMask
@@ -18,6 +19,7 @@ void handleOneEvent(desktop::Milliseconds patience) {
                                                inMode:NSDefaultRunLoopMode
                                               dequeue:YES];
   if (event != nil) [NSApp sendEvent:event];
+  return event != nil;
 }
 
 /// In a pool of its own: [NSApp windows] would keep closed windows alive.
@@ -28,10 +30,6 @@ bool holds(const std::function<bool()>& condition) {
 
 }  // namespace
 
-void runEventLoop(desktop::Milliseconds time) {
-  runEventLoopUntil([] { return false; }, time);
-}
-
 bool runEventLoopUntil(const std::function<bool()>& condition, desktop::Milliseconds patience) {
   const auto until = desktop::Clock::now() + patience;
   while (!holds(condition)) {
@@ -40,6 +38,15 @@ bool runEventLoopUntil(const std::function<bool()>& condition, desktop::Millisec
     handleOneEvent(std::min(left, desktop::Milliseconds{5}));
   }
   return true;
+}
+
+bool finishTasks(MainQueue& queue) {
+  const auto hasRun = std::make_shared<bool>(false);
+  queue.post([hasRun] { *hasRun = true; });
+  const bool isDone = runEventLoopUntil([hasRun] { return *hasRun; });
+  while (handleOneEvent(desktop::Milliseconds{0})) {
+  }
+  return isDone;
 }
 
 }  // namespace tilwin::macos

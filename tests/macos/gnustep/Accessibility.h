@@ -1,17 +1,18 @@
 #pragma once
 
+#include "tests/macos/Introduced.h"
+
 /// AppKit, macOS 10.10, from the NSAccessibility protocol. GNUstep's views tell assistive technology nothing;
 /// these remember what they are given.
 @interface NSView (Accessibility)
-- (BOOL)isAccessibilityElement __attribute__((availability(macos, introduced = 10.10)));
-- (void)setAccessibilityElement:(BOOL)isElement __attribute__((availability(macos, introduced = 10.10)));
-- (NSString*)accessibilityRole __attribute__((availability(macos, introduced = 10.10)));
-- (void)setAccessibilityRole:(NSString*)role __attribute__((availability(macos, introduced = 10.10)));
-- (id)accessibilityValue __attribute__((availability(macos, introduced = 10.10)));
-- (void)setAccessibilityValue:(id)value __attribute__((availability(macos, introduced = 10.10)));
-- (NSString*)accessibilityValueDescription __attribute__((availability(macos, introduced = 10.10)));
-- (void)setAccessibilityValueDescription:(NSString*)value
-    __attribute__((availability(macos, introduced = 10.10)));
-- (NSString*)accessibilityHelp __attribute__((availability(macos, introduced = 10.10)));
-- (void)setAccessibilityHelp:(NSString*)help __attribute__((availability(macos, introduced = 10.10)));
+- (BOOL)isAccessibilityElement INTRODUCED(10.10);
+- (void)setAccessibilityElement:(BOOL)isElement INTRODUCED(10.10);
+- (NSString*)accessibilityRole INTRODUCED(10.10);
+- (void)setAccessibilityRole:(NSString*)role INTRODUCED(10.10);
+- (id)accessibilityValue INTRODUCED(10.10);
+- (void)setAccessibilityValue:(id)value INTRODUCED(10.10);
+- (NSString*)accessibilityValueDescription INTRODUCED(10.10);
+- (void)setAccessibilityValueDescription:(NSString*)value INTRODUCED(10.10);
+- (NSString*)accessibilityHelp INTRODUCED(10.10);
+- (void)setAccessibilityHelp:(NSString*)help INTRODUCED(10.10);
 @end

@@ -16,7 +16,7 @@ struct Told {
   Held<NSString*> help{};
 };
 
-Attached<Told> told;
+Attached<Told> told("NSView");
 
 template <typename Value>
 void tell(NSView* view, Value Told::*what, Value value) {

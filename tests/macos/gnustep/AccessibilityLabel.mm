@@ -7,7 +7,7 @@ using tilwin::macos::Held;
 
 namespace {
 
-tilwin::macos::Attached<tilwin::macos::Held<NSString*>> labels;
+tilwin::macos::Attached<tilwin::macos::Held<NSString*>> labels("NSView");
 
 }  // namespace
 

@@ -7,7 +7,7 @@ using DrawingHandler = BOOL (^)(NSRect area);
 
 namespace {
 
-tilwin::macos::Attached<bool> templates;
+tilwin::macos::Attached<bool> templates("NSImage");
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <vector>
 
+#include "core/support/Fatal.h"
 #include "platform/macos/support/Held.h"
 #include "tests/macos/gnustep/EventsElsewhere.h"
 
@@ -88,7 +89,9 @@ std::size_t eventMonitors() { return monitors().size(); }
 
 + (void)removeMonitor:(id)monitor {
   const auto held = tilwin::macos::retained(monitor);
-  std::erase_if(tilwin::macos::monitors(), [&](const auto& other) { return other.get() == held.get(); });
+  const auto removed =
+      std::erase_if(tilwin::macos::monitors(), [&](const auto& other) { return other.get() == held.get(); });
+  if (removed == 0) tilwin::fatal("What is removed is no event monitor, or no longer one.");
 }
 
 @end

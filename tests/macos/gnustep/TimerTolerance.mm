@@ -4,7 +4,7 @@
 
 namespace {
 
-tilwin::macos::Attached<NSTimeInterval> tolerances;
+tilwin::macos::Attached<NSTimeInterval> tolerances("NSTimer");
 
 }  // namespace
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-tilwin::macos::Attached<NSWindowCollectionBehavior> behaviors;
+tilwin::macos::Attached<NSWindowCollectionBehavior> behaviors("NSWindow");
 
 }  // namespace
 

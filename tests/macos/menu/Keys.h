@@ -2,8 +2,6 @@
 
 #import <AppKit/AppKit.h>
 
-#include <string_view>
-
 namespace tilwin::macos {
 
 /// A key as macOS reports it.
@@ -16,7 +14,7 @@ struct Key {
 extern const Key returnKey;
 extern const Key escapeKey;
 
-/// The key of a lower-case letter, a digit, a space or a period.
+/// The key that types this without modifiers; throws std::logic_error if none does.
 [[nodiscard]] Key keyOf(char character, NSEventModifierFlags modifiers = 0);
 
 /// Posts the key's press and release to the open dialog, else the key window. The next run of the event loop

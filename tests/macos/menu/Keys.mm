@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/macos/support/Text.h"
+#include "tests/macos/desktop/KeyPositions.h"
 
 namespace tilwin::macos {
 
@@ -10,10 +11,7 @@ const Key returnKey{.code = 0x24, .characters = @"\r"};
 const Key escapeKey{.code = 0x35, .characters = @"\033"};
 
 Key keyOf(char character, NSEventModifierFlags modifiers) {
-  // By the position on a Mac keyboard, from 0x00.
-  constexpr std::string_view positions = "asdfhgzxcv\1bqweryt123465=97-80]ou[ip\rlj'k;\\,/nm.\t `";
-  const auto position = positions.find(character);
-  return {.code = static_cast<unsigned short>(position),
+  return {.code = keyCodeOf(static_cast<unsigned char>(character)),
           .characters = text(std::string(1, character)),
           .modifiers = modifiers};
 }

@@ -5,6 +5,7 @@
 #include "platform/macos/system/MacMainQueue.h"
 #include "tests/contract/StatusItemContract.h"
 #include "tests/macos/desktop/EventLoop.h"
+#include "tests/macos/desktop/MacDesktop.h"
 #include "tests/macos/gnustep/StatusBarUser.h"
 #include "tests/macos/menu/OnScreen.h"
 
@@ -61,7 +62,10 @@ public:
   }
   /// A click on the icon closes its menu again.
   void dismiss() override { click(queue_, [latestItem() button]); }
-  void rest() override { runEventLoop(desktop::Milliseconds{100}); }
+  void rest() override {
+    macDesktop().desktop().settle();
+    EXPECT_TRUE(finishTasks(queue_));
+  }
   bool settle(const std::function<bool()>& condition) override {
     return runEventLoopUntil(condition, desktop::answerTimeout);
   }

@@ -57,7 +57,7 @@ protected:
 
 }  // namespace
 
-TEST_F(MenuPictures, APrompt) {
+TEST_F(MenuPictures, APromptIsDrawnAndKeptAsAPicture) {
   photograph("prompt");
   dialogs.activate();
   EXPECT_EQ(dialogs.prompt({.title = "Describe a layout",
@@ -67,7 +67,7 @@ TEST_F(MenuPictures, APrompt) {
             std::nullopt);
 }
 
-TEST_F(MenuPictures, AnAlertOfSeveralLines) {
+TEST_F(MenuPictures, AnAlertOfSeveralLinesIsDrawnAndKeptAsAPicture) {
   photograph("alert");
   dialogs.activate();
   dialogs.alert({.title = "Placed what it could",
@@ -76,7 +76,7 @@ TEST_F(MenuPictures, AnAlertOfSeveralLines) {
                      "window to place"});
 }
 
-TEST_F(MenuPictures, TheMenu) {
+TEST_F(MenuPictures, TheOpenMenuIsDrawnAndKeptAsAPicture) {
   MacStatusItem item(queue);
   const auto snap = [](const char* title) { return MenuItem::command(title, {"snap", title}); };
   MenuModel model{{snap("Allow Accessibility…"), MenuItem::separator(),

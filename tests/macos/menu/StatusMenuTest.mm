@@ -1,18 +1,15 @@
 #import <AppKit/AppKit.h>
-#import <Foundation/NSDebug.h>
 #include <gtest/gtest.h>
 
 #include "platform/macos/menu/MacStatusItem.h"
-#include "platform/macos/support/Action.h"
 #include "platform/macos/support/Text.h"
 #include "platform/macos/system/MacMainQueue.h"
 #include "tests/macos/desktop/EventLoop.h"
+#include "tests/macos/desktop/Living.h"
 #include "tests/macos/gnustep/StatusBarUser.h"
 
 namespace tilwin::macos {
 namespace {
-
-using namespace std::chrono_literals;
 
 class StatusMenuTest : public testing::Test {
 protected:
@@ -39,15 +36,6 @@ protected:
   const std::vector<MenuChoice> settings{{"settings", ""}};
 };
 
-/// How many objects of these classes there are.
-int livingItems() {
-  int living = 0;
-  for (Class counted in @[ [NSMenuItem class], [NSMenu class], [TWAction class] ]) {
-    living += GSDebugAllocationCount(counted);
-  }
-  return living;
-}
-
 }  // namespace
 
 TEST_F(StatusMenuTest, IsMadeOnceEachTimeItOpensHoweverOftenAppKitAsks) {
@@ -65,12 +53,11 @@ TEST_F(StatusMenuTest, IsMadeOnceEachTimeItOpensHoweverOftenAppKitAsks) {
 TEST_F(StatusMenuTest, AChoiceThatComesBeforeTheMenuHasClosedIsReportedAfterwards) {
   open();
   choose(2);
-  runEventLoop(20ms);
+  EXPECT_TRUE(finishTasks(queue));
   EXPECT_TRUE(choices.empty());
   close();
   EXPECT_TRUE(choices.empty());
-  runEventLoop(20ms);
-  EXPECT_EQ(choices, settings);
+  EXPECT_TRUE(runEventLoopUntil([this] { return choices == settings; })) << testing::PrintToString(choices);
 }
 
 TEST_F(StatusMenuTest, AChoiceThatComesWhenTheMenuHasClosedIsReportedAsATask) {
@@ -78,8 +65,7 @@ TEST_F(StatusMenuTest, AChoiceThatComesWhenTheMenuHasClosedIsReportedAsATask) {
   close();
   choose(2);
   EXPECT_TRUE(choices.empty());
-  runEventLoop(20ms);
-  EXPECT_EQ(choices, settings);
+  EXPECT_TRUE(runEventLoopUntil([this] { return choices == settings; })) << testing::PrintToString(choices);
 }
 
 TEST_F(StatusMenuTest, AChoiceIsDroppedWithTheMenu) {
@@ -87,7 +73,7 @@ TEST_F(StatusMenuTest, AChoiceIsDroppedWithTheMenu) {
   close();
   choose(2);
   menu.reset();
-  runEventLoop(20ms);
+  EXPECT_TRUE(finishTasks(queue));
   EXPECT_TRUE(choices.empty());
 }
 
@@ -100,19 +86,17 @@ TEST_F(StatusMenuTest, NoEntryHasAKeyOrIsEnabledByAppKit) {
 }
 
 TEST_F(StatusMenuTest, MakingItAnewLeavesNothingOfTheLastOne) {
-  GSDebugAllocationActive(YES);
   const auto openAndClose = [this] {
     const AutoreleasePool pool;
     open();
     close();
   };
-  const int before = livingItems();
+  const Living items({"NSMenuItem", "NSMenu", "TWAction"});
   openAndClose();
-  const int made = livingItems() - before;
+  const long made = items.count();
   EXPECT_GT(made, 3);
   for (int time = 0; time < 100; ++time) openAndClose();
-  EXPECT_EQ(livingItems() - before, made);
-  GSDebugAllocationActive(NO);
+  EXPECT_EQ(items.count(), made);
 }
 
 TEST(MacStatusItem, TheIconIsAPictureOf18PointsThatAppKitColoursAndHasAName) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
@@ -106,7 +107,28 @@ TEST(Ownership, ConstantsAreNeverUsedUp) {
   EXPECT_EQ(CFBooleanGetValue(kCFBooleanFalse), 0);
 }
 
-TEST(Ownership, AHotKeyOrAHandlerThatIsLeftIsFound) {
+OSStatus keepsEvent(EventHandlerCallRef, EventRef, void*) { return noErr; }
+
+/// Registers a hot key and installs a handler, as somebody does who never gives them back.
+void leaveAHotKeyAndAHandler() {
+  EventHotKeyRef hotKey = nullptr;
+  ASSERT_EQ(RegisterEventHotKey(0, 0, {1, 7}, GetApplicationEventTarget(), 0, &hotKey), noErr);
+  const EventTypeSpec pressed{kEventClassKeyboard, kEventHotKeyPressed};
+  ASSERT_EQ(InstallEventHandler(GetApplicationEventTarget(), &keepsEvent, 1, &pressed, nullptr, nullptr),
+            noErr);
+}
+
+TEST(Ownership, AHotKeyAndAHandlerThatAreLeftAreFoundAndDoNotDisturbTheNextTest) {
+  for (int time = 0; time < 2; ++time) {
+    leaveAHotKeyAndAHandler();
+    Findings found = objects().takeFindings();
+    std::ranges::sort(found);
+    EXPECT_EQ(found,
+              (Findings{"Never released: event handler, owners: 1", "Never released: hot key 7, owners: 1"}));
+  }
+}
+
+TEST(Ownership, AHotKeyThatIsGivenBackTwiceIsFound) {
   EventHotKeyRef hotKey = nullptr;
   ASSERT_EQ(RegisterEventHotKey(0, 0, {1, 7}, GetApplicationEventTarget(), 0, &hotKey), noErr);
   EXPECT_TRUE(objects().hasOwned());

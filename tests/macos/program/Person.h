@@ -12,15 +12,15 @@ namespace tilwin::macos {
 /// dialog.
 class Person {
 public:
-  /// Starts to do this at once. If the event loop handles nothing any more, the test fails and the rest is
-  /// not done.
+  /// Starts to do this at once. If an act throws, or the event loop handles nothing any more, the test fails
+  /// and the rest is not done.
   explicit Person(std::function<void(Person&)> doing);
   Person(const Person&) = delete;
   Person& operator=(const Person&) = delete;
   /// Waits until all is done.
   ~Person();
 
-  /// For the thread of the person: returns when it has been done.
+  /// For the thread of the person: returns when it has been done, or throws what that threw.
   static void act(std::function<void()> act);
   /// Looks until it is so; false if that takes too long.
   static bool sees(const std::function<bool()>& condition,

@@ -3,6 +3,7 @@
 #import <AppKit/AppKit.h>
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <future>
 #include <memory>
 #include <stdexcept>
@@ -32,7 +33,7 @@ Person::Person(std::function<void(Person&)> doing)
         GSRegisterCurrentThread();
         try {
           doing(*this);
-        } catch (const std::runtime_error& end) {
+        } catch (const std::exception& end) {
           ADD_FAILURE() << end.what();
         }
         GSUnregisterCurrentThread();
@@ -48,6 +49,7 @@ void Person::act(std::function<void()> act) {
   if (done.wait_for(2 * desktop::answerTimeout) != std::future_status::ready) {
     throw std::runtime_error("The event loop handles nothing any more.");
   }
+  done.get();
 }
 
 bool Person::sees(const std::function<bool()>& condition, desktop::Milliseconds patience) {

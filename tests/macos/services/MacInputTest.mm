@@ -8,10 +8,10 @@
 #include "platform/simulated/SimulatedAccessibleDesktop.h"
 #include "tests/contract/SimulatedWorld.h"
 #include "tests/macos/desktop/EventLoop.h"
+#include "tests/macos/desktop/Living.h"
 #include "tests/macos/desktop/MacDesktop.h"
 #include "tests/macos/gnustep/EventsElsewhere.h"
 #include "tests/macos/gnustep/ScreensElsewhere.h"
-#include "tests/macos/services/Living.h"
 
 namespace tilwin::macos {
 namespace {

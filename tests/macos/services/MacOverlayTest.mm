@@ -6,10 +6,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/macos/system/MacMainQueue.h"
 #include "tests/contract/OverlayContract.h"
 #include "tests/macos/desktop/EventLoop.h"
+#include "tests/macos/desktop/Living.h"
 #include "tests/macos/desktop/MacDesktop.h"
-#include "tests/macos/services/Living.h"
 
 namespace tilwin::macos {
 namespace {
@@ -55,8 +56,9 @@ public:
         5s);
   }
   void settle() override {
-    runEventLoop(100ms);
+    EXPECT_TRUE(finishTasks(queue_));
     desk_.settle();
+    EXPECT_TRUE(finishTasks(queue_));
   }
 
   void open(const Rect& at) override {
@@ -88,6 +90,7 @@ private:
   }
 
   AutoreleasePool pool_;
+  MacMainQueue queue_;
   desktop::Desktop& desk_ = macDesktop().desktop();
   std::optional<desktop::TestWindow> window_;
   std::optional<MacOverlay> overlay_{std::in_place};

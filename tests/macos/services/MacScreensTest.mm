@@ -2,9 +2,9 @@
 
 #include "platform/macos/displays/MacScreenChanges.h"
 #include "tests/contract/ScreensContract.h"
+#include "tests/macos/desktop/Living.h"
 #include "tests/macos/desktop/MacDesktop.h"
 #include "tests/macos/gnustep/ScreensElsewhere.h"
-#include "tests/macos/services/Living.h"
 
 namespace tilwin::macos {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "platform/macos/system/MacUpdateFramework.h"
 #include "tests/contract/SystemContract.h"
+#include "tests/macos/desktop/Living.h"
 #include "tests/macos/gnustep/sparkle/SPUUpdater.h"
-#include "tests/macos/services/Living.h"
 #include "tests/macos/services/TestBundle.h"
 
 namespace tilwin::macos {

@@ -27,7 +27,7 @@ public:
   /// Presses and releases a key; `repeats` times more the key comes again while it is held.
   void pressKeys(const HotKeySpec& keys, bool capsLock = false, int repeats = 0) const;
   void pressModifiersAlone() const;
-  /// Lower-case letters, digits and spaces.
+  /// What a key types without modifiers; throws std::logic_error if none does.
   void type(char character) const;
 
 private:

@@ -1,77 +1,16 @@
 #include "tests/macos/settings/Hands.h"
 
-#include <algorithm>
 #include <array>
 #include <cctype>
 #include <chrono>
-#include <stdexcept>
-#include <string>
 #include <utility>
 
 #include "platform/macos/support/Held.h"
+#include "tests/macos/desktop/KeyPositions.h"
 #include "tests/macos/settings/Playing.h"
 
 namespace tilwin::macos {
 namespace {
-
-struct KeyCharacter {
-  unsigned short keyCode;
-  unichar character;
-};
-
-/// ANSI key codes, and what the keys type.
-constexpr std::array<KeyCharacter, 52> keyCharacters{{{0, 'a'},
-                                                      {1, 's'},
-                                                      {2, 'd'},
-                                                      {3, 'f'},
-                                                      {4, 'h'},
-                                                      {5, 'g'},
-                                                      {6, 'z'},
-                                                      {7, 'x'},
-                                                      {8, 'c'},
-                                                      {9, 'v'},
-                                                      {11, 'b'},
-                                                      {12, 'q'},
-                                                      {13, 'w'},
-                                                      {14, 'e'},
-                                                      {15, 'r'},
-                                                      {16, 'y'},
-                                                      {17, 't'},
-                                                      {18, '1'},
-                                                      {19, '2'},
-                                                      {20, '3'},
-                                                      {21, '4'},
-                                                      {22, '6'},
-                                                      {23, '5'},
-                                                      {25, '9'},
-                                                      {26, '7'},
-                                                      {28, '8'},
-                                                      {29, '0'},
-                                                      {31, 'o'},
-                                                      {32, 'u'},
-                                                      {34, 'i'},
-                                                      {35, 'p'},
-                                                      {36, '\r'},
-                                                      {37, 'l'},
-                                                      {38, 'j'},
-                                                      {40, 'k'},
-                                                      {44, '/'},
-                                                      {45, 'n'},
-                                                      {46, 'm'},
-                                                      {48, '\t'},
-                                                      {49, ' '},
-                                                      {51, 0x7f},
-                                                      {53, 0x1b},
-                                                      {115, NSHomeFunctionKey},
-                                                      {116, NSPageUpFunctionKey},
-                                                      {117, NSDeleteFunctionKey},
-                                                      {119, NSEndFunctionKey},
-                                                      {121, NSPageDownFunctionKey},
-                                                      {123, NSLeftArrowFunctionKey},
-                                                      {124, NSRightArrowFunctionKey},
-                                                      {125, NSDownArrowFunctionKey},
-                                                      {126, NSUpArrowFunctionKey},
-                                                      {50, '`'}}};
 
 constexpr std::array<std::pair<std::uint32_t, NSEventModifierFlags>, 4> modifierFlags{{
     {HotKeySpec::cmd, NSEventModifierFlagCommand},
@@ -92,10 +31,8 @@ NSEventModifierFlags flagsOf(std::uint32_t modifiers, bool capsLock) {
 }
 
 unichar typedBy(std::uint32_t keyCode, bool shifted) {
-  const auto* const found = std::ranges::find(keyCharacters, keyCode, &KeyCharacter::keyCode);
-  if (found == keyCharacters.end()) throw std::logic_error("no such key");
-  if (!shifted || found->character > 0x7f) return found->character;
-  return static_cast<unichar>(std::toupper(found->character));
+  const unichar character = characterOf(keyCode);
+  return shifted && character <= 0x7f ? static_cast<unichar>(std::toupper(character)) : character;
 }
 
 NSTimeInterval uptime() {
@@ -194,11 +131,6 @@ void Hands::pressModifiersAlone() const {
   play(std::move(events));
 }
 
-void Hands::type(char character) const {
-  const auto* const found =
-      std::ranges::find(keyCharacters, static_cast<unichar>(character), &KeyCharacter::character);
-  if (found == keyCharacters.end()) throw std::logic_error("no key types that");
-  pressKeys({found->keyCode, 0});
-}
+void Hands::type(char character) const { pressKeys({keyCodeOf(static_cast<unichar>(character)), 0}); }
 
 }  // namespace tilwin::macos

@@ -1,6 +1,5 @@
 // What becomes of the window when it is closed, and how the keyboard goes through it.
 
-#import <Foundation/NSDebug.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,32 +8,19 @@
 #include "platform/macos/support/Held.h"
 #include "tests/contract/SampleForm.h"
 #include "tests/macos/desktop/EventLoop.h"
+#include "tests/macos/desktop/Living.h"
 #include "tests/macos/gnustep/EventsElsewhere.h"
 #include "tests/macos/settings/MacSettingsDriver.h"
 
 namespace tilwin::macos {
-namespace {
 
 using desktop::Milliseconds;
 
-/// How many objects of our classes there are.
-int livingParts() {
-  int count = 0;
-  for (NSString* name in @[
-         @"TWFormWindow", @"TWSidebar", @"TWSectionButton", @"TWSectionPage", @"TWGroupView", @"TWCardView",
-         @"TWRowView", @"TWLabel", @"TWToggleView", @"TWSliderView", @"TWFieldView", @"TWPushButton",
-         @"TWRecorderButton", @"TWPictureView", @"TWScrolledView"
-       ]) {
-    count += GSDebugAllocationCount(NSClassFromString(name));
-  }
-  return count;
-}
-
-}  // namespace
-
 TEST(MacSettingsLife, AClosedWindowIsReleasedWithAllThatWasInIt) {
-  GSDebugAllocationActive(YES);
-  const int before = livingParts();
+  const Living parts({"TWFormWindow", "TWFormerFrame", "TWSidebar", "TWSectionButton", "TWSectionPage",
+                      "TWGroupView", "TWCardView", "TWRowView", "TWLabel", "TWToggleView", "TWSliderView",
+                      "TWFieldView", "TWKeyButton", "TWPushButton", "TWRecorderButton", "TWPictureView",
+                      "TWScrolledView"});
   const std::size_t monitors = eventMonitors();
   {
     MacSettingsDriver driver;
@@ -45,15 +31,14 @@ TEST(MacSettingsLife, AClosedWindowIsReleasedWithAllThatWasInIt) {
         ASSERT_TRUE(driver.settle([&] { return driver.isInFront(); }));
       }
       driver.focus("record");
-      EXPECT_GT(livingParts(), before + 10);
+      EXPECT_GT(parts.count(), 10);
       EXPECT_GT(eventMonitors(), monitors);
       driver.window().close();
     }
     EXPECT_EQ(eventMonitors(), monitors);
-    EXPECT_TRUE(runEventLoopUntil([&] { return livingParts() == before; }, Milliseconds{2000}))
-        << livingParts() - before << " objects are left";
+    EXPECT_TRUE(runEventLoopUntil([&] { return parts.count() == 0; }, Milliseconds{2000}))
+        << parts.count() << " objects are left";
   }
-  GSDebugAllocationActive(NO);
 }
 
 TEST(MacSettingsLife, TheTabKeyGoesThroughTheControlsAsTheyAreRead) {

@@ -18,8 +18,6 @@
 namespace tilwin::macos {
 namespace {
 
-using desktop::Milliseconds;
-
 struct MacSettingsLook : testing::Test {
   void open(const std::string& section) {
     driver.window().show(contract::sampleForm(section));
@@ -27,14 +25,20 @@ struct MacSettingsLook : testing::Test {
   }
   static void resize(CGFloat width, CGFloat height) {
     [MacSettingsDriver::frame() setContentSize:NSMakeSize(width, height)];
-    runEventLoop(Milliseconds{60});
+    const auto has = [&](NSSize size) { return size.width == width && size.height == height; };
+    ASSERT_TRUE(runEventLoopUntil([&] {
+      const auto shown = macDesktop().desktop().clientArea(MacSettingsDriver::nativeWindow());
+      return has([[MacSettingsDriver::frame() contentView] bounds].size) && shown &&
+             has(NSMakeSize(shown->width, shown->height));
+    })) << width
+        << " x " << height;
   }
   /// Keeps a picture of the window for whoever wants to look at it.
   static void keepPicture(const std::string& name) {
     const char* const folder = std::getenv("TILWIN_PICTURES");
     if (folder == nullptr) return;
     std::filesystem::create_directories(folder);
-    runEventLoop(Milliseconds{150});
+    [MacSettingsDriver::frame() display];
     const auto area = macDesktop().desktop().frame(MacSettingsDriver::nativeWindow());
     macDesktop().screenshot(std::filesystem::path(folder) / ("macos-settings-" + name + ".png"), area);
   }

@@ -100,6 +100,17 @@ TEST(EventMonitors, AHandlerMayRemoveItsOwnMonitor) {
   EXPECT_EQ(eventMonitors(), 0U);
 }
 
+TEST(EventMonitors, OnlyAMonitorThatIsThereMayBeRemoved) {
+  const AutoreleasePool pool;
+  const auto monitor = Held<id>::retained([NSEvent addGlobalMonitorForEventsMatchingMask:NSKeyDownMask
+                                                                                 handler:^(NSEvent*){
+                                                                                 }]);
+  [NSEvent removeMonitor:monitor.get()];
+  for (id other : {monitor.get(), static_cast<id>(nil), static_cast<id>(@"monitor")}) {
+    EXPECT_DEATH([NSEvent removeMonitor:other], "no event monitor");
+  }
+}
+
 TEST(EventMonitors, ARemovedMonitorReleasesItsHandlerAndWhatThatHolds) {
   const auto held = std::make_shared<int>();
   {

@@ -6,16 +6,15 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <sys/types.h>
 
-#include "tests/macos/c/Introduced.h"
+#include "tests/macos/Introduced.h"
 
-// the system.
 // NOLINTBEGIN(modernize-use-using): the language is that of the system.
 extern "C" {
 
 typedef const struct __AXUIElement* AXUIElementRef;
 typedef const struct __AXValue* AXValueRef;
 
-enum AXError : SInt32 {
+enum INTRODUCED(10.2) AXError : SInt32 {
   kAXErrorSuccess = 0,
   kAXErrorFailure = -25200,
   kAXErrorIllegalArgument = -25201,
@@ -35,13 +34,13 @@ enum AXError : SInt32 {
 };
 typedef enum AXError AXError;
 
-enum AXValueType : UInt32 {
-  kAXValueTypeIllegal = 0,
-  kAXValueTypeCGPoint = 1,
-  kAXValueTypeCGSize = 2,
-  kAXValueTypeCGRect = 3,
-  kAXValueTypeCFRange = 4,
-  kAXValueTypeAXError = 5,
+enum INTRODUCED(10.3) AXValueType : UInt32 {
+  kAXValueTypeIllegal INTRODUCED(10.11) = 0,
+  kAXValueTypeCGPoint INTRODUCED(10.11) = 1,
+  kAXValueTypeCGSize INTRODUCED(10.11) = 2,
+  kAXValueTypeCGRect INTRODUCED(10.11) = 3,
+  kAXValueTypeCFRange INTRODUCED(10.11) = 4,
+  kAXValueTypeAXError INTRODUCED(10.11) = 5,
 };
 typedef enum AXValueType AXValueType;
 
@@ -64,7 +63,6 @@ AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float seconds) IN
 
 CFTypeID AXValueGetTypeID(void) INTRODUCED(10.3);
 AXValueRef AXValueCreate(AXValueType type, const void* value) INTRODUCED(10.3);
-AXValueType AXValueGetType(AXValueRef value) INTRODUCED(10.3);
 /// False if the value is of another type; `to` is then left alone.
 Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* to) INTRODUCED(10.3);
 

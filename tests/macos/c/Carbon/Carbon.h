@@ -5,9 +5,8 @@
 
 #include <CoreFoundation/CoreFoundation.h>
 
-#include "tests/macos/c/Introduced.h"
+#include "tests/macos/Introduced.h"
 
-// the system.
 // NOLINTBEGIN(modernize-use-using): the language is that of the system.
 extern "C" {
 
@@ -37,7 +36,7 @@ typedef struct EventHotKeyID EventHotKeyID;
 typedef OSStatus (*EventHandlerProcPtr)(EventHandlerCallRef call, EventRef event, void* userData);
 typedef EventHandlerProcPtr EventHandlerUPP;
 
-enum : OSStatus {
+enum INTRODUCED(10.0) : OSStatus {
   noErr = 0,
   paramErr = -50,
   eventHandlerAlreadyInstalledErr = -9866,
@@ -46,10 +45,10 @@ enum : OSStatus {
   eventHotKeyExistsErr = -9878,
   eventHotKeyInvalidErr = -9879,
 };
-enum : OSType { kEventClassKeyboard = 0x6b657962 };  // "keyb"
-enum : UInt32 { kEventHotKeyPressed = 5, kEventHotKeyReleased = 6 };
-enum : EventParamName { kEventParamDirectObject = 0x2d2d2d2d };  // "----"
-enum : EventParamType { typeEventHotKeyID = 0x686b6964 };        // "hkid"
+enum INTRODUCED(10.0) : OSType { kEventClassKeyboard = 0x6b657962 };  // "keyb"
+enum INTRODUCED(10.0) : UInt32 { kEventHotKeyPressed = 5 };
+enum INTRODUCED(10.0) : EventParamName { kEventParamDirectObject = 0x2d2d2d2d };  // "----"
+enum INTRODUCED(10.0) : EventParamType { typeEventHotKeyID = 0x686b6964 };        // "hkid"
 
 /// Belongs to the system.
 EventTargetRef GetApplicationEventTarget(void) INTRODUCED(10.0);

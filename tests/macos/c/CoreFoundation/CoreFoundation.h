@@ -6,9 +6,8 @@
 /// Ownership: what a function with Create or Copy in its name returns belongs to the caller, who gives it
 /// back by CFRelease; what any other function returns belongs to somebody else. Any thread.
 
-#include "tests/macos/c/Introduced.h"
+#include "tests/macos/Introduced.h"
 
-// the system.
 // NOLINTBEGIN(modernize-use-using): the language is that of the system.
 extern "C" {
 
@@ -31,7 +30,6 @@ typedef const struct __CFArray* CFArrayRef;
 typedef const struct __CFBoolean* CFBooleanRef;
 typedef const struct __CFData* CFDataRef;
 typedef const struct __CFDictionary* CFDictionaryRef;
-typedef const struct __CFNumber* CFNumberRef;
 typedef const struct __CFString* CFStringRef;
 typedef CFTypeRef CFPropertyListRef;
 
@@ -68,14 +66,10 @@ extern const CFBooleanRef kCFBooleanFalse INTRODUCED(10.0);
 CFTypeID CFBooleanGetTypeID(void) INTRODUCED(10.0);
 Boolean CFBooleanGetValue(CFBooleanRef boolean) INTRODUCED(10.0);
 
-typedef CFIndex CFNumberType;
-enum : CFNumberType { kCFNumberSInt32Type = 3, kCFNumberDoubleType = 13 };
-CFTypeID CFNumberGetTypeID(void) INTRODUCED(10.0);
-CFNumberRef CFNumberCreate(CFAllocatorRef allocator, CFNumberType type, const void* value) INTRODUCED(10.0);
-
-enum : CFStringEncoding { kCFStringEncodingUTF8 = 0x08000100 };
+enum INTRODUCED(10.0) : CFStringEncoding { kCFStringEncodingUTF8 = 0x08000100 };
 CFTypeID CFStringGetTypeID(void) INTRODUCED(10.0);
-/// NULL if the bytes are not in the encoding.
+/// NULL if the bytes are not in the encoding. A byte order mark before an external representation is left
+/// out.
 CFStringRef CFStringCreateWithBytes(CFAllocatorRef allocator, const UInt8* bytes, CFIndex count,
                                     CFStringEncoding encoding, Boolean isExternalRepresentation)
     INTRODUCED(10.0);
@@ -124,18 +118,18 @@ typedef CFArrayCallBacks CFDictionaryValueCallBacks;
 /// For dictionaries that own their keys and values. Without callbacks a dictionary owns none of them.
 extern const CFDictionaryKeyCallBacks kCFTypeDictionaryKeyCallBacks INTRODUCED(10.0);
 extern const CFDictionaryValueCallBacks kCFTypeDictionaryValueCallBacks INTRODUCED(10.0);
-CFTypeID CFDictionaryGetTypeID(void) INTRODUCED(10.0);
 CFDictionaryRef CFDictionaryCreate(CFAllocatorRef allocator, const void** keys, const void** values,
                                    CFIndex count, const CFDictionaryKeyCallBacks* keyCallBacks,
                                    const CFDictionaryValueCallBacks* valueCallBacks) INTRODUCED(10.0);
-/// NULL if the key is not in it.
+/// NULL if the key is not in it. Without callbacks for keys, a key is in it only if it is the same pointer.
 const void* CFDictionaryGetValue(CFDictionaryRef dictionary, const void* key) INTRODUCED(10.0);
 
 /// The domain of this program.
 extern const CFStringRef kCFPreferencesCurrentApplication INTRODUCED(10.0);
 /// NULL if the domain has no such key.
 CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef key, CFStringRef applicationID) INTRODUCED(10.0);
-/// NULL removes the key. The value is stored by the next synchronization.
+/// NULL removes the key. The value, which a property list can hold, is stored by the next
+/// synchronization.
 void CFPreferencesSetAppValue(CFStringRef key, CFPropertyListRef value, CFStringRef applicationID)
     INTRODUCED(10.0);
 /// Stores what has been set and reads what others have stored meanwhile. Returns whether that worked.

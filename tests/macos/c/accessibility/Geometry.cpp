@@ -43,11 +43,6 @@ AXValueRef AXValueCreate(AXValueType type, const void* value) {
   return static_cast<AXValueRef>(objects().make<GeometryObject>(maker(value)));
 }
 
-AXValueType AXValueGetType(AXValueRef value) {
-  const auto* const used = objects().used<GeometryObject>(value, "AXValueGetType");
-  return used == nullptr ? kAXValueTypeIllegal : used->kind();
-}
-
 Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* to) {
   const auto* const used = objects().used<GeometryObject>(value, "AXValueGetValue");
   if (used == nullptr || used->kind() != type) return false;

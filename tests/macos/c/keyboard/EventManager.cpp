@@ -12,8 +12,25 @@ namespace {
 constexpr std::uint32_t allModifiers =
     HotKeySpec::cmd | HotKeySpec::shift | HotKeySpec::option | HotKeySpec::control;
 
-/// Neither is an object of Core Foundation, but each has one owner.
-class HandlerObject final : public CountedObject {
+template <typename Reference>
+Reference referenceTo(CFTypeRef object) {
+  return reinterpret_cast<Reference>(const_cast<void*>(object));
+}
+
+/// The event manager forgets an object that is destroyed, also one that was never given back. Neither is an
+/// object of Core Foundation, but each has one owner.
+template <typename Reference>
+class ManagedObject : public CountedObject {
+public:
+  ManagedObject() = default;
+  ManagedObject(const ManagedObject&) = delete;
+  ManagedObject& operator=(const ManagedObject&) = delete;
+  ~ManagedObject() override {
+    EventManager::shared().remove(referenceTo<Reference>(static_cast<CountedObject*>(this)));
+  }
+};
+
+class HandlerObject final : public ManagedObject<EventHandlerRef> {
 public:
   HandlerObject(EventHandlerUPP runs, std::vector<EventTypeSpec> of, void* with)
       : function(runs), types(std::move(of)), userData(with) {}
@@ -26,7 +43,7 @@ public:
   void* const userData;
 };
 
-class HotKeyObject final : public CountedObject {
+class HotKeyObject final : public ManagedObject<EventHotKeyRef> {
 public:
   HotKeyObject(const HotKeySpec& of, EventHotKeyID as) : spec(of), identity(as) {}
 
@@ -36,11 +53,6 @@ public:
   const HotKeySpec spec;
   const EventHotKeyID identity;
 };
-
-template <typename Reference>
-Reference referenceTo(CFTypeRef object) {
-  return reinterpret_cast<Reference>(const_cast<void*>(object));
-}
 
 bool handles(const HandlerObject& handler, const Event& event) {
   return std::any_of(handler.types.begin(), handler.types.end(), [&](const EventTypeSpec& type) {

@@ -39,8 +39,6 @@ const void* CFArrayGetValueAtIndex(CFArrayRef array, CFIndex index) {
   return used == nullptr ? nullptr : used->entries.at(static_cast<std::size_t>(index));
 }
 
-CFTypeID CFDictionaryGetTypeID() { return static_cast<CFTypeID>(ValueType::dictionary); }
-
 CFDictionaryRef CFDictionaryCreate(CFAllocatorRef, const void** keys, const void** values, CFIndex count,
                                    const CFDictionaryKeyCallBacks* keyCallBacks,
                                    const CFDictionaryValueCallBacks* valueCallBacks) {
@@ -54,7 +52,7 @@ const void* CFDictionaryGetValue(CFDictionaryRef dictionary, const void* key) {
   const auto* const used = objects().used<DictionaryObject>(dictionary, "CFDictionaryGetValue");
   if (used == nullptr) return nullptr;
   for (const auto& [each, value] : used->entries) {
-    if (CFEqual(each, key)) return value;
+    if (used->isSameKey(each, key)) return value;
   }
   return nullptr;
 }

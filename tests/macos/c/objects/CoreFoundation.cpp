@@ -12,6 +12,8 @@ namespace {
 using namespace tilwin::macos::c;
 using tilwin::Utf8;
 
+constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+
 CFTypeID idOf(ValueType type) { return static_cast<CFTypeID>(type); }
 
 std::string_view bytesOf(const UInt8* bytes, CFIndex count) {
@@ -68,20 +70,14 @@ Boolean CFBooleanGetValue(CFBooleanRef boolean) {
   return used != nullptr && used->isOn;
 }
 
-CFTypeID CFNumberGetTypeID() { return idOf(ValueType::number); }
-
-CFNumberRef CFNumberCreate(CFAllocatorRef, CFNumberType type, const void* value) {
-  const double number =
-      type == kCFNumberDoubleType ? *static_cast<const double*>(value) : *static_cast<const SInt32*>(value);
-  return static_cast<CFNumberRef>(objects().make<NumberObject>(number));
-}
-
 CFTypeID CFStringGetTypeID() { return idOf(ValueType::string); }
 
 CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const UInt8* bytes, CFIndex count,
-                                    CFStringEncoding encoding, Boolean) {
-  if (encoding != kCFStringEncodingUTF8 || !isUtf8(bytesOf(bytes, count))) return nullptr;
-  return makeString(bytesOf(bytes, count));
+                                    CFStringEncoding encoding, Boolean isExternalRepresentation) {
+  std::string_view text = bytesOf(bytes, count);
+  if (encoding != kCFStringEncodingUTF8 || !isUtf8(text)) return nullptr;
+  if (isExternalRepresentation && text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+  return makeString(text);
 }
 
 CFIndex CFStringGetLength(CFStringRef string) {

@@ -69,6 +69,9 @@ public:
     return object;
   }
 
+  /// Adds a finding: `user` did something wrong with an object.
+  void note(std::string_view user, std::string_view what, std::string_view object);
+
   /// Whether an object made for this test has an owner.
   [[nodiscard]] bool hasOwned() const;
   /// What broke the rules since the last call, objects that still have owners included. All objects are then
@@ -85,7 +88,6 @@ private:
 
   CFTypeRef keep(std::unique_ptr<CountedObject> object, int owners);
   CountedObject* find(CFTypeRef reference, std::string_view user);
-  void note(std::string_view user, std::string_view what, std::string_view object);
 
   std::unordered_map<CFTypeRef, Counted> counted_;
   std::vector<std::string> findings_;

@@ -91,7 +91,7 @@ private:
   bool isOwning_;
 };
 
-/// Owns its keys and values as its callbacks tell.
+/// Owns its keys and values, and compares its keys, as its callbacks tell.
 class DictionaryObject final : public CountedObject {
 public:
   using Entries = std::vector<std::pair<CFTypeRef, CFTypeRef>>;
@@ -101,6 +101,10 @@ public:
   [[nodiscard]] std::string description() const override;
   [[nodiscard]] std::size_t hash() const override { return entries.size(); }
   void end() override;
+  /// Whether the two are the same key here.
+  [[nodiscard]] bool isSameKey(CFTypeRef one, CFTypeRef other) const {
+    return areKeysOwned_ ? CFEqual(one, other) != 0 : one == other;
+  }
 
   Entries entries;
 

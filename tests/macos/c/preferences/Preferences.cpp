@@ -17,13 +17,14 @@ struct PropertyMaker {
   CFPropertyListRef operator()(double of) const { return objects().make<NumberObject>(of); }
 };
 
-/// Nothing for what no property list holds.
+/// Nothing for what no property list holds, or none here; that is a finding.
 std::optional<StoredValue> storedValueOf(CFPropertyListRef property) {
   auto* const used = objects().used(property, "CFPreferencesSetAppValue");
   if (const auto* data = dynamic_cast<DataObject*>(used)) return StoredBytes{data->bytes};
   if (const auto* string = dynamic_cast<StringObject*>(used)) return utf8(string->text).text;
   if (const auto* flag = dynamic_cast<BooleanObject*>(used)) return flag->isOn;
   if (const auto* number = dynamic_cast<NumberObject*>(used)) return number->number;
+  if (used != nullptr) objects().note("CFPreferencesSetAppValue", "cannot store", used->description());
   return std::nullopt;
 }
 
@@ -52,7 +53,8 @@ void CFPreferencesSetAppValue(CFStringRef key, CFPropertyListRef value, CFString
   const std::string domain = domainOf(applicationID, "CFPreferencesSetAppValue");
   auto* const preferences = StoredPreferences::current();
   if (preferences == nullptr) return;
-  preferences->set(domain, name, value == nullptr ? std::nullopt : storedValueOf(value));
+  const auto stored = value == nullptr ? std::nullopt : storedValueOf(value);
+  if (value == nullptr || stored) preferences->set(domain, name, stored);
 }
 
 Boolean CFPreferencesAppSynchronize(CFStringRef applicationID) {
