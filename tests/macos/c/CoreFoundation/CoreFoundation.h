@@ -7,6 +7,7 @@
 /// back by CFRelease; what any other function returns belongs to somebody else. Any thread.
 
 #include "tests/macos/Introduced.h"
+#include "tests/macos/c/MacTypes.h"
 
 // NOLINTBEGIN(modernize-use-using): the language is that of the system.
 extern "C" {

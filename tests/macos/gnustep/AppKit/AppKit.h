@@ -7,6 +7,7 @@
 #include_next <AppKit/AppKit.h>
 #pragma clang diagnostic pop
 
+#include "tests/macos/c/MacTypes.h"
 #include "tests/macos/gnustep/AccentColour.h"
 #include "tests/macos/gnustep/Accessibility.h"
 #include "tests/macos/gnustep/AccessibilityLabel.h"
