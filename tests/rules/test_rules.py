@@ -116,6 +116,9 @@ SAMPLES = [
      {"docs/macos.md": ROW.format(line=1), "platform/macos/Screens.mm": "// No import.\n"}, "docs/macos.md:1"),
     ("an adapter to macOS is in no table", "places",
      {"docs/macos.md": ROW.format(line=1), "platform/macos/A.cpp": "int a;\n"}, "platform/macos/A.cpp:1"),
+    ("a C function of macOS is in no table", "places",
+     {"docs/macos.md": ROW.format(line=1), "platform/macos/A.h": "#pragma once\n\nvoid a() { CFRetain(b); }\n"},
+     "platform/macos/A.h:3"),
 ]
 
 

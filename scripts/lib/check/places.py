@@ -1,5 +1,5 @@
-"""docs/macos.md names the place of each operation of macOS that the adapters use: each must be there, and no source may
-be missing.
+"""docs/macos.md names the place of the operations of macOS that the adapters use: each must be there, and neither a source nor
+a call of a C function may be missing.
 
     python3 -B scripts/lib/check/places.py    puts the line numbers in the document right
 """
@@ -13,6 +13,9 @@ DOCUMENT = "docs/macos.md"
 SOURCES = "platform/macos/"
 # | `operation` | [File.mm:12](../platform/macos/File.mm#L12) | ...
 _ROW = re.compile(r"^\| `(?P<operation>[^`]+)` \| \[[^\]:]+:(?P<line>\d+)\]\(\.\./(?P<path>[^)#]+)#L\d+\) \|")
+_CALL = re.compile(r"(?<![\w:])((?:CF|AX)[A-Z]\w+|\w+(?:EventHandler|EventHotKey))\(")
+# Our own holder; functions that only tell the number of a type.
+_LEFT_OUT = re.compile(r"CFOwned|(CF|AX)\w+GetTypeID")
 
 
 def _rows(document):
@@ -46,7 +49,23 @@ def sources_stand_in_the_document(tree):
             yield Finding(file.path, 1, "places", f"{DOCUMENT} names nothing of this file; add the operations that it uses")
 
 
-RULES = [operations_stand_where_the_document_says, sources_stand_in_the_document]
+def calls_stand_in_the_document(tree):
+    if DOCUMENT not in tree.files:
+        return
+    named = set()
+    for _, row in _rows(tree.files[DOCUMENT]):
+        named.update(re.findall(r"\w+", row["operation"]))
+    for file in tree.cpp_files:
+        if not file.path.startswith(SOURCES):
+            continue
+        for number, line in enumerate(file.code_lines, 1):
+            for call in _CALL.findall(line):
+                if call not in named and not _LEFT_OUT.fullmatch(call):
+                    named.add(call)
+                    yield Finding(file.path, number, "places", f"{DOCUMENT} does not name {call}")
+
+
+RULES = [operations_stand_where_the_document_says, sources_stand_in_the_document, calls_stand_in_the_document]
 
 
 def mend(root):
