@@ -9,8 +9,8 @@
 #include "platform/macos/settings/RowView.h"
 #include "platform/ports/FormModel.h"
 
-/// The rows of a group on a rounded sheet, beside the group's picture if it has one, or below it if there is
-/// not enough room. Rows of mere buttons stand without a sheet.
+/// The rows of a group on a rounded sheet, beside the group's picture if it has one: the window is never too
+/// narrow for that. Rows of mere buttons stand without a sheet.
 @interface TWCardView : NSView {
   tilwin::macos::Report report_;
   tilwin::macos::Held<TWPictureView*> picture_;
@@ -20,6 +20,8 @@
 - (instancetype)initWithReport:(tilwin::macos::Report)report;
 - (void)displayModel:(const tilwin::FormGroup&)group;
 - (CGFloat)heightForWidth:(CGFloat)width;
+/// Puts its parts where they belong in its frame.
 - (void)arrange;
+/// Appends the views of its controls that take the keyboard focus, in reading order.
 - (void)addKeyViewsTo:(std::vector<NSView*>&)views;
 @end

@@ -9,7 +9,7 @@
 #include "platform/macos/support/Held.h"
 #include "platform/ports/FormModel.h"
 
-/// A line of text, or a search field, which Escape empties.
+/// A line of text, or a search field, which Escape empties. Line breaks in it are reported as spaces.
 @interface TWFieldView : NSView <TWFormControl, NSTextFieldDelegate> {
   std::string id_;
   std::string reported_;  ///< the text that was reported or displayed last

@@ -20,6 +20,8 @@
 - (void)displayModel:(const tilwin::FormGroup&)group;
 - (const std::string&)formId;
 - (CGFloat)heightForWidth:(CGFloat)width;
+/// Puts its parts where they belong in its frame.
 - (void)arrange;
+/// Appends the views of its controls that take the keyboard focus, in reading order.
 - (void)addKeyViewsTo:(std::vector<NSView*>&)views;
 @end

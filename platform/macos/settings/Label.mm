@@ -1,5 +1,6 @@
 #include "platform/macos/settings/Label.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -68,6 +69,9 @@ constexpr CGFloat endless = 100'000;
   content_ = text;
   measuredWidth_ = -1;
   [self setAccessibilityValue:tilwin::macos::text(text)];
+  if (tone_ == LabelTone::problem) {
+    NSAccessibilityPostNotification(self, NSAccessibilityValueChangedNotification);
+  }
   [self setNeedsDisplay:YES];
 }
 

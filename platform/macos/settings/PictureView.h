@@ -22,6 +22,6 @@ enum class PictureScale { small, large };
 - (instancetype)initWithScale:(tilwin::macos::PictureScale)scale report:(tilwin::macos::Report)report;
 - (void)displayPicture:(const tilwin::FormPicture&)picture;
 - (const tilwin::FormPicture&)picture;
-/// Where the display is drawn.
+/// Where the display is drawn, in its own coordinates. The tiles are fractions of it.
 - (NSRect)screen;
 @end

@@ -65,6 +65,7 @@ void drawTile(const FormPicture::Tile& tile, NSRect screen, const PictureLook& l
   picture_ = picture;
   [self setAccessibilityLabel:tilwin::macos::text(picture.label)];
   [self setNeedsDisplay:YES];
+  [[self window] invalidateCursorRectsForView:self];
 }
 
 - (const FormPicture&)picture {
@@ -148,7 +149,9 @@ void drawTile(const FormPicture::Tile& tile, NSRect screen, const PictureLook& l
 - (void)resetCursorRects {
   if (picture_.id.empty()) return;
   for (const auto& tile : picture_.tiles) {
-    if (tile.isHighlighted) [self addCursorRect:areaOf(tile, [self screen]) cursor:[NSCursor openHandCursor]];
+    if (!tile.isHighlighted) continue;
+    const NSRect seen = NSIntersectionRect(areaOf(tile, [self screen]), [self visibleRect]);
+    if (!NSIsEmptyRect(seen)) [self addCursorRect:seen cursor:[NSCursor openHandCursor]];
   }
 }
 

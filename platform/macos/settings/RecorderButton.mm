@@ -37,11 +37,13 @@ constexpr CGFloat capRadius = 6;
 - (void)displayModel:(const FormRecorder&)recorder {
   const bool starts = recorder.isRecording && !recorder_.isRecording;
   if (recorder != recorder_) {
+    const bool isOtherTitle = recorder.title != recorder_.title;
     recorder_ = recorder;
     NSString* const title = tilwin::macos::text(recorder.title);
     [self setTitle:title];
     [self setAccessibilityLabel:tilwin::macos::text(recorder.label)];
     [self setAccessibilityValue:title];
+    if (isOtherTitle) NSAccessibilityPostNotification(self, NSAccessibilityValueChangedNotification);
     [self setNeedsDisplay:YES];
   }
   if (starts) [[self window] makeFirstResponder:self];
@@ -62,6 +64,17 @@ constexpr CGFloat capRadius = 6;
 
 - (void)setRemark:(NSString*)remark {
   [self setAccessibilityHelp:remark];
+}
+
+/// It draws its focus ring itself.
+- (BOOL)becomeFirstResponder {
+  [self setNeedsDisplay:YES];
+  return [super becomeFirstResponder];
+}
+
+- (BOOL)resignFirstResponder {
+  [self setNeedsDisplay:YES];
+  return [super resignFirstResponder];
 }
 
 - (NSAttributedString*)styledTitle {

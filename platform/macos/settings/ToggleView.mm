@@ -69,10 +69,6 @@ constexpr CGFloat besideBox = 7;
   return tilwin::macos::naturalSize(box_.get()).width + besideBox;
 }
 
-- (CGFloat)naturalWidth {
-  return [self titleX] + [title_.get() naturalWidth];
-}
-
 - (CGFloat)heightForWidth:(CGFloat)width {
   return std::max(tilwin::macos::naturalSize(box_.get()).height,
                   [title_.get() heightForWidth:width - [self titleX]]);
@@ -102,7 +98,9 @@ constexpr CGFloat besideBox = 7;
 
 - (void)mouseUp:(NSEvent*)event {
   const NSPoint at = [self convertPoint:[event locationInWindow] fromView:nil];
-  if (NSPointInRect(at, [self bounds])) [box_.get() performClick:self];
+  NSRect clickable = [self bounds];
+  clickable.size.width = std::min(clickable.size.width, [self titleX] + [title_.get() naturalWidth]);
+  if (NSPointInRect(at, clickable)) [box_.get() performClick:self];
 }
 
 @end

@@ -12,3 +12,4 @@ static const NSEventModifierFlags NSEventModifierFlagControl = NSControlKeyMask;
 static const NSEventModifierFlags NSEventModifierFlagOption = NSAlternateKeyMask;
 static const NSEventModifierFlags NSEventModifierFlagShift = NSShiftKeyMask;
 static const NSEventType NSEventTypeApplicationDefined = NSApplicationDefined;
+static const NSEventType NSEventTypeKeyDown = NSKeyDown;
