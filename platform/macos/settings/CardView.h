@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "platform/macos/settings/FormView.h"
 #include "platform/macos/settings/KeptViews.h"
 #include "platform/macos/settings/Report.h"
 #include "platform/macos/settings/RowView.h"
@@ -11,8 +12,7 @@
 
 /// The rows of a group on a rounded sheet, beside the group's picture if it has one: the window is never too
 /// narrow for that. Rows of mere buttons stand without a sheet.
-@interface TWCardView : NSView {
-  tilwin::macos::Report report_;
+@interface TWCardView : TWFormView {
   tilwin::macos::Held<TWPictureView*> picture_;
   tilwin::macos::KeptViews<TWRowView> rows_;
   BOOL isBare_;

@@ -32,9 +32,8 @@ struct Arrangement {
 @implementation TWCardView
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   return self;
 }
 
@@ -115,10 +114,6 @@ struct Arrangement {
     NSRectFillUsingOperation(NSMakeRect(NSMinX(frame), NSMinY(frame), NSWidth(frame), 1),
                              NSCompositingOperationSourceOver);
   }
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 @end

@@ -43,9 +43,8 @@ std::string onOneLine(NSString* text) {
 @implementation TWFieldView
 
 - (instancetype)initWithReport:(Report)report isSearch:(BOOL)isSearch {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   isSearch_ = isSearch;
   NSTextField* const field = isSearch ? [[NSSearchField alloc] initWithFrame:NSZeroRect]
                                       : [[NSTextField alloc] initWithFrame:NSZeroRect];

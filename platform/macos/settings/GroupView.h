@@ -6,12 +6,13 @@
 #include <vector>
 
 #include "platform/macos/settings/CardView.h"
+#include "platform/macos/settings/FormView.h"
 #include "platform/macos/settings/Label.h"
 #include "platform/macos/settings/Report.h"
 #include "platform/ports/FormModel.h"
 
 /// A group of rows: its heading, and its card.
-@interface TWGroupView : NSView {
+@interface TWGroupView : TWFormView {
   std::string id_;
   tilwin::macos::Held<TWLabel*> heading_;
   tilwin::macos::Held<TWCardView*> card_;

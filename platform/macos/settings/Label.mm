@@ -39,7 +39,7 @@ constexpr CGFloat endless = 100'000;
 @implementation TWLabel
 
 - (instancetype)initWithTone:(LabelTone)tone {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:{}];
   if (self == nil) return nil;
   tone_ = tone;
   font_ = tilwin::macos::retained(fontOf(tone));
@@ -105,10 +105,6 @@ constexpr CGFloat endless = 100'000;
     measuredHeight_ = [self sizeWithin:std::max(width, CGFloat{1})].height;
   }
   return measuredHeight_;
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 - (void)drawRect:(NSRect)dirty {

@@ -51,10 +51,9 @@ void drawTile(const FormPicture::Tile& tile, NSRect screen, const PictureLook& l
 @implementation TWPictureView
 
 - (instancetype)initWithScale:(PictureScale)scale report:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
   scale_ = scale;
-  report_ = std::move(report);
   [self setAccessibilityElement:YES];
   [self setAccessibilityRole:NSAccessibilityImageRole];
   return self;
@@ -94,10 +93,6 @@ void drawTile(const FormPicture::Tile& tile, NSRect screen, const PictureLook& l
 
 - (NSRect)screen {
   return NSInsetRect([self bounds], [self look].bezel, [self look].bezel);
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 - (void)drawRect:(NSRect)dirty {

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "platform/macos/settings/Painting.h"
-#include "platform/macos/support/Keys.h"
 #include "platform/macos/support/Text.h"
 
 using tilwin::FormButton;
@@ -15,11 +14,6 @@ namespace {
 
 constexpr CGFloat symbolSize = 14;
 constexpr CGFloat narrowestButton = 36;
-
-bool isPressing(NSEvent* event) {
-  const unichar typed = tilwin::macos::typedCharacter(event);
-  return typed == u' ' || typed == NSCarriageReturnCharacter || typed == NSEnterCharacter;
-}
 
 /// AppKit colours it as it does the title.
 NSImage* imageOf(FormSymbol symbol) {
@@ -35,34 +29,13 @@ NSImage* imageOf(FormSymbol symbol) {
 
 }  // namespace
 
-@implementation TWKeyButton
-
-- (BOOL)acceptsFirstResponder {
-  return [self isEnabled];
-}
-
-- (BOOL)canBecomeKeyView {
-  return [self isEnabled] && ![self isHiddenOrHasHiddenAncestor];
-}
-
-- (void)keyDown:(NSEvent*)event {
-  if (!isPressing(event)) return [super keyDown:event];
-  if (![event isARepeat]) [self performClick:self];
-}
-
-@end
-
 @implementation TWPushButton
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   symbol_ = FormSymbol::none;
-  [self setButtonType:NSButtonTypeMomentaryPushIn];
   [self setBezelStyle:NSBezelStyleRounded];
-  [self setTarget:self];
-  [self setAction:@selector(press:)];
   return self;
 }
 
@@ -85,23 +58,6 @@ NSImage* imageOf(FormSymbol symbol) {
   // After the image, which changes it.
   const NSCellImagePosition beside = [[self title] length] > 0 ? NSImageLeft : NSImageOnly;
   [self setImagePosition:isNone ? NSNoImage : beside];
-}
-
-- (void)press:(id)sender {
-  (void)sender;
-  report_(tilwin::form::ButtonPressed{id_});
-}
-
-- (const std::string&)formId {
-  return id_;
-}
-
-- (NSView*)keyView {
-  return self;
-}
-
-- (void)setRemark:(NSString*)remark {
-  [self setAccessibilityHelp:remark];
 }
 
 - (CGFloat)naturalWidth {

@@ -22,15 +22,11 @@ constexpr CGFloat capRadius = 6;
 @implementation TWRecorderButton
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
-  [self setButtonType:NSButtonTypeMomentaryPushIn];
   [self setBordered:NO];
   [self setFocusRingType:NSFocusRingTypeNone];
   [self setFont:[NSFont systemFontOfSize:[NSFont systemFontSize]]];
-  [self setTarget:self];
-  [self setAction:@selector(press:)];
   return self;
 }
 
@@ -39,6 +35,7 @@ constexpr CGFloat capRadius = 6;
   if (recorder != recorder_) {
     const bool isOtherTitle = recorder.title != recorder_.title;
     recorder_ = recorder;
+    id_ = recorder.id;
     NSString* const title = tilwin::macos::text(recorder.title);
     [self setTitle:title];
     [self setAccessibilityLabel:tilwin::macos::text(recorder.label)];
@@ -47,23 +44,6 @@ constexpr CGFloat capRadius = 6;
     [self setNeedsDisplay:YES];
   }
   if (starts) [[self window] makeFirstResponder:self];
-}
-
-- (void)press:(id)sender {
-  (void)sender;
-  report_(tilwin::form::ButtonPressed{recorder_.id});
-}
-
-- (const std::string&)formId {
-  return recorder_.id;
-}
-
-- (NSView*)keyView {
-  return self;
-}
-
-- (void)setRemark:(NSString*)remark {
-  [self setAccessibilityHelp:remark];
 }
 
 /// It draws its focus ring itself.

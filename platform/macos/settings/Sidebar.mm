@@ -107,9 +107,8 @@ NSDictionary* titleLook(NSColor* colour, bool isChosen) {
 @implementation TWSidebar
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   [self setFocusRingType:NSFocusRingTypeNone];
   [self setAccessibilityElement:YES];
   [self setAccessibilityRole:NSAccessibilityRadioGroupRole];
@@ -196,10 +195,6 @@ NSDictionary* titleLook(NSColor* colour, bool isChosen) {
   [[NSColor separatorColor] set];
   NSRectFillUsingOperation(NSMakeRect(NSMaxX(bounds) - 1, 0, 1, NSHeight(bounds)),
                            NSCompositingOperationSourceOver);
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 @end

@@ -19,9 +19,8 @@ constexpr CGFloat besideBox = 7;
 @implementation TWToggleView
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   box_ = tilwin::macos::owned([[TWKeyButton alloc] initWithFrame:NSZeroRect]);
   [box_.get() setButtonType:NSButtonTypeSwitch];
   [box_.get() setTitle:@""];
@@ -86,10 +85,6 @@ constexpr CGFloat besideBox = 7;
   tilwin::macos::place(box_.get(),
                        NSMakeRect(0, std::max(top + (line - box.height) / 2, 0.0), box.width, box.height));
   tilwin::macos::place(title_.get(), NSMakeRect([self titleX], top, room, text));
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 - (void)mouseDown:(NSEvent*)event {

@@ -119,6 +119,13 @@ TEST_F(MacSettingsFocus, WhatCompletesWordsClosesTheWindowForTheEscapeKeyOnly) {
   EXPECT_FALSE(driver.window().isOpen());
 }
 
+TEST_F(MacSettingsFocus, TheEscapeKeyMayComeAsACommand) {
+  open("areas");
+  [frame() makeFirstResponder:sidebar()];
+  EXPECT_TRUE([NSApp sendAction:@selector(cancelOperation:) to:nil from:nil]);
+  EXPECT_FALSE(driver.window().isOpen());
+}
+
 TEST_F(MacSettingsFocus, LineBreaksInAFieldAreReportedAsSpaces) {
   open("shortcuts");
   driver.focus("search");

@@ -44,6 +44,18 @@ TEST_F(MacSettingsHands, AClickBesideTheTitleOfACheckBoxDoesNothing) {
   EXPECT_TRUE(events.empty());
 }
 
+TEST_F(MacSettingsHands, TheMouseWheelOverASliderScrollsThePage) {
+  open("areas");
+  NSView* const slider = MacSettingsDriver::control("area1.Left");
+  NSClipView* const clip = [[slider enclosingScrollView] contentView];
+  const CGFloat before = NSMinY([clip bounds]);
+  const NSPoint middle = NSMakePoint(NSMidX([slider bounds]), NSMidY([slider bounds]));
+  constexpr int wheelDown = 5;
+  macDesktop().input().click(MacSettingsDriver::pixelAt(slider, middle), wheelDown);
+  EXPECT_TRUE(driver.settle([&] { return NSMinY([clip bounds]) > before; }));
+  EXPECT_TRUE(events.empty());
+}
+
 TEST_F(MacSettingsHands, ShiftTabGoesBack) {
   open("areas");
   driver.focus("area1.Top");
