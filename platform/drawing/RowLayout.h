@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "core/geometry/Rect.h"
@@ -65,8 +66,8 @@ public:
     Rect area{};
   };
 
-  RowLayout(const Parts& parts, double width)
-      : parts_(parts), left_(metrics.ring), right_(width - metrics.ring), y_(parts.padding) {
+  RowLayout(Parts parts, double width)
+      : parts_(std::move(parts)), left_(metrics.ring), right_(width - metrics.ring), y_(parts_.padding) {
     addPicture();
     addControls();
     addText(parts_.note);
@@ -221,7 +222,7 @@ private:
     y_ += height + 4;
   }
 
-  const Parts& parts_;
+  Parts parts_;
   double left_;
   double right_;
   double y_;

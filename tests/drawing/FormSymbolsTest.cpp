@@ -5,13 +5,16 @@
 #include <array>
 
 namespace tilwin::drawing {
+namespace {
 
-/// The corners of a shape, with its line around them.
+/// The points between which a shape lies, without the width of its line.
 std::vector<Point> outline(const SymbolShape& shape) {
   if (const auto* const line = std::get_if<SymbolLine>(&shape)) return line->points;
   const Rect& frame = std::get<SymbolBox>(shape).frame;
   return {{frame.x, frame.y}, {frame.maxX(), frame.maxY()}};
 }
+
+}  // namespace
 
 TEST(FormSymbols, NoSymbolIsNoShape) { EXPECT_TRUE(symbolShapes(FormSymbol::none).empty()); }
 

@@ -8,6 +8,7 @@
 #include <optional>
 
 namespace tilwin::drawing {
+namespace {
 
 /// Text that is broken into lines of 20 points as it must, or a control of a fixed height.
 struct Piece {
@@ -46,9 +47,24 @@ protected:
     return std::nullopt;
   }
 
+  [[nodiscard]] std::size_t shownPieces() const {
+    std::size_t count = 0;
+    for (const auto* piece : {parts.picture, parts.title, parts.note, parts.problem})
+      count += piece != nullptr;
+    for (const auto& control : parts.controls) count += control.caption != nullptr ? 2 : 1;
+    return count;
+  }
+
   std::deque<Piece> pieces;
   RowParts<const Piece*> parts;
 };
+
+bool overlap(const Rect& first, const Rect& second) {
+  return first.x < second.maxX() && second.x < first.maxX() && first.y < second.maxY() &&
+         second.y < first.maxY();
+}
+
+}  // namespace
 
 TEST_F(RowLayoutTest, ControlsStandAtTheRightWithTheirBodiesInLineWithTexts) {
   parts.title = text(100);
@@ -109,27 +125,47 @@ TEST_F(RowLayoutTest, NoteAndProblemStandBelowBesideThePicture) {
   EXPECT_EQ(Layout(parts, 200).height(), 136);
 }
 
+TEST_F(RowLayoutTest, ASecondSliderStandsOnALineOfItsOwnWithItsCaptionBelowThatOfTheFirst) {
+  parts.title = text(60);
+  parts.columns = {.title = 80, .caption = 40};
+  const auto* const first = control(10);
+  const auto* const second = control(10);
+  const auto* const caption = text(30);
+  parts.controls = {{first, text(30), true}, {second, caption, true}};
+  EXPECT_EQ(place(first, 400), (Rect{96, 0, 256, 34}));
+  EXPECT_EQ(place(second, 400), (Rect{0, 34, 352, 34}));
+  EXPECT_EQ(place(caption, 400), (Rect{357, 41, 40, 20}));
+  EXPECT_EQ(Layout(parts, 400).height(), 68);
+}
+
 TEST_F(RowLayoutTest, WhatIsNotShownTakesNoRoom) {
   EXPECT_EQ(Layout(parts, 200).height(), 0);
   EXPECT_TRUE(Layout(parts, 200).places().empty());
 }
 
-bool overlap(const Rect& first, const Rect& second) {
-  return first.x < second.maxX() && second.x < first.maxX() && first.y < second.maxY() &&
-         second.y < first.maxY();
-}
-
-RC_GTEST_FIXTURE_PROP(RowLayoutTest, NothingOverlaps, ()) {
-  const auto width = [] { return static_cast<double>(*rc::gen::inRange(1, 200)); };
-  parts.title = text(width());
-  parts.note = text(width());
-  for (int count = *rc::gen::inRange(0, 4); count > 0; --count) parts.controls.push_back({control(width())});
-  const Layout layout(parts, *rc::gen::inRange(210, 800));
+RC_GTEST_FIXTURE_PROP(RowLayoutTest, NothingOverlapsOrIsLeftOut, ()) {
+  const auto upTo = [](int widest) { return static_cast<double>(*rc::gen::inRange(1, widest)); };
+  const auto maybe = [](const Piece* piece) { return *rc::gen::arbitrary<bool>() ? piece : nullptr; };
+  parts.picture = maybe(control(upTo(60)));
+  parts.title = maybe(text(upTo(200)));
+  parts.note = maybe(text(upTo(600)));
+  parts.problem = maybe(text(upTo(600)));
+  parts.columns = {.title = upTo(100), .caption = upTo(60)};
+  parts.padding = upTo(8);
+  for (int count = *rc::gen::inRange(0, 4); count > 0; --count) {
+    const bool stretches = *rc::gen::arbitrary<bool>();
+    const auto* const caption = stretches ? maybe(text(upTo(60))) : nullptr;
+    parts.controls.push_back({control(upTo(80)), caption, stretches});
+  }
+  const double width = *rc::gen::inRange(420, 900);
+  const Layout layout(parts, width);
+  RC_ASSERT(layout.places().size() == shownPieces());
   for (const auto& first : layout.places()) {
     for (const auto& second : layout.places()) {
       if (&first != &second) RC_ASSERT(!overlap(first.area, second.area));
     }
-    RC_ASSERT(first.area.maxY() <= layout.height());
+    RC_ASSERT(first.area.x >= 0 && first.area.maxX() <= width && first.area.width > 0);
+    RC_ASSERT(first.area.y >= 0 && first.area.maxY() <= layout.height());
   }
 }
 

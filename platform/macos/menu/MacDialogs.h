@@ -4,8 +4,9 @@
 
 namespace tilwin::macos {
 
-/// Dialogs of AppKit. Return presses the first button, Escape cancels. Main thread only; the shared
-/// NSApplication must exist.
+/// Dialogs of AppKit. Return presses the first button, Escape cancels. Main thread only, which waits in each
+/// until it is answered; the shared NSApplication must exist. One that is ended in another way counts as
+/// cancelled. Source: NSAlert (macOS 10.3).
 class MacDialogs final : public Dialogs {
 public:
   void activate() override;

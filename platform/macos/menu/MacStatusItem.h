@@ -11,7 +11,8 @@
 namespace tilwin::macos {
 
 /// The icon in the menu bar, which exists from `install` until this is destroyed. Both mouse buttons open its
-/// menu. Main thread only; the queue must exist as long as this does.
+/// menu. Main thread only; the queue must exist as long as this does. Cannot fail: an icon for which the menu
+/// bar has no room is merely not seen. Sources: NSStatusBar, NSStatusItem (button: macOS 10.10).
 class MacStatusItem final : public StatusItem {
 public:
   explicit MacStatusItem(MainQueue& queue) : queue_(queue) {}

@@ -21,7 +21,9 @@
 namespace tilwin::macos {
 
 /// A menu that is made anew each time it opens and reports a choice once it has closed, as a task of the
-/// queue. Main thread only. Choices that are still to be reported are dropped with this.
+/// queue. Main thread only. Choices that are still to be reported are dropped with this, which leaves the
+/// menu empty. The queue must exist as long as this does. Sources: NSMenu, NSMenuDelegate (menuNeedsUpdate:
+/// macOS 10.3, menuWillOpen: and menuDidClose: 10.5).
 class StatusMenu {
 public:
   StatusMenu(MainQueue& queue, StatusItem::MenuMaker makeMenu, StatusItem::ChoiceHandler onChoice);
@@ -29,6 +31,7 @@ public:
   StatusMenu& operator=(const StatusMenu&) = delete;
   ~StatusMenu();
 
+  /// Owned by this; whoever keeps it retains it.
   [[nodiscard]] NSMenu* menu() const { return menu_.get(); }
 
 private:

@@ -41,7 +41,11 @@ StatusMenu::StatusMenu(MainQueue& queue, StatusItem::MenuMaker makeMenu, StatusI
   [menu_.get() setDelegate:static_cast<id>(delegate_.get())];
 }
 
-StatusMenu::~StatusMenu() { [menu_.get() setDelegate:nil]; }
+StatusMenu::~StatusMenu() {
+  [menu_.get() setDelegate:nil];
+  // Whoever holds the menu still must find nothing in it that calls this.
+  drawMenu({}, menu_.get(), {});
+}
 
 /// Some implementations also ask for an update at each item that is added, and while the menu is open.
 void StatusMenu::draw() {

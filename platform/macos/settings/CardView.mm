@@ -19,7 +19,6 @@ constexpr CGFloat widestCaptionColumn = 240;
 constexpr CGFloat leastCaptionColumn = 40;  // for shares up to 100%
 constexpr CGFloat tightPadding = 2;
 constexpr CGFloat loosePadding = 6;
-constexpr CGFloat narrowestBeside = 190;
 constexpr CGFloat besidePicture = 3 * metrics::grid;
 
 struct Arrangement {
@@ -33,9 +32,8 @@ struct Arrangement {
 @implementation TWCardView
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   return self;
 }
 
@@ -77,12 +75,6 @@ struct Arrangement {
   const CGFloat pictureHeight = [picture_.get() heightForWidth:pictureWidth];
   const CGFloat beside = room - pictureWidth - besidePicture;
   const CGFloat ends = metrics::cardPadding - tightPadding;
-  if (beside < narrowestBeside) {
-    const CGFloat below = metrics::cardPadding + pictureHeight + metrics::grid;
-    const CGFloat height = [self rowsHeightForWidth:room];
-    return {NSMakeRect((width - pictureWidth) / 2, metrics::cardPadding, pictureWidth, pictureHeight),
-            NSMakeRect(side, below, room, height), below + height + ends};
-  }
   const CGFloat rows = [self rowsHeightForWidth:beside];
   const CGFloat height = std::max(rows + 2 * ends, pictureHeight + 2 * metrics::cardPadding);
   return {NSMakeRect(side, (height - pictureHeight) / 2, pictureWidth, pictureHeight),
@@ -122,10 +114,6 @@ struct Arrangement {
     NSRectFillUsingOperation(NSMakeRect(NSMinX(frame), NSMinY(frame), NSWidth(frame), 1),
                              NSCompositingOperationSourceOver);
   }
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 @end

@@ -4,17 +4,17 @@
 
 #include <string>
 
+#include "platform/macos/settings/FormView.h"
 #include "platform/macos/settings/Measured.h"
 #include "platform/macos/settings/Report.h"
 #include "platform/macos/support/Held.h"
 #include "platform/ports/FormModel.h"
 
-/// A line of text, or a search field, which Escape empties.
-@interface TWFieldView : NSView <TWFormControl, NSTextFieldDelegate> {
+/// A line of text, or a search field, which Escape empties. Line breaks in it are reported as spaces.
+@interface TWFieldView : TWFormView <TWFormControl, NSTextFieldDelegate> {
   std::string id_;
   std::string reported_;  ///< the text that was reported or displayed last
   BOOL isSearch_;
-  tilwin::macos::Report report_;
   tilwin::macos::Held<NSTextField*> field_;
 }
 - (instancetype)initWithReport:(tilwin::macos::Report)report isSearch:(BOOL)isSearch;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/macos/support/Keys.h"
 #include "platform/macos/support/Text.h"
 
 using tilwin::FormTextField;
@@ -10,19 +11,31 @@ using tilwin::macos::Report;
 
 namespace {
 
-constexpr CGFloat naturalFieldWidth = 200;
 constexpr CGFloat leastFieldHeight = 22;
 
-void replaceEdited(NSText* editor, NSString* wanted) {
+/// So that it can be undone.
+void replaceEdited(NSTextView* editor, NSString* wanted) {
   const NSUInteger cursor = NSMaxRange([editor selectedRange]);
-  const bool wasAtEnd = cursor == [[editor string] length];
+  const NSUInteger length = [[editor string] length];
+  if (![editor shouldChangeTextInRange:NSMakeRange(0, length) replacementString:wanted]) return;
   [editor setString:wanted];
-  [editor setSelectedRange:NSMakeRange(wasAtEnd ? [wanted length] : std::min(cursor, [wanted length]), 0)];
+  [editor setSelectedRange:NSMakeRange(cursor == length ? [wanted length] : std::min(cursor, [wanted length]),
+                                       0)];
+  [editor didChangeText];
 }
 
-/// Which command Escape gives depends on the system's key bindings.
-bool isEscape(SEL command) {
-  return sel_isEqual(command, @selector(cancelOperation:)) || sel_isEqual(command, @selector(complete:));
+/// Which command Escape gives depends on the system's key bindings. `complete:` has other keys too.
+bool isEscape(SEL command, NSEvent* event) {
+  if (sel_isEqual(command, @selector(cancelOperation:))) return true;
+  return sel_isEqual(command, @selector(complete:)) && [event type] == NSEventTypeKeyDown &&
+         tilwin::macos::typedCharacter(event) == tilwin::macos::escapeCharacter &&
+         ([event modifierFlags] & NSEventModifierFlagOption) == 0;
+}
+
+/// Pasted text may have line breaks.
+std::string onOneLine(NSString* text) {
+  NSArray* const lines = [text componentsSeparatedByCharactersInSet:[NSCharacterSet newlineCharacterSet]];
+  return tilwin::macos::utf8([lines componentsJoinedByString:@" "]);
 }
 
 }  // namespace
@@ -30,15 +43,15 @@ bool isEscape(SEL command) {
 @implementation TWFieldView
 
 - (instancetype)initWithReport:(Report)report isSearch:(BOOL)isSearch {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   isSearch_ = isSearch;
   NSTextField* const field = isSearch ? [[NSSearchField alloc] initWithFrame:NSZeroRect]
                                       : [[NSTextField alloc] initWithFrame:NSZeroRect];
   field_ = tilwin::macos::owned(field);
   [field setFont:[NSFont systemFontOfSize:[NSFont systemFontSize]]];
   [[field cell] setScrollable:YES];
+  [[field cell] setUsesSingleLineMode:YES];
   [field setDelegate:self];
   // The button that empties a search field gives an action only.
   if (isSearch) [field setTarget:self];
@@ -50,10 +63,10 @@ bool isEscape(SEL command) {
 
 - (void)displayModel:(const FormTextField&)field {
   id_ = field.id;
-  reported_ = field.text;
-  if (tilwin::macos::utf8([field_.get() stringValue]) != field.text) {
-    NSString* const wanted = tilwin::macos::text(field.text);
-    NSText* const editor = [field_.get() currentEditor];
+  NSString* const wanted = tilwin::macos::text(field.text);
+  reported_ = onOneLine(wanted);
+  if (![[field_.get() stringValue] isEqualToString:wanted]) {
+    auto* const editor = static_cast<NSTextView*>([field_.get() currentEditor]);
     editor == nil ? [field_.get() setStringValue:wanted] : replaceEdited(editor, wanted);
   }
   [[field_.get() cell] setPlaceholderString:tilwin::macos::text(field.placeholder)];
@@ -66,7 +79,7 @@ bool isEscape(SEL command) {
 
 - (void)reportText:(id)sender {
   (void)sender;
-  std::string typed = tilwin::macos::utf8([field_.get() stringValue]);
+  std::string typed = onOneLine([field_.get() stringValue]);
   if (typed == reported_) return;
   reported_ = typed;
   report_(tilwin::form::TextChanged{id_, std::move(typed)});
@@ -78,10 +91,12 @@ bool isEscape(SEL command) {
 
 - (BOOL)control:(NSControl*)control textView:(NSTextView*)editor doCommandBySelector:(SEL)command {
   (void)control;
-  if (!isEscape(command)) return NO;
+  NSEvent* const event = [NSApp currentEvent];
+  if (!isEscape(command, event)) return NO;
+  if ([event type] == NSEventTypeKeyDown && [event isARepeat]) return YES;
   if (isSearch_ && [[editor string] length] > 0) {
-    [editor setString:@""];
-    [self reportText:self];
+    [editor selectAll:self];
+    [editor delete:self];
   } else {
     [[self window] performClose:self];
   }
@@ -98,10 +113,6 @@ bool isEscape(SEL command) {
 
 - (void)setRemark:(NSString*)remark {
   [field_.get() setAccessibilityHelp:remark];
-}
-
-- (CGFloat)naturalWidth {
-  return naturalFieldWidth;
 }
 
 - (CGFloat)heightForWidth:(CGFloat)width {

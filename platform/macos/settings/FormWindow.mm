@@ -1,27 +1,33 @@
 #include "platform/macos/settings/FormWindow.h"
 
+#include "platform/macos/settings/Measured.h"
+#include "platform/macos/support/Keys.h"
+
+using tilwin::macos::typedCharacter;
+
 namespace {
 
 constexpr NSSize initialSize{880, 640};
 constexpr NSSize smallestSize{720, 480};
-constexpr unichar escape = 0x1b;
 
-bool isKey(NSEvent* event, unichar character) {
-  NSString* const typed = [event charactersIgnoringModifiers];
-  return [typed length] == 1 && [typed characterAtIndex:0] == character;
+/// Those of the modifiers that make a command of a key.
+NSEventModifierFlags commandKeysOf(NSEvent* event) {
+  return [event modifierFlags] &
+         (NSEventModifierFlagCommand | NSEventModifierFlagControl | NSEventModifierFlagOption);
 }
 
-bool isWithCommand(NSEvent* event) {
-  const NSEventModifierFlags keys = NSEventModifierFlagCommand | NSEventModifierFlagControl |
-                                    NSEventModifierFlagOption | NSEventModifierFlagShift;
-  return ([event modifierFlags] & keys) == NSEventModifierFlagCommand;
+bool isFind(NSEvent* event) {
+  return typedCharacter(event) == u'f' && commandKeysOf(event) == NSEventModifierFlagCommand &&
+         ([event modifierFlags] & NSEventModifierFlagShift) == 0;
 }
 
 /// The view that has the focus, or that is edited.
 NSView* focusedView(NSResponder* responder) {
   if (![responder isKindOfClass:[NSView class]]) return nil;
   auto* const view = static_cast<NSView*>(responder);
-  return [view isKindOfClass:[NSText class]] ? [view superview] : view;
+  if (![view isKindOfClass:[NSText class]]) return view;
+  const id edited = [static_cast<NSText*>(view) delegate];
+  return [edited isKindOfClass:[NSView class]] ? static_cast<NSView*>(edited) : view;
 }
 
 }  // namespace
@@ -54,14 +60,19 @@ NSView* focusedView(NSResponder* responder) {
   if (const auto closing = onClosing) closing();
 }
 
+/// The focus is shown in the key window only.
+- (void)redrawFocus {
+  tilwin::macos::redraw(focusedView([self firstResponder]));
+}
+
 - (void)windowDidBecomeKey:(NSNotification*)notification {
   (void)notification;
-  [[self contentView] setNeedsDisplay:YES];
+  [self redrawFocus];
 }
 
 - (void)windowDidResignKey:(NSNotification*)notification {
   (void)notification;
-  [[self contentView] setNeedsDisplay:YES];
+  [self redrawFocus];
   if (const auto losing = onLosingKeys) losing();
 }
 
@@ -70,14 +81,17 @@ NSView* focusedView(NSResponder* responder) {
 }
 
 - (void)keyDown:(NSEvent*)event {
-  if ([event isARepeat]) return;
-  if (isKey(event, escape)) return [self performClose:self];
-  if (isKey(event, u'/') && onSearching && onSearching()) return;
+  const unichar character = commandKeysOf(event) == 0 ? typedCharacter(event) : u'\0';
+  if (character == tilwin::macos::escapeCharacter) {
+    if (![event isARepeat]) [self performClose:self];
+    return;
+  }
+  if (character == u'/' && ([event isARepeat] || (onSearching && onSearching()))) return;
   [super keyDown:event];
 }
 
 - (BOOL)performKeyEquivalent:(NSEvent*)event {
-  if (isKey(event, u'f') && isWithCommand(event) && onSearching && onSearching()) return YES;
+  if (isFind(event) && onSearching && onSearching()) return YES;
   return [super performKeyEquivalent:event];
 }
 

@@ -13,10 +13,10 @@ namespace metrics = tilwin::macos::metrics;
 @implementation TWGroupView
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
   heading_ = tilwin::macos::addLabel(self, LabelTone::heading);
-  card_ = tilwin::macos::owned([[TWCardView alloc] initWithReport:std::move(report)]);
+  card_ = tilwin::macos::owned([[TWCardView alloc] initWithReport:report_]);
   [self addSubview:card_.get()];
   [self setAccessibilityElement:YES];
   [self setAccessibilityRole:NSAccessibilityGroupRole];
@@ -55,10 +55,6 @@ namespace metrics = tilwin::macos::metrics;
 
 - (void)addKeyViewsTo:(std::vector<NSView*>&)views {
   [card_.get() addKeyViewsTo:views];
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 @end

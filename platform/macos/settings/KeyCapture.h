@@ -11,7 +11,8 @@ namespace tilwin::macos {
 
 /// While it is on, takes every key that is pressed in a window and reports it, before menus, focus navigation
 /// and the focused control see it. A key that is still held when the recording has ended stays taken. A local
-/// event monitor; on the main thread. Source: NSEvent, monitoring events (macOS 10.6).
+/// event monitor, which is there as long as the window is open, whether or not it is on; on the main thread.
+/// Source: NSEvent, monitoring events (macOS 10.6).
 class KeyCapture {
 public:
   /// The window must live as long as this.

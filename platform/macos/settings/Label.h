@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "platform/macos/settings/FormView.h"
 #include "platform/macos/settings/Measured.h"
 #include "platform/macos/support/Held.h"
 
@@ -14,7 +15,7 @@ enum class LabelTone { title, pageTitle, heading, secondary, problem };
 }  // namespace tilwin::macos
 
 /// Plain text that is broken into lines and never cut off. Measured and drawn by the same routine.
-@interface TWLabel : NSView <TWMeasured> {
+@interface TWLabel : TWFormView <TWMeasured> {
   tilwin::macos::LabelTone tone_;
   std::string content_;
   tilwin::macos::Held<NSFont*> font_;

@@ -1,5 +1,6 @@
 #include "platform/macos/settings/Label.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -38,7 +39,7 @@ constexpr CGFloat endless = 100'000;
 @implementation TWLabel
 
 - (instancetype)initWithTone:(LabelTone)tone {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:{}];
   if (self == nil) return nil;
   tone_ = tone;
   font_ = tilwin::macos::retained(fontOf(tone));
@@ -68,6 +69,9 @@ constexpr CGFloat endless = 100'000;
   content_ = text;
   measuredWidth_ = -1;
   [self setAccessibilityValue:tilwin::macos::text(text)];
+  if (tone_ == LabelTone::problem) {
+    NSAccessibilityPostNotification(self, NSAccessibilityValueChangedNotification);
+  }
   [self setNeedsDisplay:YES];
 }
 
@@ -101,10 +105,6 @@ constexpr CGFloat endless = 100'000;
     measuredHeight_ = [self sizeWithin:std::max(width, CGFloat{1})].height;
   }
   return measuredHeight_;
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 - (void)drawRect:(NSRect)dirty {

@@ -6,9 +6,10 @@
 
 /// A view that is laid out by the view around it. Sizes are those of its alignment rectangle, in points.
 @protocol TWMeasured <NSObject>
-/// How wide it would like to be.
-- (CGFloat)naturalWidth;
 - (CGFloat)heightForWidth:(CGFloat)width;
+@optional
+/// How wide it would like to be. Of what does not stretch.
+- (CGFloat)naturalWidth;
 @end
 
 /// What a user works with: shows a `FormControl`.
@@ -39,6 +40,10 @@ inline constexpr CGFloat widestContent = 760;
 
 /// Gives the view this alignment rectangle, in whole points.
 void place(NSView* view, NSRect area);
+
+/// Draws the view and all that is in it anew. On macOS a view that is drawn anew leaves the views in it
+/// alone.
+void redraw(NSView* view);
 
 /// Takes the view out of its window. It lives on until the event being handled is over; it may be its own.
 void discard(NSView* view);

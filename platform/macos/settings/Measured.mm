@@ -1,5 +1,6 @@
 #include "platform/macos/settings/Measured.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tilwin::macos {
@@ -20,6 +21,11 @@ void place(NSView* view, NSRect area) {
   [[view superview] setNeedsDisplayInRect:[view frame]];
   [view setFrame:frame];
   [view setNeedsDisplay:YES];
+}
+
+void redraw(NSView* view) {
+  [view setNeedsDisplay:YES];
+  for (NSView* child in [view subviews]) redraw(child);
 }
 
 void discard(NSView* view) {

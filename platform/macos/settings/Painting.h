@@ -6,7 +6,10 @@
 
 namespace tilwin::macos {
 
-/// Draws a symbol of a form in one colour, as lines. `flipped` is that of the view it is drawn in.
+/// Draw into the view that is being drawn; main thread only. Lengths are in points, in the view's
+/// coordinates.
+
+/// A symbol of a form in one colour, as lines and filled boxes. `flipped` is that of the view it is drawn in.
 void drawSymbol(FormSymbol symbol, NSRect area, NSColor* colour, BOOL flipped);
 
 void fillRounded(NSRect area, CGFloat radius, NSColor* colour);

@@ -50,10 +50,9 @@ void drawTile(const FormPicture::Tile& tile, NSRect screen, const PictureLook& l
 @implementation TWPictureView
 
 - (instancetype)initWithScale:(PictureScale)scale report:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
   scale_ = scale;
-  report_ = std::move(report);
   [self setAccessibilityElement:YES];
   [self setAccessibilityRole:NSAccessibilityImageRole];
   return self;
@@ -64,6 +63,7 @@ void drawTile(const FormPicture::Tile& tile, NSRect screen, const PictureLook& l
   picture_ = picture;
   [self setAccessibilityLabel:tilwin::macos::text(picture.label)];
   [self setNeedsDisplay:YES];
+  [[self window] invalidateCursorRectsForView:self];
 }
 
 - (const FormPicture&)picture {
@@ -92,10 +92,6 @@ void drawTile(const FormPicture::Tile& tile, NSRect screen, const PictureLook& l
 
 - (NSRect)screen {
   return NSInsetRect([self bounds], [self look].bezel, [self look].bezel);
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 - (void)drawRect:(NSRect)dirty {
@@ -147,7 +143,9 @@ void drawTile(const FormPicture::Tile& tile, NSRect screen, const PictureLook& l
 - (void)resetCursorRects {
   if (picture_.id.empty()) return;
   for (const auto& tile : picture_.tiles) {
-    if (tile.isHighlighted) [self addCursorRect:areaOf(tile, [self screen]) cursor:[NSCursor openHandCursor]];
+    if (!tile.isHighlighted) continue;
+    const NSRect seen = NSIntersectionRect(areaOf(tile, [self screen]), [self visibleRect]);
+    if (!NSIsEmptyRect(seen)) [self addCursorRect:seen cursor:[NSCursor openHandCursor]];
   }
 }
 

@@ -15,68 +15,49 @@ namespace {
 constexpr CGFloat symbolSize = 14;
 constexpr CGFloat narrowestButton = 36;
 
-bool isPressing(NSEvent* event) {
-  NSString* const typed = [event charactersIgnoringModifiers];
-  return [typed isEqualToString:@" "] || [typed isEqualToString:@"\r"] || [typed isEqualToString:@"\003"];
+/// AppKit colours it as it does the title.
+NSImage* imageOf(FormSymbol symbol) {
+  NSImage* const image = [NSImage imageWithSize:NSMakeSize(symbolSize, symbolSize)
+                                        flipped:NO
+                                 drawingHandler:^BOOL(NSRect area) {
+                                   tilwin::macos::drawSymbol(symbol, area, [NSColor blackColor], NO);
+                                   return YES;
+                                 }];
+  [image setTemplate:YES];
+  return image;
 }
 
 }  // namespace
 
-@implementation TWKeyButton
-
-- (BOOL)acceptsFirstResponder {
-  return [self isEnabled];
-}
-
-- (BOOL)canBecomeKeyView {
-  return [self isEnabled] && ![self isHiddenOrHasHiddenAncestor];
-}
-
-- (void)keyDown:(NSEvent*)event {
-  if (!isPressing(event)) return [super keyDown:event];
-  if (![event isARepeat]) [self performClick:self];
-}
-
-@end
-
 @implementation TWPushButton
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   symbol_ = FormSymbol::none;
-  [self setButtonType:NSButtonTypeMomentaryPushIn];
   [self setBezelStyle:NSBezelStyleRounded];
-  [self setTarget:self];
-  [self setAction:@selector(press:)];
   return self;
 }
 
 - (void)displayModel:(const FormButton&)button {
   id_ = button.id;
-  symbol_ = button.symbol;
   NSString* const title = tilwin::macos::text(button.title);
+  NSString* const label = button.label.empty() ? title : tilwin::macos::text(button.label);
   if (![[self title] isEqualToString:title]) [self setTitle:title];
   if ([self isEnabled] != button.isEnabled) [self setEnabled:button.isEnabled];
-  [self setAccessibilityLabel:button.label.empty() ? title : tilwin::macos::text(button.label)];
+  [self displaySymbol:button.symbol];
+  [self setAccessibilityLabel:label];
+  // A symbol alone says what it does when the pointer rests on it.
+  NSString* const toolTip = button.title.empty() ? label : nil;
+  if (toolTip != [self toolTip] && ![toolTip isEqualToString:[self toolTip]]) [self setToolTip:toolTip];
 }
 
-- (void)press:(id)sender {
-  (void)sender;
-  report_(tilwin::form::ButtonPressed{id_});
-}
-
-- (const std::string&)formId {
-  return id_;
-}
-
-- (NSView*)keyView {
-  return self;
-}
-
-- (void)setRemark:(NSString*)remark {
-  [self setAccessibilityHelp:remark];
+- (void)displaySymbol:(FormSymbol)symbol {
+  const bool isNone = symbol == FormSymbol::none;
+  if (symbol != std::exchange(symbol_, symbol)) [self setImage:isNone ? nil : imageOf(symbol)];
+  // After the image, which changes it.
+  const NSCellImagePosition beside = [[self title] length] > 0 ? NSImageLeft : NSImageOnly;
+  [self setImagePosition:isNone ? NSNoImage : beside];
 }
 
 - (CGFloat)naturalWidth {
@@ -86,17 +67,6 @@ bool isPressing(NSEvent* event) {
 - (CGFloat)heightForWidth:(CGFloat)width {
   (void)width;
   return tilwin::macos::naturalSize(self).height;
-}
-
-- (void)drawRect:(NSRect)dirty {
-  [super drawRect:dirty];
-  if (symbol_ == FormSymbol::none) return;
-  const NSRect body = [self alignmentRectForFrame:[self bounds]];
-  NSColor* const colour = [self isEnabled] ? [NSColor controlTextColor] : [NSColor disabledControlTextColor];
-  tilwin::macos::drawSymbol(
-      symbol_,
-      NSMakeRect(NSMidX(body) - symbolSize / 2, NSMidY(body) - symbolSize / 2, symbolSize, symbolSize),
-      colour, [self isFlipped]);
 }
 
 @end

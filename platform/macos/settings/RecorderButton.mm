@@ -22,46 +22,39 @@ constexpr CGFloat capRadius = 6;
 @implementation TWRecorderButton
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
-  [self setButtonType:NSButtonTypeMomentaryPushIn];
   [self setBordered:NO];
   [self setFocusRingType:NSFocusRingTypeNone];
   [self setFont:[NSFont systemFontOfSize:[NSFont systemFontSize]]];
-  [self setTarget:self];
-  [self setAction:@selector(press:)];
   return self;
 }
 
 - (void)displayModel:(const FormRecorder&)recorder {
   const bool starts = recorder.isRecording && !recorder_.isRecording;
   if (recorder != recorder_) {
+    const bool isOtherTitle = recorder.title != recorder_.title;
     recorder_ = recorder;
+    id_ = recorder.id;
     NSString* const title = tilwin::macos::text(recorder.title);
     [self setTitle:title];
     [self setAccessibilityLabel:tilwin::macos::text(recorder.label)];
     [self setAccessibilityValue:title];
+    if (isOtherTitle) NSAccessibilityPostNotification(self, NSAccessibilityValueChangedNotification);
     [self setNeedsDisplay:YES];
   }
   if (starts) [[self window] makeFirstResponder:self];
 }
 
-- (void)press:(id)sender {
-  (void)sender;
-  report_(tilwin::form::ButtonPressed{recorder_.id});
+/// It draws its focus ring itself.
+- (BOOL)becomeFirstResponder {
+  [self setNeedsDisplay:YES];
+  return [super becomeFirstResponder];
 }
 
-- (const std::string&)formId {
-  return recorder_.id;
-}
-
-- (NSView*)keyView {
-  return self;
-}
-
-- (void)setRemark:(NSString*)remark {
-  [self setAccessibilityHelp:remark];
+- (BOOL)resignFirstResponder {
+  [self setNeedsDisplay:YES];
+  return [super resignFirstResponder];
 }
 
 - (NSAttributedString*)styledTitle {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/macos/settings/FormView.h"
 #include "platform/macos/settings/Label.h"
 #include "platform/macos/settings/PictureView.h"
 #include "platform/macos/settings/Report.h"
@@ -14,8 +15,7 @@
 #include "platform/ports/FormModel.h"
 
 /// One row of a form.
-@interface TWRowView : NSView {
-  tilwin::macos::Report report_;
+@interface TWRowView : TWFormView {
   std::string id_;
   tilwin::macos::Held<TWPictureView*> picture_;
   tilwin::macos::Held<TWLabel*> title_;

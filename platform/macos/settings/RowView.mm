@@ -18,9 +18,8 @@ using tilwin::macos::RowParts;
 @implementation TWRowView
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   title_ = addLabel(self, LabelTone::title);
   note_ = addLabel(self, LabelTone::secondary);
   problem_ = addLabel(self, LabelTone::problem);
@@ -86,10 +85,6 @@ using tilwin::macos::RowParts;
 
 - (void)addKeyViewsTo:(std::vector<NSView*>&)views {
   for (const auto& control : controls_) views.push_back([control.view.get() keyView]);
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 @end

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/macos/settings/FieldView.h"
+#include "platform/macos/settings/FormView.h"
 #include "platform/macos/settings/GroupView.h"
 #include "platform/macos/settings/KeptViews.h"
 #include "platform/macos/settings/Label.h"
@@ -13,12 +14,11 @@
 #include "platform/ports/FormModel.h"
 
 /// What is scrolled: counts from the top.
-@interface TWScrolledView : NSView
+@interface TWScrolledView : TWFormView
 @end
 
 /// A section: title, help and search field at the top, and the groups, which scroll.
-@interface TWSectionPage : NSView {
-  tilwin::macos::Report report_;
+@interface TWSectionPage : TWFormView {
   std::string section_;
   tilwin::macos::Held<TWLabel*> title_;
   tilwin::macos::Held<TWLabel*> help_;

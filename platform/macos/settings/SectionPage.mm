@@ -32,18 +32,13 @@ tilwin::macos::Held<NSScrollView*> scrollViewOf(NSView* scrolled) {
 
 @implementation TWScrolledView
 
-- (BOOL)isFlipped {
-  return YES;
-}
-
 @end
 
 @implementation TWSectionPage
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   title_ = addLabel(self, LabelTone::pageTitle);
   help_ = addLabel(self, LabelTone::secondary);
   scrolled_ = tilwin::macos::owned([[TWScrolledView alloc] initWithFrame:NSZeroRect]);
@@ -138,10 +133,6 @@ tilwin::macos::Held<NSScrollView*> scrollViewOf(NSView* scrolled) {
 - (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
   (void)oldSize;
   [self arrange];
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 @end

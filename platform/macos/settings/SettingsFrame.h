@@ -14,7 +14,8 @@
 
 namespace tilwin::macos {
 
-/// One window with what is in it: the sidebar, and the page of the chosen section.
+/// One window with what is in it: the sidebar, and the page of the chosen section. Main thread only. What it
+/// reports may close or replace it, so whoever calls it holds it meanwhile.
 class SettingsFrame {
 public:
   /// `onClosing` is called when the user closes the window, before that is reported.

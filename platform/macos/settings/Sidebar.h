@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/macos/settings/FormView.h"
 #include "platform/macos/settings/Report.h"
 #include "platform/macos/support/Held.h"
 #include "platform/ports/FormModel.h"
@@ -24,8 +25,7 @@
 @end
 
 /// The list of sections. Chosen by a click or, when the list has the focus, the arrow keys.
-@interface TWSidebar : NSView {
-  tilwin::macos::Report report_;
+@interface TWSidebar : TWFormView {
   std::vector<tilwin::macos::Held<TWSectionButton*>> buttons_;
 }
 - (instancetype)initWithReport:(tilwin::macos::Report)report;

@@ -6,6 +6,7 @@
 
 #include "platform/macos/settings/Measured.h"
 #include "platform/macos/settings/Painting.h"
+#include "platform/macos/support/Keys.h"
 #include "platform/macos/support/Text.h"
 
 using tilwin::FormModel;
@@ -106,9 +107,8 @@ NSDictionary* titleLook(NSColor* colour, bool isChosen) {
 @implementation TWSidebar
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   [self setFocusRingType:NSFocusRingTypeNone];
   [self setAccessibilityElement:YES];
   [self setAccessibilityRole:NSAccessibilityRadioGroupRole];
@@ -163,8 +163,7 @@ NSDictionary* titleLook(NSColor* colour, bool isChosen) {
 }
 
 - (void)keyDown:(NSEvent*)event {
-  NSString* const typed = [event charactersIgnoringModifiers];
-  const unichar character = [typed length] == 1 ? [typed characterAtIndex:0] : u'\0';
+  const unichar character = tilwin::macos::typedCharacter(event);
   if (character == NSDownArrowFunctionKey) return [self chooseBeside:1];
   if (character == NSUpArrowFunctionKey) return [self chooseBeside:-1];
   [super keyDown:event];
@@ -179,12 +178,12 @@ NSDictionary* titleLook(NSColor* colour, bool isChosen) {
 }
 
 - (BOOL)becomeFirstResponder {
-  [self setNeedsDisplay:YES];
+  tilwin::macos::redraw(self);
   return YES;
 }
 
 - (BOOL)resignFirstResponder {
-  [self setNeedsDisplay:YES];
+  tilwin::macos::redraw(self);
   return YES;
 }
 
@@ -196,10 +195,6 @@ NSDictionary* titleLook(NSColor* colour, bool isChosen) {
   [[NSColor separatorColor] set];
   NSRectFillUsingOperation(NSMakeRect(NSMaxX(bounds) - 1, 0, 1, NSHeight(bounds)),
                            NSCompositingOperationSourceOver);
-}
-
-- (BOOL)isFlipped {
-  return YES;
 }
 
 @end

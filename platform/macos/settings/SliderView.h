@@ -16,7 +16,7 @@
   tilwin::FormSlider slider_;
   tilwin::macos::Report report_;
   double reported_;  ///< the value that was reported or displayed last
-  CGFloat grip_;     ///< from the middle of the knob to the mouse
+  CGFloat grip_;     ///< from the middle of the knob to the mouse, in points
 }
 - (instancetype)initWithReport:(tilwin::macos::Report)report;
 - (void)displayModel:(const tilwin::FormSlider&)slider;

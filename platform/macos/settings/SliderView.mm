@@ -5,14 +5,13 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/macos/support/Keys.h"
 #include "platform/macos/support/Text.h"
 
 using tilwin::FormSlider;
 using tilwin::macos::Report;
 
 namespace {
-
-constexpr CGFloat naturalSliderWidth = 120;
 
 struct SliderKey {
   unichar character;
@@ -83,23 +82,20 @@ double onStep(double value, const FormSlider& slider) {
 }
 
 - (void)keyDown:(NSEvent*)event {
-  NSString* const typed = [event charactersIgnoringModifiers];
-  const unichar character = [typed length] == 1 ? [typed characterAtIndex:0] : u'\0';
-  const auto* const key = std::ranges::find(sliderKeys, character, &SliderKey::character);
+  const auto* const key =
+      std::ranges::find(sliderKeys, tilwin::macos::typedCharacter(event), &SliderKey::character);
   if (key == sliderKeys.end()) return [super keyDown:event];
   [self setDoubleValue:withinRange([self doubleValue] + distanceOf(*key, slider_), slider_)];
   [self move:self];
 }
 
-/// From the end of the slider to the middle of the knob when that is at its end.
+/// From the end of the slider to the middle of the knob when that is at its end, in points.
 - (CGFloat)inset {
   return [[self cell] knobRectFlipped:[self isFlipped]].size.width / 2;
 }
 
 - (CGFloat)knobX {
-  const double range = slider_.maximum - slider_.minimum;
-  const double share = range > 0 ? ([self doubleValue] - slider_.minimum) / range : 0;
-  return [self inset] + share * ([self bounds].size.width - 2 * [self inset]);
+  return NSMidX([[self cell] knobRectFlipped:[self isFlipped]]);
 }
 
 - (void)follow:(NSEvent*)event {
@@ -148,10 +144,6 @@ double onStep(double value, const FormSlider& slider) {
 
 - (void)setRemark:(NSString*)remark {
   [self setAccessibilityHelp:remark];
-}
-
-- (CGFloat)naturalWidth {
-  return naturalSliderWidth;
 }
 
 - (CGFloat)heightForWidth:(CGFloat)width {

@@ -4,17 +4,17 @@
 
 #include <string>
 
+#include "platform/macos/settings/FormView.h"
+#include "platform/macos/settings/KeyButton.h"
 #include "platform/macos/settings/Label.h"
 #include "platform/macos/settings/Measured.h"
-#include "platform/macos/settings/PushButton.h"
 #include "platform/macos/settings/Report.h"
 #include "platform/macos/support/Held.h"
 #include "platform/ports/FormModel.h"
 
 /// A toggle: a check box and its title, which is broken into lines. A click on the title counts.
-@interface TWToggleView : NSView <TWFormControl> {
+@interface TWToggleView : TWFormView <TWFormControl> {
   std::string id_;
-  tilwin::macos::Report report_;
   tilwin::macos::Held<TWKeyButton*> box_;
   tilwin::macos::Held<TWLabel*> title_;
 }

@@ -19,9 +19,8 @@ constexpr CGFloat besideBox = 7;
 @implementation TWToggleView
 
 - (instancetype)initWithReport:(Report)report {
-  self = [super initWithFrame:NSZeroRect];
+  self = [super initWithReport:std::move(report)];
   if (self == nil) return nil;
-  report_ = std::move(report);
   box_ = tilwin::macos::owned([[TWKeyButton alloc] initWithFrame:NSZeroRect]);
   [box_.get() setButtonType:NSButtonTypeSwitch];
   [box_.get() setTitle:@""];
@@ -69,10 +68,6 @@ constexpr CGFloat besideBox = 7;
   return tilwin::macos::naturalSize(box_.get()).width + besideBox;
 }
 
-- (CGFloat)naturalWidth {
-  return [self titleX] + [title_.get() naturalWidth];
-}
-
 - (CGFloat)heightForWidth:(CGFloat)width {
   return std::max(tilwin::macos::naturalSize(box_.get()).height,
                   [title_.get() heightForWidth:width - [self titleX]]);
@@ -92,17 +87,15 @@ constexpr CGFloat besideBox = 7;
   tilwin::macos::place(title_.get(), NSMakeRect([self titleX], top, room, text));
 }
 
-- (BOOL)isFlipped {
-  return YES;
-}
-
 - (void)mouseDown:(NSEvent*)event {
   (void)event;
 }
 
 - (void)mouseUp:(NSEvent*)event {
   const NSPoint at = [self convertPoint:[event locationInWindow] fromView:nil];
-  if (NSPointInRect(at, [self bounds])) [box_.get() performClick:self];
+  NSRect clickable = [self bounds];
+  clickable.size.width = std::min(clickable.size.width, [self titleX] + [title_.get() naturalWidth]);
+  if (NSPointInRect(at, clickable)) [box_.get() performClick:self];
 }
 
 @end

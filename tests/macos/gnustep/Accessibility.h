@@ -16,3 +16,7 @@
 - (NSString*)accessibilityHelp INTRODUCED(10.10);
 - (void)setAccessibilityHelp:(NSString*)help INTRODUCED(10.10);
 @end
+
+/// AppKit, macOS 10.2. GNUstep's tells nobody; this counts for tests (AccessibilityPosts.h).
+extern "C" void NSAccessibilityPostNotification(id element, NSString* notification)
+    __attribute__((availability(macos, introduced = 10.2)));

@@ -1,6 +1,7 @@
 #import <AppKit/AppKit.h>
 
 #include "platform/macos/support/Held.h"
+#include "tests/macos/gnustep/AccessibilityPosts.h"
 #include "tests/macos/gnustep/Attached.h"
 
 using tilwin::macos::Attached;
@@ -14,6 +15,7 @@ struct Told {
   Held<id> value{};
   Held<NSString*> valueDescription{};
   Held<NSString*> help{};
+  int valueChanges = 0;
 };
 
 Attached<Told> told("NSView");
@@ -70,3 +72,14 @@ void tell(NSView* view, Value Told::*what, Value value) {
 }
 
 @end
+
+void NSAccessibilityPostNotification(id element, NSString* notification) {
+  if (![notification isEqualToString:NSAccessibilityValueChangedNotification]) return;
+  tell(element, &Told::valueChanges, told.of(element).valueChanges + 1);
+}
+
+namespace tilwin::macos {
+
+int accessibilityValueChanges(NSView* view) { return told.of(view).valueChanges; }
+
+}  // namespace tilwin::macos

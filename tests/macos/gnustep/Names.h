@@ -15,3 +15,4 @@ static const NSEventModifierFlags NSEventModifierFlagControl INTRODUCED(10.12) =
 static const NSEventModifierFlags NSEventModifierFlagOption INTRODUCED(10.12) = NSAlternateKeyMask;
 static const NSEventModifierFlags NSEventModifierFlagShift INTRODUCED(10.12) = NSShiftKeyMask;
 static const NSEventType NSEventTypeApplicationDefined INTRODUCED(10.12) = NSApplicationDefined;
+static const NSEventType NSEventTypeKeyDown INTRODUCED(10.12) = NSKeyDown;

@@ -77,6 +77,14 @@ TEST_F(StatusMenuTest, AChoiceIsDroppedWithTheMenu) {
   EXPECT_TRUE(choices.empty());
 }
 
+TEST_F(StatusMenuTest, AMenuThatIsStillHeldIsLeftEmpty) {
+  open();
+  const auto held = retained(menu->menu());
+  EXPECT_EQ([held.get() numberOfItems], 3);
+  menu.reset();
+  EXPECT_EQ([held.get() numberOfItems], 0);
+}
+
 TEST_F(StatusMenuTest, NoEntryHasAKeyOrIsEnabledByAppKit) {
   open();
   for (NSMenu* each in @[ menu->menu(), [[menu->menu() itemAtIndex:0] submenu] ]) {

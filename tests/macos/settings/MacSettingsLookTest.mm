@@ -80,6 +80,16 @@ void expectApart(const std::vector<NSView*>& views) {
   }
 }
 
+/// In the row, the card and the page around it, which cut off what is beyond them.
+void expectInside(NSView* view) {
+  for (NSView* around = [view superview]; around != nil; around = [around superview]) {
+    // What scrolls may be out of sight.
+    if ([around isKindOfClass:[NSClipView class]]) return;
+    EXPECT_TRUE(NSContainsRect(inWindow(around), inWindow(view)))
+        << nameOf(view) << " is cut off by " << nameOf(around);
+  }
+}
+
 void expectWhole(NSView* view) {
   const NSRect area = inWindow(view);
   const NSSize content = [[MacSettingsDriver::frame() contentView] bounds].size;
@@ -88,6 +98,7 @@ void expectWhole(NSView* view) {
   const NSSize size = [view bounds].size;
   const auto* const measured = static_cast<MeasuredView*>(view);
   EXPECT_GE(size.height, [measured heightForWidth:size.width]) << nameOf(view) << " is cut off";
+  expectInside(view);
   if ([view isKindOfClass:[NSButton class]]) {
     EXPECT_GE(size.width, [measured naturalWidth]) << nameOf(view) << " is cut off";
   }
