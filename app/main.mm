@@ -58,8 +58,11 @@ struct Desktop {
       std::make_shared<AXWindowProvider>(accessibility, workspace, screens);
 };
 
-/// What the program hears of keys and mouse, and shows while one is dragged.
+/// The event loop, what the program hears by it of signals, keys and mouse, and shows while a window is
+/// dragged.
 struct Input {
+  macos::MacMainQueue queue;
+  macos::MacStopSignals stopSignals{queue};
   macos::CarbonHotKeys hotKeys;
   macos::MacPointerMonitor pointer;
   macos::MacOverlay overlay;
@@ -77,12 +80,10 @@ struct Interface {
 };
 
 int runProgram(System& system, Desktop& desktop, macos::MacApplication& application) {
-  macos::MacMainQueue queue;
-  const macos::MacStopSignals stopSignals(queue);
   macos::MacUserDefaults userDefaults(system.log);
   Input input;
-  Interface interface(system, queue);
-  Platform platform{.mainQueue = queue,
+  Interface interface(system, input.queue);
+  Platform platform{.mainQueue = input.queue,
                     .log = system.log,
                     .hotKeys = input.hotKeys,
                     .userDefaults = userDefaults,
@@ -106,7 +107,7 @@ int runProgram(System& system, Desktop& desktop, macos::MacApplication& applicat
     delegate.start();
   });
   application.onReopened([&delegate] { delegate.showSettings(); });
-  return queue.run();
+  return input.queue.run();
 }
 
 }  // namespace

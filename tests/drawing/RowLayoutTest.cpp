@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <deque>
 #include <optional>
 
@@ -48,9 +51,8 @@ protected:
   }
 
   [[nodiscard]] std::size_t shownPieces() const {
-    std::size_t count = 0;
-    for (const auto* piece : {parts.picture, parts.title, parts.note, parts.problem})
-      count += piece != nullptr;
+    const auto single = std::to_array({parts.picture, parts.title, parts.note, parts.problem});
+    auto count = single.size() - static_cast<std::size_t>(std::ranges::count(single, nullptr));
     for (const auto& control : parts.controls) count += control.caption != nullptr ? 2 : 1;
     return count;
   }

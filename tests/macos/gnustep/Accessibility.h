@@ -18,5 +18,5 @@
 @end
 
 /// AppKit, macOS 10.2. GNUstep's tells nobody; this counts for tests (AccessibilityPosts.h).
-extern "C" void NSAccessibilityPostNotification(id element, NSString* notification)
-    __attribute__((availability(macos, introduced = 10.2)));
+// NOLINTNEXTLINE(readability-redundant-declaration): adds the version to GNUstep's declaration.
+extern "C" void NSAccessibilityPostNotification(id element, NSString* notification) INTRODUCED(10.2);

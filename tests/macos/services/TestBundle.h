@@ -25,6 +25,14 @@ public:
     bundle_ = retained([NSBundle bundleWithPath:text(path().native())]);
   }
 
+  TestBundle(const TestBundle&) = delete;
+  TestBundle& operator=(const TestBundle&) = delete;
+  /// Also at the end of the process, when there is no pool any more.
+  ~TestBundle() {
+    const AutoreleasePool pool;
+    bundle_ = {};
+  }
+
   [[nodiscard]] NSBundle* bundle() const { return bundle_.get(); }
   [[nodiscard]] std::filesystem::path path() const { return folder_.path() / "Tilwin.app"; }
 

@@ -24,7 +24,7 @@ protected:
     ASSERT_TRUE(driver.settle([this] { return driver.isInFront(); }));
     events.clear();
   }
-  ~MacSettingsFocus() override { driver.window().onEvent({}); }
+  void TearDown() override { driver.window().onEvent({}); }
 
   static TWFormWindow* frame() { return static_cast<TWFormWindow*>(MacSettingsDriver::frame()); }
   static NSView* keyViewOf(const std::string& id) {

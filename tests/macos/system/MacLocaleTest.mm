@@ -13,10 +13,10 @@ namespace tilwin::macos {
 
 class MacLocaleTest : public testing::Test {
 protected:
-  MacLocaleTest() {
+  void SetUp() override {
     if (const char* const set = std::getenv("LANG")) before_ = set;
   }
-  ~MacLocaleTest() override { before_ ? ::setenv("LANG", before_->c_str(), 1) : ::unsetenv("LANG"); }
+  void TearDown() override { before_ ? ::setenv("LANG", before_->c_str(), 1) : ::unsetenv("LANG"); }
 
 private:
   std::optional<std::string> before_;

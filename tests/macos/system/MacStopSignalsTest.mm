@@ -15,13 +15,13 @@ using namespace std::chrono_literals;
 /// The tests' program waits for these signals on a thread, so it has blocked them.
 class MacStopSignalsTest : public testing::TestWithParam<int> {
 protected:
-  MacStopSignalsTest() {
+  void SetUp() override {
     sigset_t tested;
     ::sigemptyset(&tested);
     ::sigaddset(&tested, GetParam());
     ::pthread_sigmask(SIG_UNBLOCK, &tested, &before_);
   }
-  ~MacStopSignalsTest() override { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  void TearDown() override { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
 
 private:
   sigset_t before_{};
