@@ -103,7 +103,8 @@ function(tilwin_macos_linted target)
 endfunction()
 
 # tilwin_as_on_macos(TARGET [FURTHER ...]): scripts/check reads each source of the target, each further one, and each header
-# below its folder as clang does on macOS. The static analyser gets several sources at once, as most of its time is spent on AppKit's headers too.
+# below its folder as clang does on macOS. The static analyser gets several sources at once, as most of its time is spent on
+# AppKit's headers too.
 function(tilwin_as_on_macos target)
   tilwin_macos_linted(${target})
   if(APPLE OR NOT TILWIN_LINT)

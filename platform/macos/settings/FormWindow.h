@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// The window of a form, and its own delegate. Escape closes it; Command-F and "/" ask for the search field,
-/// once however long they are held; what the Tab key leads to is scrolled into view.
+/// The window of a form, and its own delegate. Escape closes it and "/" asks for the search field, both once
+/// however long they are held; Command-F asks for it too. What the Tab key leads to is scrolled into view.
 @interface TWFormWindow : NSWindow <NSWindowDelegate> {
 @public
   std::function<void()> onClosing;     ///< the user closes it

@@ -10,22 +10,15 @@
 #include "platform/macos/settings/Sidebar.h"
 #include "tests/contract/SampleForm.h"
 #include "tests/macos/settings/MacSettingsDriver.h"
+#include "tests/macos/settings/OpenSettings.h"
 
 namespace tilwin::macos {
 namespace {
 
 namespace keys = contract::keys;
 
-class MacSettingsFocus : public testing::Test {
+class MacSettingsFocus : public OpenSettings {
 protected:
-  void open(const std::string& section) {
-    driver.window().onEvent([this](const FormEvent& event) { events.push_back(event); });
-    driver.window().show(contract::sampleForm(section));
-    ASSERT_TRUE(driver.settle([this] { return driver.isInFront(); }));
-    events.clear();
-  }
-  void TearDown() override { driver.window().onEvent({}); }
-
   static TWFormWindow* frame() { return static_cast<TWFormWindow*>(MacSettingsDriver::frame()); }
   static NSView* keyViewOf(const std::string& id) {
     return [static_cast<ControlView*>(MacSettingsDriver::control(id)) keyView];
@@ -52,9 +45,6 @@ protected:
     return [view needsDisplay];
   }
   static NSTextView* editor() { return static_cast<NSTextView*>([frame() firstResponder]); }
-
-  MacSettingsDriver driver;
-  std::vector<FormEvent> events;
 };
 
 }  // namespace

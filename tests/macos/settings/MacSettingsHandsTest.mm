@@ -3,27 +3,14 @@
 #import <AppKit/AppKit.h>
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "platform/macos/support/Held.h"
 #include "tests/contract/SampleForm.h"
 #include "tests/macos/settings/MacSettingsDriver.h"
+#include "tests/macos/settings/OpenSettings.h"
 
 namespace tilwin::macos {
 
-class MacSettingsHands : public testing::Test {
-protected:
-  void open(const std::string& section) {
-    driver.window().onEvent([this](const FormEvent& event) { events.push_back(event); });
-    driver.window().show(contract::sampleForm(section));
-    ASSERT_TRUE(driver.settle([this] { return driver.isInFront(); }));
-    events.clear();
-  }
-
-  MacSettingsDriver driver;
-  std::vector<FormEvent> events;
-};
+class MacSettingsHands : public OpenSettings {};
 
 TEST_F(MacSettingsHands, AClickOnTheTitleOfACheckBoxFlipsIt) {
   open("behavior");
