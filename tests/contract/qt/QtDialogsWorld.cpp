@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <set>
 #include <utility>
@@ -47,11 +48,28 @@ void clickOn(const QWidget& widget) {
   qtDesktop().input().click({at.x(), at.y()});
 }
 
+/// While a window manager closes one dialog, the focus may leave the next one again for a moment: keys that
+/// are pressed then reach nobody.
+class FocusWatch : public QObject {
+public:
+  FocusWatch() {
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, [this] { changed_ = desktop::Clock::now(); });
+  }
+  bool isSteadyOn(const QWidget* dialog) const {
+    return dialog != nullptr && dialog->isVisible() && dialog->isActiveWindow() &&
+           desktop::Clock::now() - changed_ >= steady;
+  }
+
+private:
+  static constexpr desktop::Milliseconds steady{150};
+  desktop::Clock::time_point changed_ = desktop::Clock::now();
+};
+
 /// Waits for the next dialog, carries out the steps and watches that it closes.
 class DialogUser : public QTimer {
 public:
-  DialogUser(DialogsWorld::Steps steps, std::set<const QWidget*>& attended)
-      : steps_(std::move(steps)), attended_(attended) {
+  DialogUser(DialogsWorld::Steps steps, const FocusWatch& focus, std::set<const QWidget*>& attended)
+      : steps_(std::move(steps)), focus_(focus), attended_(attended) {
     callOnTimeout([this] { look(); });
     start(5);
   }
@@ -72,7 +90,7 @@ private:
 
   void attend(qt::DialogBox& dialog, bool isLate) {
     if (attended_.contains(&dialog)) return;
-    const bool isReady = hasSteadyFocus(dialog);
+    const bool isReady = focus_.isSteadyOn(&dialog);
     if (!isReady && !isLate) return;
     EXPECT_TRUE(isReady) << "the dialog does not get the focus";
     attended_.insert(&dialog);
@@ -83,17 +101,8 @@ private:
     until_ = isReady ? desktop::Clock::now() + desktop::answerTimeout : desktop::Clock::now();
   }
 
-  /// While a window manager closes one dialog, the focus may leave the next one again for a moment.
-  bool hasSteadyFocus(const qt::DialogBox& dialog) {
-    const auto now = desktop::Clock::now();
-    if (!dialog.isVisible() || !dialog.isActiveWindow()) focusedSince_ = now;
-    return now - focusedSince_ >= steadyFocus;
-  }
-
-  static constexpr desktop::Milliseconds steadyFocus{150};
-
   DialogsWorld::Steps steps_;
-  desktop::Clock::time_point focusedSince_ = desktop::Clock::now();
+  const FocusWatch& focus_;
   std::set<const QWidget*>& attended_;
   QPointer<qt::DialogBox> dialog_;
   desktop::Clock::time_point until_ = desktop::Clock::now() + desktop::answerTimeout;
@@ -104,7 +113,7 @@ public:
   Dialogs& dialogs() override { return dialogs_; }
   MainQueue& mainQueue() override { return queue_; }
   void whenOpen(Steps steps) override {
-    users_.push_back(std::make_unique<DialogUser>(std::move(steps), attended_));
+    users_.push_back(std::make_unique<DialogUser>(std::move(steps), focus_, attended_));
   }
 
   ShownDialog shown() override {
@@ -133,15 +142,22 @@ public:
     ASSERT_NE(found, buttons.end()) << button;
     clickOn(**found);
   }
-  void pressReturn() override { qtDesktop().input().press("Return"); }
-  void pressEscape() override { qtDesktop().input().press("Escape"); }
+  void pressReturn() override { pressOnceFocused("Return"); }
+  void pressEscape() override { pressOnceFocused("Escape"); }
   void closeWindow() override {
     qtDesktop().desktop().close(static_cast<desktop::WindowId>(frontDialog()->winId()));
   }
 
 private:
+  void pressOnceFocused(const std::string& key) {
+    EXPECT_TRUE(runMainLoopUntil([&] { return focus_.isSteadyOn(frontDialog()); }, desktop::answerTimeout))
+        << "the dialog in front does not get the focus";
+    qtDesktop().input().press(key);
+  }
+
   qt::QtDialogs dialogs_;
   qt::QtMainQueue queue_;
+  FocusWatch focus_;
   std::set<const QWidget*> attended_;
   std::vector<std::unique_ptr<DialogUser>> users_;
 };
