@@ -97,7 +97,8 @@ TEST_F(QtFileViewerTest, OpensThroughAnotherProgramWhereOneIsMissing) {
 }
 
 TEST_F(QtFileViewerTest, WhatItOpensCanBeStoppedThoughThisProgramBlocksItsSignals) {
-  home.write("bin/xdg-open", "#!/bin/sh\n/bin/sed -n 's/^SigBlk:.//p' /proc/$$/status > " + opened.string());
+  home.write("bin/xdg-open",
+             "#!/bin/sh\n/bin/sed -n 's/^SigBlk:.//p' /proc/self/status > " + opened.string());
   sigset_t before;
   pthread_sigmask(SIG_SETMASK, nullptr, &before);
   qt::StopSignals::block();
