@@ -23,7 +23,7 @@ double aspectOfPrimaryDisplay(DesktopWindows& windows) {
 
 AppDelegate::AppDelegate(Platform& platform)
     : platform_(platform),
-      store_(platform.userDefaults),
+      store_(platform.userDefaults, &platform.log),
       windows_(std::make_shared<CommandWindows>(platform.windows)),
       controller_(windows_),
       hotKeyCenter_(platform.hotKeys, platform.mainQueue),

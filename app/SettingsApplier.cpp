@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/settings/KeyNames.h"
+#include "core/settings/ShortcutRules.h"
 
 namespace tilwin {
 
@@ -70,13 +71,16 @@ void SettingsApplier::logShortcuts(const TilwinSettings& settings,
   const Wording wording = services_.words.wording();
   std::size_t working = wanted.size();
   std::string taken;
+  std::string twice;
   for (const auto& [owner, spec] : wanted) {
     if (!refused.contains(owner)) continue;
     --working;
-    taken += (taken.empty() ? " " : ", ") + KeyNames::describe(spec, wording);
+    std::string& list = ShortcutRules::usedEarlier(owner, settings) ? twice : taken;
+    list += (list.empty() ? " " : ", ") + KeyNames::describe(spec, wording);
   }
   services_.log.write("Tilwin: " + std::to_string(working) + " of " + std::to_string(wanted.size()) +
-                      " shortcuts work" + (taken.empty() ? "" : "; another program holds" + taken));
+                      " shortcuts work" + (twice.empty() ? "" : "; the settings have twice" + twice) +
+                      (taken.empty() ? "" : "; another program holds" + taken));
 }
 
 }  // namespace tilwin

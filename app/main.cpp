@@ -4,19 +4,25 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <span>
+#include <sstream>
 #include <string>
 
 #include "TilwinBuild.h"
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
 #include "app/menu/MenuBarImage.h"
+#include "core/support/StandardStreams.h"
+#include "platform/qt/BeforeMessages.h"
+#include "platform/qt/FaultWatch.h"
 #include "platform/qt/QtMainQueue.h"
 #include "platform/qt/QtSystemLog.h"
 #include "platform/qt/QtUserDefaults.h"
 #include "platform/qt/StopSignals.h"
+#include "platform/qt/XcbEvents.h"
 #include "platform/qt/XdgBundle.h"
 #include "platform/qt/menu/QtDialogs.h"
 #include "platform/qt/menu/QtStatusItem.h"
@@ -34,6 +40,8 @@
 #include "platform/x11/windows/X11Trust.h"
 #include "platform/x11/windows/X11WindowProvider.h"
 #include "platform/x11/windows/X11Workspace.h"
+#include "platform/x11/wire/FloodGate.h"
+#include "platform/x11/wire/ToolkitEvents.h"
 #include "platform/x11/wire/X11Connection.h"
 #include "platform/x11/wire/X11WindowManager.h"
 
@@ -44,6 +52,7 @@ using Arguments = std::span<const char* const>;
 
 constexpr x11::AccentColour accent{0x35, 0x84, 0xe4};
 constexpr auto desktopEntry = "tilwin";
+constexpr auto serverHasGone = "Tilwin: the X server has gone";
 
 /// What needs no display.
 struct System {
@@ -58,16 +67,23 @@ struct System {
 struct X11Desktop {
   X11Desktop(System& system, x11::X11Connection& connection) : x(connection), log(system.log) {
     queue.watch(x.fileDescriptor(), [this] { x.dispatch(); });
-    queue.beforeEachSleep([this] { x.dispatchQueued(); });
-    queue.onDisplayLost([this] { log.write("Tilwin: the X server has gone"); });
+    queue.beforeEachSleep([this] { return x.dispatchQueued(); });
+    queue.onDisplayLost([this] { log.write(serverHasGone); });
     x.onLost([this] { queue.loseDisplay(); });
     manager.onStart([this] { hotKeys.tellOfChange(); });
   }
+  X11Desktop(const X11Desktop&) = delete;
+  X11Desktop& operator=(const X11Desktop&) = delete;
+  ~X11Desktop() { x.onLost(nullptr); }
 
   x11::X11Connection& x;
   SystemLog& log;
   qt::QtMainQueue queue{};
   qt::StopSignals stopSignals{queue};
+  x11::FloodGate gate{x, queue};
+  x11::ToolkitEvents toolkit{x, queue, qt::XcbEvents::connection()};
+  qt::XcbEvents toolkitEvents{
+      [this](const void* event) { return toolkit.wants(*static_cast<const xcb_generic_event_t*>(event)); }};
   x11::X11WindowManager manager{x, queue, log};
   x11::X11HotKeys hotKeys{x, queue};
   x11::X11Displays displays{x, queue};
@@ -127,6 +143,13 @@ int runOnDesktop(System& system, X11Desktop& desktop, qt::QtInstance& instance) 
 int runApplication(int argc, char** argv, System& system) {
   // Before Qt's own connection, as Qt aborts the process where there is no display.
   x11::X11Connection x(system.log);
+  x.onLost([&system] {
+    system.log.write(serverHasGone);
+    std::_Exit(1);
+  });
+  // Without a server nothing works, and whatever is said of that, by Qt too, would name another reason.
+  const qt::BeforeMessages noticeLoss([&x] { x.tellIfLost(); });
+  const qt::FaultWatch faultOfQt([&x] { return x.isLost(); }, serverHasGone);
   // Not earlier: a server that does not answer must not keep the process from being stopped.
   qt::StopSignals::block();
   qputenv("QT_QPA_PLATFORM", "xcb");
@@ -137,8 +160,10 @@ int runApplication(int argc, char** argv, System& system) {
   QApplication::setWindowIcon(qt::templateIcon(menuBarImage()));
   X11Desktop desktop(system, x);
   const Arguments arguments(argv + 1, static_cast<std::size_t>(argc - 1));
-  if (const auto status =
-          CommandLine::runOnDesktop(arguments, {*desktop.windows, desktop.trust}, std::cout)) {
+  std::ostringstream answer;
+  if (const auto status = CommandLine::runOnDesktop(arguments, {*desktop.windows, desktop.trust}, answer)) {
+    x.tellIfLost();
+    std::cout << answer.str() << std::flush;
     return *status;
   }
   qt::QtInstance instance(qEnvironmentVariable("DISPLAY").toStdString());
@@ -148,6 +173,7 @@ int runApplication(int argc, char** argv, System& system) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  StandardStreams::secure();
   System system;
   const Arguments arguments(argv, static_cast<std::size_t>(argc));
   const auto status = CommandLine::run(arguments.subspan(1),

@@ -10,6 +10,7 @@
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
 #include "app/windows/AXWindowProvider.h"
+#include "core/support/StandardStreams.h"
 #include "platform/macos/displays/MacScreenChanges.h"
 #include "platform/macos/displays/MacScreens.h"
 #include "platform/macos/input/CarbonHotKeys.h"
@@ -64,7 +65,7 @@ struct Input {
   macos::MacMainQueue queue;
   macos::MacStopSignals stopSignals{queue};
   macos::CarbonHotKeys hotKeys;
-  macos::MacPointerMonitor pointer;
+  macos::MacPointerMonitor pointer{queue};
   macos::MacOverlay overlay;
 };
 
@@ -113,6 +114,7 @@ int runProgram(System& system, Desktop& desktop, macos::MacApplication& applicat
 }  // namespace
 
 int main(int argc, char** argv) {
+  StandardStreams::secure();
   const macos::AutoreleasePool pool;
   macos::takeUserLocale();
   System system;

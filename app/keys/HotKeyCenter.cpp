@@ -60,10 +60,12 @@ void HotKeyCenter::installHandler() {
 
 void HotKeyCenter::pressed(std::uint32_t id) {
   const auto target = targets_.find(id);
-  if (target == targets_.end()) return;
+  if (target == targets_.end() || waiting_ == mostWaiting) return;
+  ++waiting_;
   mainQueue_.post([weak = std::weak_ptr(self_), owner = target->second] {
     const auto self = weak.lock();
     if (!self) return;
+    --(*self)->waiting_;
     // A copy, as the callback may assign `onTarget` while it runs.
     if (const auto receiver = (*self)->onTarget) receiver(owner);
   });

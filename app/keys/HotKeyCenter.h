@@ -19,6 +19,7 @@ namespace tilwin {
 class HotKeyCenter {
 public:
   using OwnerSet = std::unordered_set<ShortcutOwner>;
+  static constexpr int mostWaiting = 16;
 
   /// The ports must outlive the center.
   HotKeyCenter(HotKeys& hotKeys, MainQueue& mainQueue);
@@ -27,6 +28,7 @@ public:
   ~HotKeyCenter();
 
   /// Called for each press, as a task posted to the main queue: after the key event has been processed.
+  /// Presses that come while `mostWaiting` wait for their turn are lost; no hand is that much ahead.
   std::function<void(const ShortcutOwner&)> onTarget;
 
   /// Replaces all registrations by the shortcuts of these settings, actions first, then areas. Returns the
@@ -46,6 +48,7 @@ private:
   std::vector<HotKeys::Reference> refs_;
   std::unordered_map<std::uint32_t, ShortcutOwner> targets_;
   bool handlerInstalled_ = false;
+  int waiting_ = 0;
   /// Posted tasks hold this weakly, so that they do nothing after this object is destroyed.
   std::shared_ptr<HotKeyCenter*> self_;
 };

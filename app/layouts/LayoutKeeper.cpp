@@ -32,7 +32,9 @@ std::filesystem::path LayoutKeeper::layoutsURL(Bundle& bundle) {
 }
 
 void LayoutKeeper::load() {
-  file_.emplace(layoutsURL(ports_.bundle));
+  using Surroundings = LayoutsFile::Surroundings;
+  file_.emplace(layoutsURL(ports_.bundle),
+                ports_.bundle.applicationSupport() ? Surroundings::ofUser : Surroundings::shared);
   layouts_ = file_->load();
 }
 
@@ -98,8 +100,12 @@ LayoutPlan LayoutKeeper::place(const Layout& layout) { return controller_.apply(
 
 void LayoutKeeper::write() {
   try {
-    file_->write(layouts_);
+    const auto copy = file_->write(layouts_);
     failing_ = false;
+    if (copy && loggedCopies_.insert(*copy).second) {
+      ports_.log.write("Tilwin: " + layoutsURL(ports_.bundle).string() +
+                       " was changed by another hand; that is kept as " + *copy);
+    }
   } catch (const std::exception& reason) {
     if (!std::exchange(failing_, true)) {
       ports_.log.write("Tilwin: layouts could not be saved: " + std::string(reason.what()));

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,7 +39,8 @@ public:
   LayoutKeeper& operator=(const LayoutKeeper&) = delete;
   ~LayoutKeeper() = default;
 
-  /// "Tilwin/layouts.json" in the Application Support folder, or in the temporary folder if there is none.
+  /// "Tilwin/layouts.json" in the Application Support folder, or in the temporary folder if there is none;
+  /// there, see `LayoutsFile::Surroundings::shared`.
   [[nodiscard]] static std::filesystem::path layoutsURL(Bundle& bundle);
 
   /// Reads the file. Call it once, before anything else.
@@ -51,7 +53,8 @@ public:
 
   [[nodiscard]] const LayoutStore& layouts() const { return layouts_; }
   /// Both change the file at once. A write that fails is logged once and ignored; the next one is tried
-  /// again.
+  /// again. What somebody else has written meanwhile is kept beside the file, which is logged once for each
+  /// name.
   void save(Layout layout);
   void remove(const Uuid& id);
   /// A layout of all open windows.
@@ -75,6 +78,7 @@ private:
   LayoutStore layouts_;
   bool restoring_ = false;
   bool failing_ = false;  ///< the last write failed
+  std::set<std::string> loggedCopies_;
   std::optional<DisplaySignature> lastSignature_;
   MainQueue::WallTime snapshotHoldUntil_{};
   std::unique_ptr<MainQueue::Repetition> snapshotTimer_;

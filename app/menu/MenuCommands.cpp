@@ -72,7 +72,14 @@ void MenuCommands::runArea(const Uuid& id) {
 
 void MenuCommands::toggleIgnore(const std::string& bundleID) {
   TilwinSettings settings = parts_.store.settings.get();
-  if (std::erase(settings.ignoredApps, bundleID) == 0) settings.ignoredApps.push_back(bundleID);
+  if (std::erase(settings.ignoredApps, bundleID) == 0) {
+    if (settings.ignoredApps.size() >= TilwinSettings::maximumIgnored) {
+      return dialogs_.tell({.title = "Too many applications",
+                            .message = "Tilwin leaves up to 100 applications alone. Let it move the windows "
+                                       "of one of them first."});
+    }
+    settings.ignoredApps.push_back(bundleID);
+  }
   parts_.store.settings.set(std::move(settings));
 }
 
@@ -82,12 +89,12 @@ void MenuCommands::saveWindowAsArea() {
                           .message = "Tilwin keeps up to 12 custom areas. Delete one in Settings first."});
   }
   if (!parts_.platform.trust.isTrusted()) return;
-  auto name =
+  const auto name =
       dialogs_.ask("Save this window as an area",
                    "Name it, for example “Reading column”. Place the window first; Tilwin saves its size "
                    "and position as a fraction of the screen.");
   if (!name) return;
-  auto area = parts_.controller.captureFocusedWindow(*std::move(name));
+  auto area = parts_.controller.captureFocusedWindow(*name);
   if (!area) {
     return dialogs_.tell(
         {.title = "No window to save", .message = "Bring the window you want to the front, then try again."});

@@ -65,6 +65,7 @@ std::optional<MenuItem> ignoreEntry(const StatusMenu& shown) {
   if (!identifier || identifier == shown.ownBundleIdentifier) return std::nullopt;
   const auto& ignored = shown.settings.ignoredApps;
   const bool isIgnored = std::ranges::find(ignored, *identifier) != ignored.end();
+  if (!isIgnored && identifier->size() > TilwinSettings::longestIgnored) return std::nullopt;
   return MenuItem::command("Never move windows of " + shown.frontmost->localizedName.value_or(*identifier),
                            {std::string(command::toggleIgnore), *identifier}, isIgnored);
 }

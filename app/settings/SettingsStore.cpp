@@ -24,19 +24,29 @@ struct SettingsStore::Stored {
   }
 };
 
-SettingsStore::SettingsStore(UserDefaults& defaults) : SettingsStore(defaults, Stored::in(defaults)) {}
+SettingsStore::SettingsStore(UserDefaults& defaults, SystemLog* log)
+    : SettingsStore(defaults, log, Stored::in(defaults)) {}
 
-SettingsStore::SettingsStore(UserDefaults& defaults, Stored stored)
+SettingsStore::SettingsStore(UserDefaults& defaults, SystemLog* log, Stored stored)
     : settings(std::move(stored.settings), [this](const TilwinSettings& changed) { save(changed); }),
       defaults_(defaults),
+      log_(log),
       isUnreadable_(stored.isUnreadable) {}
 
 void SettingsStore::save(TilwinSettings changed) {
   changed.clamp();
   const auto encoded = encodeJson(changed);
   const auto* blob = std::get_if<std::string>(&encoded);
-  if (blob == nullptr || blob->size() > largestBlob || !keepUnreadable()) return;
+  if (blob == nullptr || !fits(blob->size()) || !keepUnreadable()) return;
   defaults_.setData(key, *blob);
+}
+
+bool SettingsStore::fits(std::size_t size) {
+  const bool wasTooLarge = std::exchange(isTooLarge_, size > largestBlob);
+  if (isTooLarge_ && !wasTooLarge && log_ != nullptr) {
+    log_->write("Tilwin: settings of more than 256 KiB are not saved");
+  }
+  return !isTooLarge_;
 }
 
 /// Copies unreadable stored settings to `unreadableKey`. False if that failed, so that writing would lose

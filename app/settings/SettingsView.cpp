@@ -136,7 +136,7 @@ void SettingsView::on(const form::TextChanged& event) {
     state_.changedRows.clear();
   } else if (const auto owner = FormIds::owner(event.id);
              owner && FormIds::kind(event.id) == FormIds::areaName) {
-    changeArea(*owner, [&](CustomArea& area) { area.name = event.text; });
+    changeArea(*owner, [&](CustomArea& area) { area.name = CustomArea::keptName(event.text); });
   }
 }
 

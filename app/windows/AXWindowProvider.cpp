@@ -7,6 +7,7 @@
 #include <utility>
 #include <variant>
 
+#include "core/geometry/TilePlace.h"
 #include "core/support/Fatal.h"
 #include "core/support/LocalizedOrder.h"
 #include "platform/ports/Accessibility.h"
@@ -100,20 +101,22 @@ std::optional<WindowInfo> AXWindowProvider::focusedWindow() {
   Element window = elementAttribute(accessibility_, application, accessibility::focusedWindow);
   if (!window) window = elementAttribute(accessibility_, application, accessibility::mainWindow);
   if (!window) return std::nullopt;
-  return described(window, *front, 0);
+  auto info = described(window, *front, 0);
+  return info ? std::optional(asAsked(*std::move(info))) : std::nullopt;
 }
 
 std::vector<WindowInfo> AXWindowProvider::allWindows() {
   elements_.clear();
   std::vector<WindowInfo> windows;
   for (const RunningApplication& application : listedApplications()) appendWindows(application, windows);
+  std::erase_if(refusals_, [this](const auto& refusal) { return !elements_.contains(refusal.first); });
   return windows;
 }
 
 bool AXWindowProvider::applyFrame(std::int64_t id, const Rect& frame) {
   const auto found = elements_.find(id);
   if (found == elements_.end()) return false;
-  const Element& window = found->second;
+  const Element& window = found->second.element;
   const PlainUserInterface plain(accessibility_, accessibility_.owningProcess(window));
   const Point position{frame.x, frame.y};
   const Size size{frame.width, frame.height};
@@ -121,12 +124,37 @@ bool AXWindowProvider::applyFrame(std::int64_t id, const Rect& frame) {
   const bool resized = accessibility_.setAttribute(window, accessibility::size, size);
   // Again, because while resizing the system keeps the window on its screen and may have moved it.
   const bool movedAgain = accessibility_.setAttribute(window, accessibility::position, position);
+  refusals_.erase(id);
+  if (movedAgain) placeIfLarger(id, found->second, frame);
   return moved && resized && movedAgain;
+}
+
+void AXWindowProvider::placeIfLarger(std::int64_t id, const Known& window, const Rect& asked) {
+  const auto taken = attribute<Size>(accessibility_, window.element, accessibility::size);
+  if (!taken || (taken->width <= asked.width && taken->height <= asked.height)) return;
+  const auto place = TilePlace::of(asked, window.standing, displays());
+  const Rect target = place.frame(*taken);
+  if (target.x != asked.x || target.y != asked.y) {
+    accessibility_.setAttribute(window.element, accessibility::position, Point{target.x, target.y});
+  }
+  const auto standing = frameOfElement(accessibility_, window.element);
+  if (standing) refusals_[id] = {place.reported(*standing), *standing};
+}
+
+WindowInfo AXWindowProvider::asAsked(WindowInfo window) {
+  const auto refusal = refusals_.find(window.id);
+  if (refusal == refusals_.end()) return window;
+  if (refusal->second.standing == window.frame) {
+    window.frame = refusal->second.reported;
+  } else {
+    refusals_.erase(refusal);
+  }
+  return window;
 }
 
 std::optional<Rect> AXWindowProvider::frame(std::int64_t of) {
   const auto found = elements_.find(of);
-  return found == elements_.end() ? std::nullopt : frameOfElement(accessibility_, found->second);
+  return found == elements_.end() ? std::nullopt : frameOfElement(accessibility_, found->second.element);
 }
 
 std::optional<WindowInfo> AXWindowProvider::window(Point at) {
@@ -176,7 +204,7 @@ void AXWindowProvider::appendWindows(const RunningApplication& of, std::vector<W
       continue;
     }
     if (auto info = described(window, of, static_cast<std::int64_t>(to.size()))) {
-      to.push_back(*std::move(info));
+      to.push_back(asAsked(*std::move(info)));
     }
   }
 }
@@ -187,7 +215,7 @@ std::optional<WindowInfo> AXWindowProvider::described(const Element& window, con
   const auto standing = frameOfElement(accessibility_, window);
   if (!standing) return std::nullopt;
   const std::int64_t id = windowID(accessibility_.hash(window));
-  elements_.insert_or_assign(id, window);
+  elements_.insert_or_assign(id, Known{window, *standing});
   return WindowInfo{
       .id = id,
       .bundleID = owner.bundleIdentifier.value_or(""),

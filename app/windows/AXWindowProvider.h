@@ -17,6 +17,9 @@ namespace tilwin {
 ///
 /// A window's id is the hash of its accessibility element. `allWindows` invalidates all earlier ids, so that
 /// ids of closed windows do not pile up; the other queries only add ids.
+///
+/// A window that came out larger than it was asked to be is moved to where `TilePlace` has it. While it
+/// stands there, `focusedWindow` and `allWindows` report the frame it was asked for.
 class AXWindowProvider final : public DesktopWindows {
 public:
   /// The ports must outlive the provider.
@@ -33,6 +36,18 @@ public:
 
 private:
   bool applyFrame(std::int64_t id, const Rect& frame) override;
+  struct Known {
+    AccessibilityElementRef element;
+    Rect standing;  ///< when it was last described
+  };
+  /// The frame that a window has because it could not be as small as it was asked to, and the one to report.
+  struct Refusal {
+    Rect reported;
+    Rect standing;
+  };
+
+  void placeIfLarger(std::int64_t id, const Known& window, const Rect& asked);
+  [[nodiscard]] WindowInfo asAsked(WindowInfo window);
   [[nodiscard]] bool isThisProgram(const RunningApplication& application);
   [[nodiscard]] std::vector<RunningApplication> listedApplications();
   void appendWindows(const RunningApplication& of, std::vector<WindowInfo>& to);
@@ -43,7 +58,8 @@ private:
   Accessibility& accessibility_;
   Workspace& workspace_;
   Screens& screens_;
-  std::unordered_map<std::int64_t, AccessibilityElementRef> elements_;
+  std::unordered_map<std::int64_t, Known> elements_;
+  std::unordered_map<std::int64_t, Refusal> refusals_;
 };
 
 }  // namespace tilwin

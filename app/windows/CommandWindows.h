@@ -36,6 +36,7 @@ public:
 
 private:
   bool applyFrame(std::int64_t id, const Rect& frame) override { return windows_->setFrame(id, frame); }
+  bool applyRestore(std::int64_t id, const Rect& frame) override { return windows_->restoreFrame(id, frame); }
   [[nodiscard]] std::optional<WindowInfo> heldNow() const;
 
   std::shared_ptr<DesktopWindows> windows_;

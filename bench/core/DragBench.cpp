@@ -28,7 +28,7 @@ constexpr Rect display{0, 0, 1440, 900};
 constexpr auto fullLog = static_cast<std::size_t>(ShadowLogFile::trimAbove);
 
 const std::vector<ShadowRecord>& log() {
-  static const auto records = DragSimulation::log(0, 1, fullLog, DragSimulation::SnapsBy::release);
+  static const auto records = DragSimulation::log(0, 1, fullLog, SnapsBy::release);
   return records;
 }
 

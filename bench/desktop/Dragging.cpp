@@ -18,6 +18,8 @@ using desktop::PixelPoint;
 constexpr Milliseconds step{8};
 /// Longer than Tilwin looks away after each look.
 constexpr Milliseconds pause{60};
+/// Longer than a thrown window takes to snap.
+constexpr Milliseconds thrown{500};
 constexpr PixelPoint nearTheEdge{60, 500};
 constexpr PixelPoint inTheZone{2, 500};
 
@@ -94,6 +96,31 @@ DragCost costOfDragging(desktop::Session& session, const desktop::TestWindow& wi
                       (processorTime(manager) - managerBefore) / taken};
   session.input().buttonUp();
   return cost;
+}
+
+Throws throwToTheLeft(desktop::Session& session, desktop::TestWindow& window, Milliseconds afterLastMove,
+                      int count) {
+  auto& input = session.input();
+  Throws result;
+  for (; result.thrown < count; ++result.thrown) {
+    rest(thrown);  // else Tilwin would take this for the manager's doing, and put the window back
+    session.desktop().place(window.id(), apart);
+    if (!session.desktop().waitForFrame(window.id(), apart)) {
+      throw desktop::HarnessError("a thrown window cannot be put back");
+    }
+    session.desktop().settle();
+    takeHold(session, window);
+    // Another number of steps each time, as they decide how long ago Tilwin's last look was.
+    input.glide(nearTheEdge, 20 + result.thrown % 5, step);
+    window.forget();
+    input.movePointer(inTheZone);
+    rest(afterLastMove);
+    const auto begun = Clock::now();
+    input.buttonUp();
+    if (!session.desktop().waitForFrame(window.id(), leftHalf, 0, thrown)) continue;
+    result.settled.milliseconds.push_back(millisecondsToFinalSize(window, begun));
+  }
+  return result;
 }
 
 Latencies timesToPreview(desktop::Session& session, const desktop::TestWindow& window, int count) {

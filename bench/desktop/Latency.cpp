@@ -23,13 +23,18 @@ double timeOf(const Mover& mover, desktop::Session& session, desktop::TestWindow
                                 std::to_string(frame.y) + " in the size " + std::to_string(frame.width) +
                                 " by " + std::to_string(frame.height));
   }
+  return millisecondsToFinalSize(window, begun);
+}
+
+}  // namespace
+
+double millisecondsToFinalSize(const desktop::TestWindow& window, desktop::Clock::time_point begun) {
+  window.settle(quiet);
   const auto told = window.recorded().configures;
   const auto final = std::ranges::find(told, told.back().size, &desktop::Configure::size);
   const std::chrono::duration<double, std::milli> taken = final->at - begun;
   return taken.count();
 }
-
-}  // namespace
 
 double Latencies::percentile(double share) const {
   auto sorted = milliseconds;

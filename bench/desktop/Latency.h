@@ -30,6 +30,10 @@ struct Latencies {
   [[nodiscard]] double percentile(double share) const;
 };
 
+/// From then until the client received its final size; waits until no more events arrive.
+[[nodiscard]] double millisecondsToFinalSize(const desktop::TestWindow& window,
+                                             desktop::Clock::time_point begun);
+
 /// Moves the window `moves` times and back again, each time waiting until no more events arrive. Throws
 /// HarnessError if a move does not end on the left half.
 void measure(const Mover& mover, desktop::Session& session, desktop::TestWindow& window, int moves,

@@ -10,7 +10,11 @@ namespace {
 
 using desktop::Clock;
 
-constexpr const char* sxhkdKeys = "Control+Super+Left";
+/// Of no manager's own.
+constexpr const char* sxhkdKeys = "Control+Super+Home";
+
+/// Longer than a manager takes for a key that it has got.
+constexpr desktop::Milliseconds pressAgain{1000};
 
 Mover requests(desktop::Session& session, const desktop::TestWindow& window) {
   const auto sending = [&session](const desktop::PlaceRequest& request) {
@@ -46,9 +50,12 @@ std::string wmctrlLine(const Rect& frame, const desktop::Extents& extents) {
 
 std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindow& window) {
   std::vector<Mover> result{requests(session, window),
-                            keys(session, "Tilwin", "Control+Alt+Left", "Control+Alt+BackSpace"),
-                            keys(session, window, "sxhkd + wmctrl", sxhkdKeys)};
+                            keys(session, "Tilwin", "Control+Alt+Left", "Control+Alt+BackSpace")};
   const auto& manager = session.manager().traits();
+  // Under kwin it moves nothing.
+  if (manager.manager != desktop::Manager::kwin) {
+    result.push_back(keys(session, window, "sxhkd + wmctrl", sxhkdKeys));
+  }
   // openbox has no tiling of its own. The others remember that they tiled a window, and the same key undoes
   // it.
   if (manager.manager != desktop::Manager::openbox) {
@@ -61,9 +68,24 @@ std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindo
   return result;
 }
 
+void waitForOwnKeys(desktop::Session& session, const desktop::TestWindow& window) {
+  session.desktop().place(window.id(), apart);
+  session.desktop().waitForFrame(window.id(), apart);
+  const auto pressUntil = [&](const Rect& frame) {
+    const auto until = Clock::now() + desktop::startTimeout;
+    do {
+      session.input().press(desktop::nativeTileLeft);
+      if (session.desktop().waitForFrame(window.id(), frame, 0, pressAgain)) return;
+    } while (Clock::now() < until);
+    throw desktop::HarnessError(std::string(session.manager().traits().name) + "'s own keys do nothing");
+  };
+  pressUntil(leftHalf);
+  if (session.manager().traits().manager != desktop::Manager::openbox) pressUntil(apart);
+}
+
 desktop::ChildProcess startSxhkd(desktop::Session& session, const desktop::TestWindow& window) {
   const auto extents = session.desktop().frameExtents(window.id());
-  session.home().write("sxhkdrc", "super + ctrl + Left\n" + wmctrlLine(leftHalf, extents));
+  session.home().write("sxhkdrc", "super + ctrl + Home\n" + wmctrlLine(leftHalf, extents));
   auto process = session.start("sxhkd", {"sxhkd", "-c", (session.home().path() / "sxhkdrc").string()});
   const auto& display = session.server().display();
   if (!session.desktop().waitUntil([&] { return desktop::keyIsGrabbed(display, sxhkdKeys); })) {

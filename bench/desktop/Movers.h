@@ -12,6 +12,10 @@ namespace tilwin::bench {
 /// movers.
 [[nodiscard]] std::vector<Mover> moversFor(desktop::Session& session, const desktop::TestWindow& window);
 
+/// Waits until the window manager's own tile keys work: kwin leaves them to another process, which drops
+/// presses until it is ready and tells nobody. Throws HarnessError if that does not happen.
+void waitForOwnKeys(desktop::Session& session, const desktop::TestWindow& window);
+
 /// Starts sxhkd with a key binding that runs wmctrl.
 [[nodiscard]] desktop::ChildProcess startSxhkd(desktop::Session& session, const desktop::TestWindow& window);
 

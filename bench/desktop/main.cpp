@@ -3,13 +3,18 @@
 
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "bench/desktop/Dragging.h"
+#include "bench/desktop/Halves.h"
 #include "bench/desktop/Movers.h"
 #include "tests/desktop/harness/ExitGuard.h"
 #include "tests/desktop/harness/HarnessError.h"
@@ -25,24 +30,61 @@ constexpr int rounds = 4;
 constexpr desktop::Milliseconds restTime{10000};
 constexpr desktop::Milliseconds dragTime{10000};
 constexpr int previews = 50;
+constexpr int throws = 20;
 
 struct Arguments {
   std::filesystem::path tilwin;
   int presses = 200;
+  std::optional<desktop::Manager> only;  ///< the one window manager to measure under
 };
 
-void printTable(const std::vector<Mover>& movers, const std::vector<Latencies>& latencies) {
+constexpr std::array managers{desktop::Manager::openbox, desktop::Manager::xfwm4, desktop::Manager::metacity,
+                              desktop::Manager::kwin};
+
+void printTitle() {
   std::printf("  %-28s %8s %8s %8s   %8s %8s %8s\n", "", "median", "p90", "p99", "×floor", "×floor",
               "×floor");
-  for (std::size_t index = 0; index < movers.size(); ++index) {
-    const auto& measured = latencies[index];
-    const auto& floor = latencies[movers[index].floor];
-    std::printf("  %-28s %5.2f ms %5.2f ms %5.2f ms  ", movers[index].name.c_str(), measured.percentile(0.5),
-                measured.percentile(0.9), measured.percentile(0.99));
-    for (const double share : {0.5, 0.9, 0.99}) {
-      std::printf(" %8.2f", measured.percentile(share) / floor.percentile(share));
+}
+
+void printRow(const std::string& name, const Latencies& measured, const Latencies& floor) {
+  std::printf("  %-28s %5.2f ms %5.2f ms %5.2f ms  ", name.c_str(), measured.percentile(0.5),
+              measured.percentile(0.9), measured.percentile(0.99));
+  for (const double share : {0.5, 0.9, 0.99}) {
+    std::printf(" %8.2f", measured.percentile(share) / floor.percentile(share));
+  }
+  std::printf("\n");
+}
+
+/// In turns, so that whatever else the machine does concerns all of them alike.
+template <typename SomeMover>
+std::vector<Latencies> measureAll(const std::vector<SomeMover>& movers, desktop::Session& session,
+                                  desktop::TestWindow& window, int moves) {
+  std::vector<Latencies> latencies(movers.size());
+  for (int round = 0; round < rounds; ++round) {
+    for (std::size_t index = 0; index < movers.size(); ++index) {
+      measure(movers[index], session, window, moves / rounds, latencies[index]);
     }
-    std::printf("\n");
+  }
+  return latencies;
+}
+
+void compareMovers(desktop::Session& session, desktop::TestWindow& window, int moves) {
+  const auto movers = moversFor(session, window);
+  const auto latencies = measureAll(movers, session, window, moves);
+  std::printf("%s, %zu presses each\n", session.manager().traits().name,
+              latencies.front().milliseconds.size());
+  printTitle();
+  for (std::size_t index = 0; index < movers.size(); ++index) {
+    printRow(movers[index].name, latencies[index], latencies[movers[index].floor]);
+  }
+}
+
+void compareHalves(desktop::Session& session, desktop::TestWindow& window, int moves) {
+  const auto movers = halvesMoversFor(session, window);
+  const auto latencies = measureAll(movers, session, window, moves);
+  std::printf("  From one half to the other:\n");
+  for (std::size_t index = 0; index < movers.size(); ++index) {
+    printRow(movers[index].name, latencies[index], latencies.front());
   }
 }
 
@@ -59,16 +101,30 @@ void printCosts(desktop::Session& session, pid_t tilwin, desktop::Clock::duratio
       static_cast<double>(after->wakeUps - before->wakeUps) / minutes);
 }
 
-void printDragCosts(desktop::Session& session, const desktop::TestWindow& window, pid_t tilwin) {
+void printThrows(desktop::Session& session, desktop::TestWindow& window,
+                 desktop::Milliseconds afterLastMove) {
+  const auto result = throwToTheLeft(session, window, afterLastMove, throws);
+  std::printf("  Let go %lld ms after the last move: %zu of %d snapped",
+              static_cast<long long>(afterLastMove.count()), result.settled.milliseconds.size(),
+              result.thrown);
+  if (!result.settled.milliseconds.empty()) {
+    std::printf(", settled after %.1f ms (median), %.1f ms at most (goal: 45 ms)",
+                result.settled.percentile(0.5), result.settled.percentile(1));
+  }
+  std::printf("\n");
+}
+
+void printDragCosts(desktop::Session& session, desktop::TestWindow& window, pid_t tilwin) {
   session.desktop().place(window.id(), apart);
   session.desktop().waitForFrame(window.id(), apart);
   const auto preview = timesToPreview(session, window, previews);
   const auto cost = costOfDragging(session, window, tilwin, dragTime);
   std::printf("  Preview mapped after the pointer has come: median %.2f ms, longest %.2f ms\n",
               preview.percentile(0.5), preview.percentile(1));
-  std::printf("  Dragging for 10 s: Tilwin %.2f %% of a processor, %s %.2f %%: %.1f %% of it\n\n",
-              cost.tilwin * 100, session.manager().traits().name, cost.manager * 100,
-              cost.tilwin / cost.manager * 100);
+  std::printf("  Dragging for 10 s: Tilwin %.2f %% of a processor (goal: %.1f %%), %s %.2f %%\n",
+              cost.tilwin * 100, dragCostGoal * 100, session.manager().traits().name, cost.manager * 100);
+  for (const int afterLastMove : {0, 8}) printThrows(session, window, desktop::Milliseconds{afterLastMove});
+  std::printf("\n");
   std::fflush(stdout);
 }
 
@@ -83,16 +139,10 @@ void compareUnder(desktop::Manager manager, const Arguments& arguments) {
   const auto startTime = desktop::Clock::now() - begun;
   const auto sxhkd = startSxhkd(session, window);
 
-  const auto movers = moversFor(session, window);
-  std::vector<Latencies> latencies(movers.size());
-  for (int round = 0; round < rounds; ++round) {
-    for (std::size_t index = 0; index < movers.size(); ++index) {
-      measure(movers[index], session, window, arguments.presses / rounds, latencies[index]);
-    }
-  }
-  std::printf("%s, %zu presses each\n", session.manager().traits().name,
-              latencies.front().milliseconds.size());
-  printTable(movers, latencies);
+  waitForOwnKeys(session, window);
+
+  compareMovers(session, window, arguments.presses);
+  compareHalves(session, window, arguments.presses);
   printCosts(session, tilwin.process.pid(), startTime);
   printDragCosts(session, window, tilwin.process.pid());
 }
@@ -106,13 +156,16 @@ int main(int argc, char** argv) {
     const std::string_view option = argv[index];
     if (option == "--tilwin") arguments.tilwin = std::filesystem::absolute(argv[index + 1]);
     if (option == "--presses") arguments.presses = std::atoi(argv[index + 1]);
+    if (option == "--window-manager") arguments.only = desktop::managerNamed(argv[index + 1]);
   }
   if (arguments.tilwin.empty() || arguments.presses < rounds) {
-    std::fputs("usage: bench-desktop --tilwin PROGRAM [--presses 200]\n", stderr);
+    std::fputs("usage: bench-desktop --tilwin PROGRAM [--presses 200] [--window-manager kwin]\n", stderr);
     return 2;
   }
   try {
-    for (const auto manager : desktop::allManagers) compareUnder(manager, arguments);
+    for (const auto manager : managers) {
+      if (arguments.only.value_or(manager) == manager) compareUnder(manager, arguments);
+    }
     return 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "The benchmark cannot go on: %s\n", error.what());

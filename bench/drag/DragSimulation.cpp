@@ -4,7 +4,6 @@
 #include <memory>
 #include <optional>
 
-#include "bench/drag/SimulatedUser.h"
 #include "core/drag/DragFeatures.h"
 #include "core/drag/DragIntentModel.h"
 #include "core/drag/ShadowRecorder.h"
@@ -25,7 +24,7 @@ public:
 /// One user with a desk, a clock and a recorder.
 class Session {
 public:
-  Session(std::size_t user, std::uint32_t seed, DragSimulation::SnapsBy by)
+  Session(std::size_t user, std::uint32_t seed, SnapsBy by)
       : user_(SimulatedUser::all()[user]), chance_(static_cast<std::uint32_t>(user), seed), by_(by) {}
 
   std::vector<ShadowRecord> record(std::size_t count) {
@@ -35,12 +34,11 @@ public:
 
 private:
   void dragOnce() {
-    const SimulatedDrag drag = SimulatedDrag::make(user_, chance_);
+    const SimulatedDrag drag = SimulatedDrag::make(user_, chance_, by_);
     recorder_.dragMoved(window);
     const auto features = DragFeatures::make(drag.trace, SimulatedDrag::display, SimulatedDrag::neighbours);
     if (!features) return;
-    const double decisive = by_ == DragSimulation::SnapsBy::release ? features->distance : drag.lastChecked;
-    const bool snapped = decisive <= DragIntentModel::todaysEdge;
+    const bool snapped = drag.decisive <= DragIntentModel::todaysEdge;
     recorder_.release(window, *features, {SimulatedDrag::display.width, SimulatedDrag::display.height},
                       snapped ? std::optional(drag.zone) : std::nullopt, drag.zone);
     followUp(drag, snapped);
@@ -65,7 +63,7 @@ private:
 
   const SimulatedUser& user_;
   Chance chance_;
-  DragSimulation::SnapsBy by_;
+  SnapsBy by_;
   Date now_ = std::chrono::sys_days{std::chrono::year{2026} / 1 / 1};
   std::shared_ptr<Memory> memory_ = std::make_shared<Memory>();
   ShadowRecorder recorder_{memory_, [this] { return now_; }};

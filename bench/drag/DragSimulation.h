@@ -4,18 +4,13 @@
 #include <cstdint>
 #include <vector>
 
+#include "bench/drag/SimulatedUser.h"
 #include "core/drag/ShadowRecord.h"
 
 namespace tilwin {
 
 /// Generates the drag log of simulated users with the program's own feature extraction and recorder.
 struct DragSimulation {
-  /// Which pointer position decides whether a drag snaps.
-  enum class SnapsBy : std::uint8_t {
-    release,      ///< where the button went up
-    lastChecked,  ///< the last sampled position before that, up to 0.03 s older
-  };
-
   /// `user` is an index into `SimulatedUser::all`. The same arguments give the same log, and a shorter log is
   /// a prefix of a longer one.
   [[nodiscard]] static std::vector<ShadowRecord> log(std::size_t user, std::uint32_t seed,

@@ -9,6 +9,7 @@ namespace {
 
 constexpr double mouseStep = 0.008;           ///< seconds between the samples of a mouse, at 125 Hz
 constexpr double sampleStep = 4 * mouseStep;  ///< the first of them more than the 0.03 s that thin them out
+constexpr double holdStep = 0.031;            ///< seconds after the last sample in which no other is taken
 constexpr Spread tremor{0, 0.3};              ///< points by which a hand misses its path
 constexpr double slipTime = 0.05;             ///< seconds before the release in which a hand slips
 constexpr double slowestPace = 100;           ///< points per second
@@ -62,6 +63,24 @@ double onDisplay(double away, bool atNeighbour) {
   return std::round(atNeighbour ? std::abs(away) : std::max(away, 0.0));
 }
 
+/// The pointer as it is read at a moment.
+struct Reading {
+  double away = 0;  ///< points from the edge
+  DragTrace::Sample sample;
+};
+
+/// Ends the drag, as `PacedDrag` does: where nothing was told of the pointer yet, it is examined once more
+/// before the release is told.
+void letGo(SimulatedDrag& drag, const Reading& last, Reading release, SnapsBy by) {
+  drag.decisive = by == SnapsBy::release ? release.away : last.away;
+  const bool isKnown = release.sample.x == last.sample.x && release.sample.y == last.sample.y;
+  if (by == SnapsBy::release && !isKnown) {
+    release.sample.t = std::max(release.sample.t, last.sample.t + holdStep);
+    drag.trace.append(release.sample);
+  }
+  drag.trace.append(release.sample);
+}
+
 const DragHabit& pick(const SimulatedUser& user, Chance& chance) {
   double rest = chance.share();
   for (const DragHabit& habit : user.habits) {
@@ -73,22 +92,25 @@ const DragHabit& pick(const SimulatedUser& user, Chance& chance) {
 
 }  // namespace
 
-SimulatedDrag SimulatedDrag::make(const SimulatedUser& user, Chance& chance) {
+SimulatedDrag SimulatedDrag::make(const SimulatedUser& user, Chance& chance, SnapsBy by) {
   const DragHabit& habit = pick(user, chance);
   const bool atNeighbour = chance.happens(habit.atNeighbour);
   const Edge& edge = atNeighbour ? right : (chance.happens(0.5) ? left : top);
   const Movement movement(habit, user, chance);
   SimulatedDrag drag{.trace = {}, .zone = edge.zone, .wantsSnap = habit.wantsSnap};
-  const auto sample = [&](double t) {
+  const auto readAt = [&](double t) {
     const double done = progress(std::min(t / movement.whole, 1.0));
     const double slipped = std::max(1 - (movement.released - t) / slipTime, 0.0);
     const double path = movement.from - movement.by * done + movement.slip * slipped;
     const double away = onDisplay(path + chance.about(tremor), atNeighbour);
-    drag.trace.append(edge.place(t, away, std::round(movement.alongFrom + movement.alongBy * done)));
-    return away;
+    return Reading{away, edge.place(t, away, std::round(movement.alongFrom + movement.alongBy * done))};
   };
-  for (double t = 0; t < movement.released; t += sampleStep) drag.lastChecked = sample(t);
-  sample(movement.released);
+  Reading last;
+  for (double t = 0; t < movement.released; t += sampleStep) {
+    last = readAt(t);
+    drag.trace.append(last.sample);
+  }
+  letGo(drag, last, readAt(movement.released), by);
   return drag;
 }
 

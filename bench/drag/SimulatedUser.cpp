@@ -79,10 +79,16 @@ constexpr SimulatedUser user(std::string_view name, const std::array<DragHabit, 
       .name = name, .habits = habits, .undoes = 0.8, .fixes = 0.65, .whims = 0.03, .slips = 0.04, .slip = 6};
 }
 
+constexpr DragHabit thrown(DragHabit habit) {
+  habit.inMotion = 1;
+  return habit;
+}
+
 constexpr std::array users{
     user("whom the rule suits", {ordinarySnap, ordinaryPark, farPark}),
     user("who snaps from farther away", {shortSnap, fullSnap, distantPark}),
     user("who parks windows at edges", {slowPark, fastSnap, parkAway}),
+    user("who throws windows", {thrown(ordinarySnap), thrown(ordinaryPark), thrown(farPark)}),
 };
 
 }  // namespace

@@ -65,8 +65,14 @@ struct SimulatedUser {
   bool operator==(const SimulatedUser&) const = default;
 
   /// In this order: a user whom the rule suits, one who snaps from farther away, one who parks windows at
-  /// edges.
+  /// edges, and one with the same wishes as the first who always lets go while still moving.
   [[nodiscard]] static std::span<const SimulatedUser> all();
+};
+
+/// Which pointer position decides whether a drag snaps.
+enum class SnapsBy : std::uint8_t {
+  release,      ///< where the button went up: the release is held back until that can be examined
+  lastChecked,  ///< the last position examined before that, as if releases were not held back
 };
 
 /// One drag of a window to a point near an edge, as the pointer's path. Another display is to the right.
@@ -76,10 +82,10 @@ struct SimulatedDrag {
 
   DragTrace trace{};                       ///< as the program samples it; the last sample is the release
   SnapAction zone = SnapAction::leftHalf;  ///< the action of that edge
-  double lastChecked = 0;                  ///< points from that edge at the last sample before the release
+  double decisive = 0;                     ///< points from that edge to the position that decides
   bool wantsSnap = false;
 
-  [[nodiscard]] static SimulatedDrag make(const SimulatedUser& user, Chance& chance);
+  [[nodiscard]] static SimulatedDrag make(const SimulatedUser& user, Chance& chance, SnapsBy by);
 };
 
 }  // namespace tilwin

@@ -12,7 +12,7 @@ namespace tilwin {
 namespace {
 
 // In pixels, from the top left.
-constexpr int width = 1000;
+constexpr int width = 1306;
 constexpr int height = 480;
 constexpr int plotTop = 112;
 constexpr int plotHeight = 260;
@@ -38,7 +38,7 @@ constexpr std::array pieces{Piece{2, "#0072B2", "#FFFFFF"}, Piece{3, "#E69F00", 
 
 class Drawing {
 public:
-  Drawing(const std::vector<VerdictRow>& rows, DragSimulation::SnapsBy by) : rows_(rows), by_(by) {}
+  Drawing(const std::vector<VerdictRow>& rows, SnapsBy by) : rows_(rows), by_(by) {}
 
   std::string whole() {
     frame();
@@ -134,7 +134,7 @@ private:
   }
 
   [[nodiscard]] std::string_view decisivePlace() const {
-    return by_ == DragSimulation::SnapsBy::release ? "where it is let go" : "where it was last looked at";
+    return by_ == SnapsBy::release ? "where it is let go" : "where it was last looked at";
   }
 
   static std::string grouped(std::size_t number) {
@@ -144,13 +144,13 @@ private:
   }
 
   const std::vector<VerdictRow>& rows_;
-  DragSimulation::SnapsBy by_;
+  SnapsBy by_;
   std::ostringstream svg_;
 };
 
 }  // namespace
 
-std::string VerdictPlot::svg(const std::vector<VerdictRow>& rows, DragSimulation::SnapsBy by) {
+std::string VerdictPlot::svg(const std::vector<VerdictRow>& rows, SnapsBy by) {
   return Drawing(rows, by).whole();
 }
 

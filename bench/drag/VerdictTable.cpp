@@ -18,7 +18,7 @@ void add(VerdictRow& row, const ShadowSummary& summary) {
 }  // namespace
 
 std::vector<VerdictRow> VerdictTable::of(std::size_t user, std::span<const std::size_t> drags, int seeds,
-                                         DragSimulation::SnapsBy by) {
+                                         SnapsBy by) {
   std::vector<VerdictRow> rows;
   for (const std::size_t count : drags) rows.push_back({.user = user, .drags = count});
   for (int seed = 0; seed < seeds; ++seed) {

@@ -41,7 +41,7 @@ struct VerdictTable {
 
   /// One row for each number of drags, in increasing order. Each user's log is evaluated as it grows.
   [[nodiscard]] static std::vector<VerdictRow> of(std::size_t user, std::span<const std::size_t> drags,
-                                                  int seeds, DragSimulation::SnapsBy by);
+                                                  int seeds, SnapsBy by);
   /// As a table in Markdown.
   [[nodiscard]] static std::string markdown(const std::vector<VerdictRow>& rows);
 };
@@ -50,7 +50,7 @@ struct VerdictTable {
 struct VerdictPlot {
   /// A complete SVG document. The rows of one kind of user must be consecutive, and all rows must have the
   /// same number of users. `by` goes into the caption.
-  [[nodiscard]] static std::string svg(const std::vector<VerdictRow>& rows, DragSimulation::SnapsBy by);
+  [[nodiscard]] static std::string svg(const std::vector<VerdictRow>& rows, SnapsBy by);
 };
 
 }  // namespace tilwin

@@ -1,4 +1,4 @@
-// Says what the drag report tells three kinds of simulated users as their logs grow.
+// Says what the drag report tells four kinds of simulated users as their logs grow.
 
 #include <cstdio>
 #include <cstdlib>
@@ -17,7 +17,7 @@ namespace {
 struct Options {
   std::string plot;                    ///< file to draw; empty for none
   int users = VerdictTable::allSeeds;  ///< of each kind
-  DragSimulation::SnapsBy by = DragSimulation::SnapsBy::release;
+  SnapsBy by = SnapsBy::release;
 };
 
 std::optional<Options> options(int argc, char** argv) {
@@ -25,7 +25,7 @@ std::optional<Options> options(int argc, char** argv) {
   for (int index = 1; index < argc; ++index) {
     const std::string_view argument = argv[index];
     if (argument == "--last-checked") {
-      chosen.by = DragSimulation::SnapsBy::lastChecked;
+      chosen.by = SnapsBy::lastChecked;
     } else if (argument == "--plot" && index + 1 < argc) {
       chosen.plot = argv[++index];
     } else if (argument == "--users" && index + 1 < argc) {
@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
   if (chosen) return tilwin::run(*chosen);
   std::fputs(
       "usage: drag-simulation [--users NUMBER] [--last-checked] [--plot FILE.svg]\n"
-      "  --last-checked  snap by the last place looked at before the release, not by the release\n",
+      "  --last-checked  snap by the last place looked at before the release, as if it were not held back\n",
       stderr);
   return 2;
 }

@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "core/drag/ShadowRecordCoding.h"
+#include "core/support/Folder.h"
 #include "core/support/LineFile.h"
 
 namespace tilwin {
@@ -14,8 +15,7 @@ namespace fs = std::filesystem;
 std::optional<fs::path> ShadowLogFile::defaultURL(const std::optional<fs::path>& applicationSupport) {
   if (!applicationSupport) return std::nullopt;
   const fs::path folder = *applicationSupport / "Tilwin";
-  std::error_code ignored;
-  fs::create_directories(folder, ignored);
+  Folder::makePrivate(folder);
   return folder / "shadow.jsonl";
 }
 
@@ -34,34 +34,39 @@ void ShadowLogFile::drain() {
 
 void ShadowLogFile::erase() {
   queue_.sync([this] {
-    lines_ = 0;
     counted_.reset();
     std::error_code ignored;
-    const bool isThere = fs::is_regular_file(url_, ignored);
+    const bool isThere = fs::is_regular_file(fs::symlink_status(url_, ignored));
     // Locked, so that no other process replaces the log with a trimmed one at the same time.
     const auto file = isThere ? LineFile::take(url_) : std::nullopt;
-    AtomicFile::removeDrafts(url_);
-    if (isThere) fs::remove(fs::canonical(url_, ignored), ignored);
+    AtomicFile::removePrivately(url_);
   });
 }
 
 void ShadowLogFile::write(const std::string& line) {
   auto file = LineFile::take(url_);
   if (!file) return;
-  if (!lines_ || counted_ != AtomicFile::stamp(url_)) lines_ = static_cast<std::int64_t>(file->count());
-  if (!file->append(line)) return lines_.reset();
-  counted_ = AtomicFile::stamp(url_);
-  const bool isTooLong = ++*lines_ > trimAbove;
-  if (isTooLong && file->isHeldAlone()) trim();
-  // The count is unreliable now: after a trim the lock is on the replaced file, and without the lock other
-  // processes may have written.
-  if (isTooLong || !file->isHeldAlone()) lines_.reset();
+  if (file->isHeldAlone()) count(*file);
+  if (!file->append(line)) return;
+  ++lines_;
+  // Without the lock others may have written meanwhile.
+  counted_ = file->isHeldAlone() ? AtomicFile::stamp(url_) : std::nullopt;
+  // After a trim the stamp is that of the replaced file, to which others may still have added.
+  if (counted_ && lines_ > trimFrom_) trimFrom_ = trim() ? trimAbove : lines_ + pauseAfterRefusal;
 }
 
-void ShadowLogFile::trim() {
+void ShadowLogFile::count(const LineFile& file) {
+  const auto stamp = AtomicFile::stamp(url_);
+  if (stamp && stamp == counted_) return;
+  lines_ = static_cast<std::int64_t>(file.count());
+  counted_ = stamp;
+  if (lines_ <= trimAbove) trimFrom_ = trimAbove;
+}
+
+bool ShadowLogFile::trim() const {
   const auto old = AtomicFile::stamp(url_);
   const auto content = LineFile::read(url_);
-  if (!old || !content) return;
+  if (!old || !content) return false;
   const auto lines = LineFile::split(*content);
   const auto kept = std::min(static_cast<std::int64_t>(lines.size()), keepNewest);
   std::string newest;
@@ -69,12 +74,11 @@ void ShadowLogFile::trim() {
   for (auto line = lines.end() - kept; line != lines.end(); ++line) newest.append(*line).append("\n");
   try {
     AtomicFile::removeDrafts(url_);
-    // Fails if the log has changed: if this process was suspended here, others may have written without the
+    // Refused if the log has changed: if this process was suspended here, others may have written without the
     // lock, and their lines must not be lost.
-    AtomicFile::replacePrivately(url_, newest, *old);
+    return AtomicFile::replacePrivately(url_, newest, *old);
   } catch (const fs::filesystem_error&) {
-    // The log is unchanged; the next record tries again.
-    return;
+    return false;
   }
 }
 

@@ -6,6 +6,22 @@
 
 namespace tilwin {
 
+const DisplayInfo* DisplayInfo::covering(const Rect& rect, const std::vector<DisplayInfo>& displays) {
+  const DisplayInfo* best = nullptr;
+  double most = 0;
+  for (const DisplayInfo& candidate : displays) {
+    const double share = rect.overlapFraction(candidate.frame);
+    if (share > most) {
+      best = &candidate;
+      most = share;
+    }
+  }
+  if (best != nullptr || displays.empty()) return best;
+  const auto primary = std::find_if(displays.begin(), displays.end(),
+                                    [](const DisplayInfo& display) { return display.isPrimary; });
+  return primary == displays.end() ? &displays.front() : &*primary;
+}
+
 bool DisplayOrder::precedes(const DisplayInfo& first, const DisplayInfo& second) {
   if (first.frame.x != second.frame.x) return first.frame.x < second.frame.x;
   return first.frame.y < second.frame.y;

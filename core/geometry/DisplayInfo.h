@@ -17,6 +17,11 @@ struct DisplayInfo {
   bool isPrimary = false;
 
   bool operator==(const DisplayInfo&) const = default;
+
+  /// The display that covers most of the rectangle; the primary one if none overlaps it. Points into
+  /// `displays`; null only if that is empty.
+  [[nodiscard]] static const DisplayInfo* covering(const Rect& rect,
+                                                   const std::vector<DisplayInfo>& displays);
 };
 
 /// The order of displays wherever one has an index: by the x of its frame, then by its y.

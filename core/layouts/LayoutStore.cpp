@@ -6,7 +6,6 @@
 #include <variant>
 
 #include "core/layouts/LayoutCoding.h"
-#include "core/support/AtomicFile.h"
 #include "core/support/LocalizedOrder.h"
 
 namespace tilwin {
@@ -30,14 +29,21 @@ std::optional<LayoutStore> LayoutStore::read(const fs::path& from) {
 
 LayoutStore LayoutStore::load(const fs::path& from) { return read(from).value_or(LayoutStore{}); }
 
-void LayoutStore::write(const fs::path& to) const {
-  const auto encoded = encodePrettyJson(*this);
+void LayoutStore::write(const fs::path& to) const { AtomicFile::replace(to, textFor(to)); }
+
+std::optional<AtomicFile::Stamp> LayoutStore::write(const fs::path& to,
+                                                    const std::optional<AtomicFile::Stamp>& old) const {
+  return AtomicFile::replaceUnchanged(to, textFor(to), old);
+}
+
+std::string LayoutStore::textFor(const fs::path& file) const {
+  auto encoded = encodePrettyJson(*this);
   if (const auto* error = std::get_if<JsonError>(&encoded)) throw *error;
-  const auto& text = std::get<std::string>(encoded);
+  auto& text = std::get<std::string>(encoded);
   if (text.size() > maximumFileSize) {
-    throw fs::filesystem_error("too many layouts", to, std::make_error_code(std::errc::file_too_large));
+    throw fs::filesystem_error("too many layouts", file, std::make_error_code(std::errc::file_too_large));
   }
-  AtomicFile::replace(to, text);
+  return std::move(text);
 }
 
 std::vector<Layout> LayoutStore::userLayouts() const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/layouts/Layout.h"
+#include "core/support/AtomicFile.h"
 
 namespace tilwin {
 
@@ -28,6 +29,10 @@ struct LayoutStore {
   /// Replaces the file atomically, without looking at its old content (`LayoutsFile::write` does that first).
   /// Throws `std::filesystem::filesystem_error` or `JsonError` and then leaves the old file intact.
   void write(const std::filesystem::path& to) const;
+  /// Like the other `write`, unless the file no longer matches `old` when all but the rename is done: then it
+  /// is left alone and nothing is returned. Otherwise returns the stamp of what was written.
+  [[nodiscard]] std::optional<AtomicFile::Stamp> write(const std::filesystem::path& to,
+                                                       const std::optional<AtomicFile::Stamp>& old) const;
 
   /// The layouts that are not automatic, in alphabetic order of the user's locale, ignoring case.
   [[nodiscard]] std::vector<Layout> userLayouts() const;
@@ -45,6 +50,7 @@ struct LayoutStore {
   void setAutomatic(Layout layout);
 
 private:
+  [[nodiscard]] std::string textFor(const std::filesystem::path& file) const;
   void keepNewestAutomatic();
 };
 

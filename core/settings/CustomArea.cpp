@@ -1,7 +1,8 @@
 #include "core/settings/CustomArea.h"
 
 #include <algorithm>
-#include <utility>
+
+#include "core/support/Utf8.h"
 
 namespace tilwin {
 namespace {
@@ -20,8 +21,12 @@ NormalizedRect CustomArea::clamped(const NormalizedRect& rect) {
   return {clampedStart(rect.x, width), clampedStart(rect.y, height), width, height};
 }
 
-CustomArea CustomArea::starter(std::string named) {
-  return {.id = Uuid::random(), .name = std::move(named), .rect = {0.2, 0, 0.6, 1}};
+std::string CustomArea::keptName(std::string_view name) {
+  return std::string(Utf8::prefix(name, longestName));
+}
+
+CustomArea CustomArea::starter(std::string_view named) {
+  return {.id = Uuid::random(), .name = keptName(named), .rect = {0.2, 0, 0.6, 1}};
 }
 
 }  // namespace tilwin

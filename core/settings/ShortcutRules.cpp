@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "core/settings/TilwinSettings.h"
 
@@ -58,6 +59,11 @@ std::optional<std::string> holder(const HotKeySpec& spec, const ShortcutOwner& o
   return std::nullopt;
 }
 
+std::string nameOf(const ShortcutOwner& owner, const TilwinSettings& settings) {
+  if (const auto* action = std::get_if<SnapAction>(&owner)) return std::string(SnapActions::title(*action));
+  return std::ranges::find(settings.customAreas, std::get<Uuid>(owner), &CustomArea::id)->name;
+}
+
 struct Message {
   const Wording& wording;
 
@@ -98,6 +104,15 @@ std::optional<ShortcutRules::Problem> ShortcutRules::problem(const HotKeySpec& w
 std::optional<ShortcutRules::Problem> ShortcutRules::problem(const HotKeySpec& with, SnapAction action,
                                                              const TilwinSettings& in) {
   return problem(with, ShortcutOwner(action), in);
+}
+
+std::optional<ShortcutRules::UsedBy> ShortcutRules::usedEarlier(const ShortcutOwner& owner,
+                                                                const TilwinSettings& in) {
+  const auto inForce = in.shortcutsInForce();
+  const auto own = std::ranges::find(inForce, owner, &std::pair<ShortcutOwner, HotKeySpec>::first);
+  if (own == inForce.end()) return std::nullopt;
+  const auto first = std::ranges::find(inForce, own->second, &std::pair<ShortcutOwner, HotKeySpec>::second);
+  return first == own ? std::nullopt : std::optional(UsedBy{nameOf(first->first, in)});
 }
 
 std::string ShortcutRules::message(const Problem& problem, const Wording& wording) {

@@ -51,6 +51,10 @@ struct ShortcutRules {
                                                       const TilwinSettings& in);
   [[nodiscard]] static std::optional<Problem> problem(const HotKeySpec& with, SnapAction action,
                                                       const TilwinSettings& in);
+  /// If several owners have the same shortcut, as in a file edited by hand, it triggers the first of them, in
+  /// the order of `TilwinSettings::shortcutsInForce`. For the others, this tells whose it is.
+  [[nodiscard]] static std::optional<UsedBy> usedEarlier(const ShortcutOwner& owner,
+                                                         const TilwinSettings& in);
   /// The explanation shown to the user.
   [[nodiscard]] static std::string message(const Problem& problem, const Wording& wording = {});
 };

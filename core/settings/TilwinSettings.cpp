@@ -114,7 +114,10 @@ void TilwinSettings::clamp() {
   gap = clampedDistance(gap);
   outer = clampedDistance(outer);
   if (customAreas.size() > maximumAreas) customAreas.resize(maximumAreas);
-  for (CustomArea& area : customAreas) area.rect = CustomArea::clamped(area.rect);
+  for (CustomArea& area : customAreas) {
+    area.name = CustomArea::keptName(area.name);
+    area.rect = CustomArea::clamped(area.rect);
+  }
 }
 
 }  // namespace tilwin

@@ -25,6 +25,8 @@ struct TilwinSettings {
   };
 
   static constexpr std::size_t maximumAreas = 12;
+  static constexpr std::size_t maximumIgnored = 100;  ///< applications that the menu adds to `ignoredApps`
+  static constexpr std::size_t longestIgnored = 255;  ///< bytes of a bundle identifier that it adds
 
   double gap = 0;    ///< points between tiled windows
   double outer = 0;  ///< points around the edge of the screen
@@ -59,7 +61,8 @@ struct TilwinSettings {
   /// Removes the shortcut, including the built-in one.
   void clearShortcut(SnapAction action);
 
-  /// Clamps distances to 0 to 64 points and areas to the display; keeps only the first `maximumAreas`.
+  /// Clamps distances to 0 to 64 points, areas to the display and their names to the length kept; keeps only
+  /// the first `maximumAreas`.
   void clamp();
 };
 

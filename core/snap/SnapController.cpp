@@ -52,7 +52,7 @@ bool SnapController::perform(SnapAction action) {
   if (!provider) return false;
   const auto window = provider->focusedWindow();
   if (!window || !act(action, *provider, *window)) return false;
-  if (onEvent) onEvent(window->id, action);
+  report(window->id, action);
   return true;
 }
 
@@ -91,8 +91,9 @@ bool SnapController::restore(const Scene& scene) {
   const auto entry = previous_.extract(scene.window.id);
   if (entry.empty()) return false;
   const Rect& saved = entry.mapped();
-  const Rect target = isReachable(saved, scene.displays) ? saved : saved.moved(scene.display.visibleFrame);
-  return scene.provider.setFrame(scene.window.id, target);
+  const bool isInReach = isReachable(saved, scene.displays);
+  return scene.provider.restoreFrame(scene.window.id,
+                                     isInReach ? saved : saved.moved(scene.display.visibleFrame));
 }
 
 bool SnapController::place(SnapAction action, const Scene& scene) {
@@ -118,8 +119,13 @@ bool SnapController::snap(std::int64_t windowID, SnapAction to, const DisplayInf
   if (!target) return false;
   previous_.try_emplace(windowID, currentFrame);
   if (!provider->setFrame(windowID, *target)) return false;
-  if (onEvent) onEvent(windowID, to);
+  report(windowID, to);
   return true;
+}
+
+void SnapController::report(std::int64_t windowID, SnapAction action) const {
+  // A copy, as the callback may assign `onEvent` while it runs.
+  if (const auto receiver = onEvent) receiver(windowID, action);
 }
 
 std::optional<SnapController::FocusedPlace> SnapController::focusedPlace() const {
@@ -139,10 +145,10 @@ bool SnapController::snap(const CustomArea& to) {
   return moveUnlessThere(*place->provider, place->window, CustomArea::clamped(to.rect).rect(place->inner));
 }
 
-std::optional<CustomArea> SnapController::captureFocusedWindow(std::string named) const {
+std::optional<CustomArea> SnapController::captureFocusedWindow(std::string_view named) const {
   const auto place = focusedPlace();
   if (!place) return std::nullopt;
-  CustomArea area = CustomArea::starter(std::move(named));
+  CustomArea area = CustomArea::starter(named);
   area.rect = CustomArea::clamped(NormalizedRect::of(place->window.frame, place->inner));
   return area;
 }
@@ -175,19 +181,7 @@ std::optional<Rect> SnapController::originalFrame(std::int64_t windowID) const {
 }
 
 const DisplayInfo* SnapController::display(const Rect& containing, const std::vector<DisplayInfo>& displays) {
-  const DisplayInfo* best = nullptr;
-  double most = 0;
-  for (const DisplayInfo& candidate : displays) {
-    const double share = containing.overlapFraction(candidate.frame);
-    if (share > most) {
-      best = &candidate;
-      most = share;
-    }
-  }
-  if (best != nullptr || displays.empty()) return best;
-  const auto primary = std::find_if(displays.begin(), displays.end(),
-                                    [](const DisplayInfo& display) { return display.isPrimary; });
-  return primary == displays.end() ? &displays.front() : &*primary;
+  return DisplayInfo::covering(containing, displays);
 }
 
 std::optional<SnapAction> SnapController::cycled(SnapAction action, const Rect& current, const Rect& area,

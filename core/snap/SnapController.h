@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -40,7 +41,7 @@ public:
   /// Moves the focused window into an area of its display. Does not call `onEvent`.
   bool snap(const CustomArea& to);
   /// Makes a new area from the frame of the focused window, without moving or remembering the window.
-  [[nodiscard]] std::optional<CustomArea> captureFocusedWindow(std::string named) const;
+  [[nodiscard]] std::optional<CustomArea> captureFocusedWindow(std::string_view named) const;
 
   /// Moves the open windows that a saved layout names. If one cannot be moved, the others still are. The
   /// returned plan lists the slots for which no window was found.
@@ -51,8 +52,7 @@ public:
   void forget(std::int64_t windowID);
   [[nodiscard]] std::optional<Rect> originalFrame(std::int64_t windowID) const;
 
-  /// The display that covers most of the rectangle; the primary one if none overlaps it. Points into
-  /// `displays`; null only if that is empty.
+  /// See `DisplayInfo::covering`.
   [[nodiscard]] static const DisplayInfo* display(const Rect& containing,
                                                   const std::vector<DisplayInfo>& displays);
   /// The next action of the width cycle that `action` belongs to, if the window already has one of its
@@ -70,6 +70,7 @@ private:
   bool place(SnapAction action, const Scene& scene);
   bool moveUnlessThere(WindowProvider& provider, const WindowInfo& window, const Rect& target);
   [[nodiscard]] std::optional<FocusedPlace> focusedPlace() const;
+  void report(std::int64_t windowID, SnapAction action) const;
 
   std::weak_ptr<WindowProvider> provider_;
   std::unordered_map<std::int64_t, Rect> previous_;

@@ -7,11 +7,15 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <chrono>
+#include <ctime>
 #include <fstream>
 #include <functional>
 #include <system_error>
 #include <utility>
+
+#include "core/support/Descriptor.h"
+#include "core/support/Draft.h"
+#include "core/support/Folder.h"
 
 namespace tilwin {
 namespace {
@@ -22,129 +26,79 @@ namespace fs = std::filesystem;
   throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
 }
 
-constexpr mode_t usual = 0666;  ///< the kernel applies the umask
-
-/// Follows the file name in the name of a draft. Unusual, so that `removeDrafts` never deletes a copy made by
-/// a user.
-constexpr const char* draftMark = ".draft-";
-
-class Descriptor {
-public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { close(); }
-
-  [[nodiscard]] bool isOpen() const { return number_ >= 0; }
-  [[nodiscard]] int number() const { return number_; }
-  bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
-
-private:
-  int number_;
-};
-
-/// A temporary file in the target's folder. The destructor removes it unless it was moved into place.
-class Draft {
-public:
-  /// Created with owner-only permissions and given its final ones afterwards: a descriptor opened by another
-  /// user in between could read everything written later.
-  Draft(fs::path target, std::optional<mode_t> permissions)
-      : path_(std::move(target)), file_(create(permissions ? ownerOnly : usual)) {
-    if (permissions && ::fchmod(file_.number(), *permissions) != 0) abandon("cannot set permissions");
-  }
-  Draft(const Draft&) = delete;
-  Draft& operator=(const Draft&) = delete;
-  ~Draft() {
-    if (!path_.empty()) ::unlink(path_.c_str());
-  }
-
-  void write(std::string_view content) {
-    while (!content.empty()) {
-      const ssize_t written = ::write(file_.number(), content.data(), content.size());
-      if (written < 0 && errno == EINTR) continue;
-      if (written < 0) fail("cannot write", path_);
-      content.remove_prefix(static_cast<std::size_t>(written));
-    }
-  }
-
-  /// The content must be on disk before the rename, or a power failure could leave an empty file.
-  void flush() {
-    if (::fsync(file_.number()) != 0 || !file_.close()) fail("cannot flush", path_);
-  }
-
-  void moveTo(const fs::path& target) {
-    if (::rename(path_.c_str(), target.c_str()) != 0) fail("cannot put in place", target);
-    path_.clear();
-  }
-
-private:
-  [[noreturn]] void abandon(const char* what) {
-    const int reason = errno;
-    ::unlink(path_.c_str());
-    errno = reason;
-    fail(what, path_);
-  }
-
-  int create(mode_t permissions) {
-    const std::string stem = path_.string() + draftMark + std::to_string(::getpid()) + "-";
-    for (int attempt = 0;; ++attempt) {
-      path_ = stem + std::to_string(attempt);
-      const int number = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
-      if (number >= 0) return number;
-      if (errno != EEXIST) fail("cannot create", path_);
-    }
-  }
-
-  fs::path path_;
-  Descriptor file_;
-};
-
-/// Makes the rename survive a power failure. Errors are ignored, as some file systems do not support this.
-void syncFolder(const fs::path& folder) {
-  const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (descriptor.isOpen()) ::fsync(descriptor.number());
-}
-
 fs::path behindLinks(const fs::path& path) {
   std::error_code ignored;
   const fs::path target = fs::canonical(path, ignored);
   return target.empty() ? path : target;
 }
 
-fs::path folderOf(const fs::path& file) { return file.has_parent_path() ? file.parent_path() : "."; }
-
-std::optional<mode_t> permissionsOf(const fs::path& path) {
-  struct stat facts {};
-  if (::stat(path.c_str(), &facts) != 0) return std::nullopt;
-  return facts.st_mode & 07777;
+/// Throws if there is no such folder.
+Place placeIn(Descriptor folder, const fs::path& path) {
+  if (!folder.isOpen()) fail("cannot open the folder of", path);
+  return {std::move(folder), path};
 }
 
-using Check = std::function<void(const fs::path& target)>;
-
-void replaceWith(
-    const fs::path& path, std::string_view content, std::optional<mode_t> permissions,
-    const Check& check = [](const fs::path&) {}) {
-  if (path.has_parent_path()) fs::create_directories(path.parent_path());
+/// The file that the path leads to, in a folder that is made if it is missing.
+Place placeBehindLinks(const fs::path& path) {
+  if (!Folder::make(Folder::of(path))) fail("cannot make the folder of", path);
   const fs::path target = behindLinks(path);
-  Draft draft(target, permissions);
-  draft.write(content);
-  draft.flush();
-  check(target);
-  draft.moveTo(target);
-  syncFolder(folderOf(target));
+  return placeIn(Folder::open(Folder::of(target)), target);
 }
 
-/// Whether `Draft` could have created this name: target, mark, process id, number.
-bool isDraftOf(const fs::path& target, std::string_view name) {
-  const std::string stem = target.filename().string() + draftMark;
-  if (name.substr(0, stem.size()) != stem) return false;
-  name.remove_prefix(stem.size());
-  const auto areDigits = [](std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-  };
-  const std::size_t dash = name.find('-');
-  return dash != std::string_view::npos && areDigits(name.substr(0, dash)) &&
-         areDigits(name.substr(dash + 1));
+/// POSIX and macOS have different names for the time of the last write.
+template <typename Facts>
+timespec lastWrite(const Facts& facts) {
+  if constexpr (requires { facts.st_mtim; }) {
+    return facts.st_mtim;
+  } else {
+    return facts.st_mtimespec;
+  }
+}
+
+AtomicFile::Stamp stampOf(const struct stat& facts) {
+  const timespec changed = lastWrite(facts);
+  // Signed, or narrower, on some systems.
+  return {static_cast<std::uint64_t>(facts.st_dev), static_cast<std::uint64_t>(facts.st_ino),
+          static_cast<std::uint64_t>(facts.st_size), changed.tv_sec, changed.tv_nsec};
+}
+
+std::optional<struct stat> factsAt(const Place& place) {
+  struct stat facts {};
+  if (::fstatat(place.folder.number(), place.name().c_str(), &facts, 0) != 0) return std::nullopt;
+  return facts;
+}
+
+std::optional<AtomicFile::Stamp> stampAt(const Place& place) {
+  const auto facts = factsAt(place);
+  return facts ? std::optional(stampOf(*facts)) : std::nullopt;
+}
+
+/// Returns nothing if the replacement was not allowed when all but the rename was done.
+std::optional<AtomicFile::Stamp> replaceAt(
+    const Place& place, std::string_view content, std::optional<mode_t> permissions,
+    const std::function<bool()>& isAllowed = [] { return true; }) {
+  Draft draft(place, permissions);
+  draft.write(content);
+  const auto written = stampOf(draft.flush());
+  if (!isAllowed()) return std::nullopt;
+  draft.moveIntoPlace();
+  // Makes the rename survive a power failure. Errors are ignored, as some file systems do not support this.
+  ::fsync(place.folder.number());
+  return written;
+}
+
+std::optional<mode_t> permissionsAt(const Place& place) {
+  const auto facts = factsAt(place);
+  return facts ? std::optional<mode_t>(facts->st_mode & 07777) : std::nullopt;
+}
+
+void removeDraftsAt(const Place& place) {
+  std::error_code refusal;
+  for (fs::directory_iterator entry(Folder::of(place.path), refusal);
+       !refusal && entry != fs::directory_iterator(); entry.increment(refusal)) {
+    const std::string name = entry->path().filename().string();
+    if (Draft::isOf(place.name(), name)) ::unlinkat(place.folder.number(), name.c_str(), 0);
+  }
 }
 
 bool isSameContent(const fs::path& first, const fs::path& second) {
@@ -157,18 +111,19 @@ bool isSameContent(const fs::path& first, const fs::path& second) {
          std::equal(std::istreambuf_iterator<char>(one), {}, std::istreambuf_iterator<char>(other), {});
 }
 
+void copyAnew(const fs::path& original, const fs::path& copy) {
+  fs::remove(copy);
+  std::error_code refusal;
+  fs::create_hard_link(original, copy, refusal);
+  // Not every file system supports hard links.
+  if (refusal) fs::copy_file(original, copy);
+}
+
 }  // namespace
 
 std::optional<AtomicFile::Stamp> AtomicFile::stamp(const fs::path& path) {
   struct stat facts {};
-  if (::stat(path.c_str(), &facts) != 0) return std::nullopt;
-  // Not from `facts`: the name of that field in `struct stat` differs between systems.
-  std::error_code unknown;
-  const auto changed = fs::last_write_time(path, unknown).time_since_epoch();
-  // Signed, or narrower, on some systems.
-  return Stamp{static_cast<std::uint64_t>(facts.st_dev), static_cast<std::uint64_t>(facts.st_ino),
-               static_cast<std::uint64_t>(facts.st_size),
-               std::chrono::duration_cast<std::chrono::nanoseconds>(changed).count()};
+  return ::stat(path.c_str(), &facts) == 0 ? std::optional(stampOf(facts)) : std::nullopt;
 }
 
 std::optional<std::string> AtomicFile::read(const fs::path& path, std::size_t limit) {
@@ -189,41 +144,48 @@ std::optional<std::string> AtomicFile::read(const fs::path& path, std::size_t li
 }
 
 void AtomicFile::replace(const fs::path& path, std::string_view content) {
-  replaceWith(path, content, permissionsOf(path));
+  const Place place = placeBehindLinks(path);
+  replaceAt(place, content, permissionsAt(place));
 }
 
-void AtomicFile::replacePrivately(const fs::path& path, std::string_view content, const Stamp& old) {
-  replaceWith(path, content, ownerOnly, [&](const fs::path& target) {
-    if (stamp(target) == old) return;
-    throw fs::filesystem_error("changed meanwhile", path,
-                               std::make_error_code(std::errc::operation_canceled));
-  });
+std::optional<AtomicFile::Stamp> AtomicFile::replaceUnchanged(const fs::path& path, std::string_view content,
+                                                              const std::optional<Stamp>& old) {
+  const Place place = placeBehindLinks(path);
+  return replaceAt(place, content, permissionsAt(place), [&] { return stampAt(place) == old; });
+}
+
+bool AtomicFile::replacePrivately(const fs::path& path, std::string_view content, const Stamp& old) {
+  const Place place = placeIn(Folder::openOwn(Folder::of(path)), path);
+  return replaceAt(place, content, ownerOnly, [&] { return stampAt(place) == old; }).has_value();
 }
 
 void AtomicFile::removeDrafts(const fs::path& path) {
-  const fs::path target = behindLinks(path);
-  std::error_code refusal;
-  for (fs::directory_iterator entry(folderOf(target), refusal); !refusal && entry != fs::directory_iterator();
-       entry.increment(refusal)) {
-    if (isDraftOf(target, entry->path().filename().string())) ::unlink(entry->path().c_str());
-  }
+  const Place place{Folder::openOwn(Folder::of(path)), path};
+  if (place.folder.isOpen()) removeDraftsAt(place);
 }
 
-void AtomicFile::keepCopy(const fs::path& path) {
+void AtomicFile::removePrivately(const fs::path& path) {
+  const Place place{Folder::openOwn(Folder::of(path)), path};
+  if (!place.folder.isOpen()) return;
+  removeDraftsAt(place);
+  ::unlinkat(place.folder.number(), place.name().c_str(), 0);
+}
+
+void AtomicFile::keepCopy(const fs::path& path, std::string_view as) {
   const fs::path original = behindLinks(path);
-  const std::string name = path.string() + ".unreadable";
-  for (int number = 1;; ++number) {
-    const fs::path copy = number == 1 ? name : name + "." + std::to_string(number);
-    std::error_code refusal;
-    fs::create_hard_link(original, copy, refusal);
-    if (!refusal) return;
-    if (!fs::exists(fs::symlink_status(copy))) {
-      // Not every file system supports hard links.
-      fs::copy_file(original, copy);
-      return;
-    }
-    if (isSameContent(original, copy)) return;
+  const std::string first = path.string() + "." + std::string(as);
+  const auto copy = [&](int number) -> fs::path {
+    return number == 1 ? first : first + "." + std::to_string(number);
+  };
+  for (int number = 1; number <= mostCopies; ++number) {
+    if (isSameContent(original, copy(number))) return;
   }
+  const fs::path fresh = first + ".new";
+  copyAnew(original, fresh);
+  int last = 1;
+  while (last < mostCopies && fs::exists(fs::symlink_status(copy(last)))) ++last;
+  for (; last > 1; --last) fs::rename(copy(last - 1), copy(last));
+  fs::rename(fresh, first);
 }
 
 }  // namespace tilwin

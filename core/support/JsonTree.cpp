@@ -1,13 +1,13 @@
 #include "core/support/JsonTree.h"
 
 #include <algorithm>
-#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "core/support/ClassicLocale.h"
 #include "core/support/JsonError.h"
 
 namespace tilwin {
@@ -16,10 +16,8 @@ namespace {
 /// nlohmann/json's error id for a number too large for a double.
 constexpr int numberOverflow = 406;
 
-/// Uses `strtod` because the library does: both then agree on what overflows. `strtod` expects the decimal
-/// point of the current locale.
-bool overflows(std::string number) {
-  std::replace(number.begin(), number.end(), '.', *std::localeconv()->decimal_point);
+/// Uses `strtod` because the library does: both then agree on what overflows.
+bool overflows(const std::string& number) {
   char* end = nullptr;
   const double value = std::strtod(number.c_str(), &end);
   return std::isinf(value) && *end == '\0';
@@ -168,6 +166,8 @@ private:
 JsonTree::JsonTree(std::string_view json) {
   if (json.size() > longest) throw JsonError(JsonError::Kind::notJson, "", "too long");
   constexpr std::size_t usualSizeOfAValue = 12;
+  // The library reads numbers with `strtod`, and as decimal point takes the first byte of the locale's.
+  const ClassicLocale numbersOfJson;
   nodes_.reserve(json.size() / usualSizeOfAValue + 1);
   texts_.reserve(json.size());
   Builder first(*this);

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "core/support/AtomicFile.h"
+#include "core/support/Folder.h"
 
 namespace tilwin {
 namespace {
@@ -25,22 +26,22 @@ constexpr auto longestWait = 2s;
 constexpr auto shortestPause = 100us;
 constexpr auto longestPause = 20ms;
 
-/// A descriptor of a regular file, or -1. Without O_NONBLOCK, opening a named pipe would block.
-int openRegular(const fs::path& path, int flags) {
-  const int descriptor = ::open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC, ownerOnly);
+/// A regular file that is the user's alone: owned by nobody else, with no other name, and not behind a link.
+/// Without O_NONBLOCK, opening a named pipe would block.
+Descriptor openOwnFile(const Descriptor& folder, const std::string& name, int flags) {
+  Descriptor file(
+      ::openat(folder.number(), name.c_str(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, ownerOnly));
   struct stat facts {};
-  if (descriptor < 0 || (::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode))) return descriptor;
-  ::close(descriptor);
-  return -1;
+  const bool isOwn = file.isOpen() && ::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode) &&
+                     facts.st_uid == ::geteuid() && facts.st_nlink <= 1;
+  if (!isOwn) file.close();
+  return file;
 }
 
-int openForWriting(const fs::path& path) {
-  constexpr int flags = O_RDWR | O_APPEND | O_CREAT;
-  const int descriptor = openRegular(path, flags);
-  if (descriptor >= 0 || errno != ENOENT || !path.has_parent_path()) return descriptor;
-  std::error_code ignored;
-  fs::create_directories(path.parent_path(), ignored);
-  return openRegular(path, flags);
+Descriptor openOrMake(const fs::path& path) {
+  Descriptor folder = Folder::openOwn(path);
+  if (!folder.isOpen() && errno == ENOENT && Folder::make(path)) folder = Folder::openOwn(path);
+  return folder;
 }
 
 bool waitForTurn(int descriptor) {
@@ -55,12 +56,19 @@ bool waitForTurn(int descriptor) {
   return true;
 }
 
-/// Whether the path still names the opened file: it may have been replaced while waiting for the lock.
-bool isStillAt(const fs::path& path, int descriptor) {
+/// Whether the opened file still has its name: it may have been replaced while waiting for the lock.
+bool isStillIn(const Descriptor& folder, const std::string& name, int descriptor) {
   struct stat opened {};
   struct stat found {};
-  return ::fstat(descriptor, &opened) == 0 && ::stat(path.c_str(), &found) == 0 &&
+  return ::fstat(descriptor, &opened) == 0 &&
+         ::fstatat(folder.number(), name.c_str(), &found, AT_SYMLINK_NOFOLLOW) == 0 &&
          opened.st_dev == found.st_dev && opened.st_ino == found.st_ino;
+}
+
+bool closeToOthers(int descriptor) {
+  struct stat facts {};
+  if (::fstat(descriptor, &facts) != 0) return false;
+  return (facts.st_mode & 0777) == ownerOnly || ::fchmod(descriptor, ownerOnly) == 0;
 }
 
 off_t sizeOf(int descriptor) {
@@ -99,29 +107,16 @@ bool writeWhole(int descriptor, std::string_view text) {
 
 }  // namespace
 
-LineFile::LineFile(LineFile&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), heldAlone_(other.heldAlone_) {}
-
-LineFile& LineFile::operator=(LineFile&& other) noexcept {
-  std::swap(descriptor_, other.descriptor_);
-  std::swap(heldAlone_, other.heldAlone_);
-  return *this;
-}
-
-LineFile::~LineFile() {
-  if (descriptor_ >= 0) ::close(descriptor_);
-}
-
 std::optional<std::string> LineFile::read(const fs::path& path) {
-  const int descriptor = openRegular(path, O_RDONLY);
-  if (descriptor < 0) return std::nullopt;
-  const LineFile closing(descriptor, false);
+  const Descriptor folder = Folder::openOwn(Folder::of(path));
+  const Descriptor file = openOwnFile(folder, path.filename().string(), O_RDONLY);
+  if (!file.isOpen()) return std::nullopt;
   // One more byte, which is a line feed if the last `mostRead` bytes start with a whole line.
-  const off_t size = sizeOf(descriptor);
+  const off_t size = sizeOf(file.number());
   const off_t start = std::max<off_t>(size - static_cast<off_t>(mostRead) - 1, 0);
   std::string content;
   content.reserve(static_cast<std::size_t>(size - start));
-  if (!readFrom(descriptor, start, [&](std::string_view block) { content += block; })) return std::nullopt;
+  if (!readFrom(file.number(), start, [&](std::string_view block) { content += block; })) return std::nullopt;
   if (start > 0) content.erase(0, std::min(content.find('\n'), content.size() - 1) + 1);
   return content;
 }
@@ -138,32 +133,34 @@ std::vector<std::string_view> LineFile::split(std::string_view content) {
 
 std::optional<LineFile> LineFile::take(const fs::path& path) {
   constexpr int attempts = 100;
+  const std::string name = path.filename().string();
   for (int attempt = 0; attempt < attempts; ++attempt) {
-    const int descriptor = openForWriting(path);
-    if (descriptor < 0) return std::nullopt;
-    LineFile file(descriptor, waitForTurn(descriptor));
-    if (!isStillAt(path, descriptor)) continue;
-    if (sizeOf(descriptor) == 0) ::fchmod(descriptor, ownerOnly);
-    return file;
+    const Descriptor folder = openOrMake(Folder::of(path));
+    LineFile file(openOwnFile(folder, name, O_RDWR | O_APPEND | O_CREAT));
+    const int descriptor = file.descriptor_.number();
+    if (!file.descriptor_.isOpen()) return std::nullopt;
+    file.heldAlone_ = waitForTurn(descriptor);
+    if (!isStillIn(folder, name, descriptor)) continue;
+    return closeToOthers(descriptor) ? std::optional(std::move(file)) : std::nullopt;
   }
   return std::nullopt;
 }
 
 std::size_t LineFile::count() const {
-  std::size_t ends = endsInsideALine(descriptor_) ? 1 : 0;
-  readFrom(descriptor_, 0, [&](std::string_view block) {
+  std::size_t ends = endsInsideALine(descriptor_.number()) ? 1 : 0;
+  readFrom(descriptor_.number(), 0, [&](std::string_view block) {
     for (auto end = block.find('\n'); end != std::string_view::npos; end = block.find('\n', end + 1)) ++ends;
   });
   return ends;
 }
 
 bool LineFile::append(std::string_view line) {
-  const off_t before = sizeOf(descriptor_);
-  std::string text = endsInsideALine(descriptor_) ? "\n" : "";
+  const off_t before = sizeOf(descriptor_.number());
+  std::string text = endsInsideALine(descriptor_.number()) ? "\n" : "";
   text.append(line).append("\n");
-  if (writeWhole(descriptor_, text)) return true;
+  if (writeWhole(descriptor_.number(), text)) return true;
   // Without the lock the partial line must stay: truncating could remove another process's line.
-  [[maybe_unused]] const bool isUndone = heldAlone_ && ::ftruncate(descriptor_, before) == 0;
+  [[maybe_unused]] const bool isUndone = heldAlone_ && ::ftruncate(descriptor_.number(), before) == 0;
   return false;
 }
 

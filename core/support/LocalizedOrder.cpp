@@ -7,6 +7,7 @@
 
 #include "core/support/IcuText.h"
 #include "core/support/UnicodeText.h"
+#include "core/support/UserLocale.h"
 
 namespace tilwin {
 namespace {
@@ -37,7 +38,7 @@ struct LocalizedOrder::Rules {
 };
 
 LocalizedOrder::LocalizedOrder(std::unique_ptr<const Rules> rules) : rules_(std::move(rules)) {}
-LocalizedOrder::LocalizedOrder() : LocalizedOrder(std::make_unique<Rules>(icu::Locale::getDefault())) {}
+LocalizedOrder::LocalizedOrder() : LocalizedOrder(std::make_unique<Rules>(userLocale("LC_COLLATE"))) {}
 LocalizedOrder::LocalizedOrder(const std::string& locale)
     : LocalizedOrder(std::make_unique<Rules>(icu::Locale::createCanonical(locale.c_str()))) {}
 LocalizedOrder::~LocalizedOrder() = default;

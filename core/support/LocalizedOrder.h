@@ -11,7 +11,7 @@ namespace tilwin {
 /// that differ only in case, neither precedes the other. Invalid UTF-8 counts as U+FFFD.
 class LocalizedOrder {
 public:
-  /// The order of ICU's default locale, which comes from the environment.
+  /// The order of the user's locale (LC_ALL, LC_COLLATE or LANG, as in POSIX).
   LocalizedOrder();
   /// The order of a locale such as "de_DE" or "sv_SE.UTF-8". Unknown locales, and "C" and "POSIX" (which
   /// would sort by code point), use the root order, which is independent of any language.

@@ -40,6 +40,13 @@ Utf8Character Utf8::next(std::string_view text, std::size_t at) {
   return {static_cast<char32_t>(character), static_cast<std::size_t>(index)};
 }
 
+std::string_view Utf8::prefix(std::string_view text, std::size_t bytes) {
+  if (text.size() <= bytes) return text;
+  std::size_t end = 0;
+  while (end + next(text, end).size <= bytes) end += next(text, end).size;
+  return text.substr(0, end);
+}
+
 Utf8Character Utf8::previous(std::string_view text, std::size_t at) {
   const std::size_t end = std::min(at, text.size());
   if (end == 0) return {};

@@ -16,6 +16,8 @@ struct Utf8 {
   [[nodiscard]] static bool isAscii(std::string_view text);
   /// The character that starts at byte `at`.
   [[nodiscard]] static Utf8Character next(std::string_view text, std::size_t at = 0);
+  /// The longest start of the text that has no more bytes than that and splits no character.
+  [[nodiscard]] static std::string_view prefix(std::string_view text, std::size_t bytes);
   /// The character that ends just before byte `at`.
   [[nodiscard]] static Utf8Character previous(std::string_view text, std::size_t at);
 };

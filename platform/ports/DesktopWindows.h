@@ -22,7 +22,8 @@ public:
   /// By default the focused one, for desktops where neither menus nor panels take the focus.
   [[nodiscard]] virtual std::optional<WindowInfo> lastFocusedWindow() { return focusedWindow(); }
   /// The topmost window at a point, with its actual frame. Nothing if there is none, it belongs to this
-  /// program, or it is one that is never moved, such as a panel.
+  /// program, or it is one that is never moved, such as a panel or one that its window manager was seen to
+  /// keep in place.
   [[nodiscard]] virtual std::optional<WindowInfo> window(Point at) = 0;
 };
 

@@ -18,6 +18,12 @@ enum class PointerEvent : std::uint8_t {
 
 /// Watches the mouse over all programs without consuming an event. No handler is called from inside one of
 /// these functions.
+///
+/// A release at a place where neither the press nor a move was told comes after one more move: the place of
+/// release is told as the drag's last move, more than `betweenLooks` after the one before, and then the
+/// release. Until both are told, `position` is that place. So a receiver that examines a drag at that pace
+/// still sees where it ended. If the button is pressed again sooner, the release is told before, without the
+/// move.
 class PointerMonitor {
 public:
   using Handler = std::function<void(PointerEvent event)>;

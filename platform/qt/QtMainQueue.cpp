@@ -70,7 +70,7 @@ void QtMainQueue::loseDisplay() {
   finish();
   if (displayLost_) displayLost_();
   // Not by unwinding: Qt would call exit(3) with status 1 as soon as it touches its connection.
-  std::_Exit(0);
+  std::_Exit(running == nullptr ? 1 : 0);
 }
 
 void QtMainQueue::finishInsideLoop() {
@@ -84,9 +84,11 @@ void QtMainQueue::watch(int fileDescriptor, const Task& task) {
   QObject::connect(notifier, &QSocketNotifier::activated, &context_, task);
 }
 
-void QtMainQueue::beforeEachSleep(const Task& task) {
-  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &context_,
-                   task);
+void QtMainQueue::beforeEachSleep(const std::function<bool()>& task) {
+  auto* dispatcher = QAbstractEventDispatcher::instance();
+  QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &context_, [dispatcher, task] {
+    if (task()) dispatcher->wakeUp();
+  });
 }
 
 }  // namespace tilwin::qt

@@ -2,12 +2,14 @@
 
 #include <QFileInfo>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QStringList>
 #include <QVariant>
 #include <filesystem>
+#include <system_error>
 
 #include "core/support/AtomicFile.h"
+#include "core/support/Folder.h"
+#include "platform/qt/XdgFolders.h"
 
 namespace tilwin::qt {
 
@@ -41,15 +43,18 @@ bool wasWritten(const QSettings& settings) {
   return settings.status() == QSettings::NoError;
 }
 
+/// Empty if the user has no folder for it.
+QString settingsPath() {
+  const auto folder = XdgFolders::configHome();
+  return folder ? text((*folder / "Tilwin" / "Tilwin.conf").string()) : QString();
+}
+
 }  // namespace
 
-QtUserDefaults::QtUserDefaults(SystemLog& log)
-    : log_(log),
-      path_(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-            QStringLiteral("/Tilwin/Tilwin.conf")) {}
+QtUserDefaults::QtUserDefaults(SystemLog& log) : log_(log), path_(settingsPath()) {}
 
 std::optional<std::string> QtUserDefaults::data(std::string_view key) {
-  if (isTooLarge()) return std::nullopt;
+  if (!mayBeFile() || isTooLarge()) return std::nullopt;
   const QSettings settings(path_, QSettings::IniFormat);
   const QVariant value = settings.value(text(key));
   // Qt reports the error only once; later reads use its cache.
@@ -59,7 +64,22 @@ std::optional<std::string> QtUserDefaults::data(std::string_view key) {
 }
 
 void QtUserDefaults::setData(std::string_view key, std::string_view blob) {
-  noteOutcome(keepUnreadable() && write(text(key), blob));
+  noteOutcome(mayBeFile() && mayBeLocked() && Folder::make(Folder::of(path_.toStdString())) &&
+              keepUnreadable() && write(text(key), blob));
+}
+
+/// Whether there is a file, or nothing yet. Qt would wait until somebody writes into a named pipe.
+bool QtUserDefaults::mayBeFile() const {
+  if (path_.isEmpty()) return false;
+  const QFileInfo found(path_);
+  return found.isFile() || !found.exists();
+}
+
+/// Qt locks the file by another one beside it, and waits for whatever else has that name.
+bool QtUserDefaults::mayBeLocked() const {
+  std::error_code unknown;
+  const auto found = std::filesystem::symlink_status(path_.toStdString() + ".lock", unknown);
+  return found.type() == std::filesystem::file_type::not_found || std::filesystem::is_regular_file(found);
 }
 
 bool QtUserDefaults::isTooLarge() const { return QFileInfo(path_).size() > largestFile; }
@@ -76,7 +96,7 @@ bool QtUserDefaults::keepUnreadable() {
   if (!isTooLarge && !isUnreadable_) return true;
   const std::filesystem::path path = path_.toStdString();
   try {
-    AtomicFile::keepCopy(path);
+    AtomicFile::keepCopy(path, "unreadable");
     if (isTooLarge) AtomicFile::replace(path, "");
   } catch (const std::filesystem::filesystem_error&) {
     return false;
@@ -99,7 +119,10 @@ bool QtUserDefaults::write(const QString& name, std::string_view blob) {
 }
 
 void QtUserDefaults::noteOutcome(bool written) {
-  if (!written && !failing_) log_.write("Tilwin: settings cannot be saved in " + path_.toStdString());
+  if (!written && !failing_) {
+    log_.write("Tilwin: settings cannot be saved" +
+               (path_.isEmpty() ? ": there is no home folder" : " in " + path_.toStdString()));
+  }
   failing_ = !written;
 }
 

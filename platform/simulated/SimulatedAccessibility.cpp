@@ -56,6 +56,13 @@ AccessibilityElementRef SimulatedAccessibility::reference(Node node) const {
   return node == 0 || node > lastNode_ ? nullptr : std::make_shared<SimulatedElement>(node);
 }
 
+/// What an element makes of a value written to it.
+AccessibilityValue SimulatedAccessibility::accepted(const Content& by, const AccessibilityValue& value) {
+  const auto* size = std::get_if<Size>(&value);
+  if (size == nullptr) return value;
+  return Size{std::max(size->width, by.least.width), std::max(size->height, by.least.height)};
+}
+
 void SimulatedAccessibility::setHash(Node node, std::uint64_t hash) { hashes_[node] = hash; }
 
 void SimulatedAccessibility::forgetProcess(Node node) { contents_.at(node).processID.reset(); }
@@ -99,7 +106,7 @@ bool SimulatedAccessibility::setAttribute(const AccessibilityElementRef& of, std
   const Node node = SimulatedAccessibility::node(of);
   const auto content = contents_.find(node);
   const bool wasTaken = content != contents_.end() && isTaken(content->second, name);
-  if (wasTaken) give(node, name, value);
+  if (wasTaken) give(node, name, accepted(content->second, value));
   writes_.push_back({node, std::string(name), value, wasTaken});
   if (onWrite) onWrite(Write(writes_.back()));
   return wasTaken;

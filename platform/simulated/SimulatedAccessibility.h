@@ -60,6 +60,9 @@ public:
   void setHash(Node node, std::uint64_t hash);
   /// Makes the process of the element unknown.
   void forgetProcess(Node node);
+  /// Makes the element, a window, at least this large from now on: a smaller size written to it becomes this
+  /// one.
+  void setLeastSize(Node node, Size size) { contents_.at(node).least = size; }
   /// Refuses all writes of this attribute from now on.
   void refuse(Node node, std::string_view attribute);
   /// Refuses all writes to the element from now on.
@@ -91,9 +94,11 @@ private:
     bool refusesAll = false;
     std::set<int> refusedOnce{};  ///< numbers of writes, counted from the element's first
     int writeCount = 0;
+    Size least{};
   };
 
   [[nodiscard]] bool isTaken(Content& by, std::string_view name) const;
+  [[nodiscard]] static AccessibilityValue accepted(const Content& by, const AccessibilityValue& value);
 
   std::unordered_map<Node, Content> contents_;
   std::unordered_map<Node, std::uint64_t> hashes_;

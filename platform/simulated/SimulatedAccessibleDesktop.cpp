@@ -31,6 +31,7 @@ SimulatedAccessibleDesktop::Node SimulatedAccessibleDesktop::open(std::int32_t p
   tree.give(node, accessibility::title, window.title);
   tree.give(node, accessibility::minimized, window.isMinimized);
   tree.give(node, accessibility::parent, tree.reference(tree.applicationNode(processID)));
+  tree.setLeastSize(node, window.least);
   stack_.insert(stack_.begin(), {node, processID});
   place(node, window.frame);
   showWindows(processID);

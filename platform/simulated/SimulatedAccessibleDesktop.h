@@ -32,6 +32,7 @@ struct AccessibleWindow {
   Rect frame{100, 100, 800, 600};
   std::optional<std::string> subrole = "AXStandardWindow";
   bool isMinimized = false;
+  Size least{};  ///< programs cannot make it smaller
 };
 
 /// A desktop whose windows are accessible through a tree of elements, as on macOS. A test uses these

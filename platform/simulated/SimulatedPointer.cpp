@@ -19,23 +19,31 @@ private:
   std::shared_ptr<const Installed> installed_;
 };
 
+void SimulatedPointer::paceBy(MainQueue& queue) {
+  drag_.emplace(queue, [this] { tell({Reach::global, PointerEvent::leftMouseDragged}); });
+}
+
 void SimulatedPointer::press(Point at) {
   position_ = at;
   isDown_ = true;
-  tell({Reach::global, PointerEvent::leftMouseDown});
+  const auto tellPress = [this] { tell({Reach::global, PointerEvent::leftMouseDown}); };
+  drag_ ? drag_->press(at, tellPress) : tellPress();
 }
 
 void SimulatedPointer::drag(Point to) {
   position_ = to;
-  if (isDown_) tell({Reach::global, PointerEvent::leftMouseDragged});
+  if (!isDown_) return;
+  drag_ ? drag_->move(to) : tell({Reach::global, PointerEvent::leftMouseDragged});
 }
 
-void SimulatedPointer::release() {
-  if (std::exchange(isDown_, false)) tell({Reach::global, PointerEvent::leftMouseUp});
-}
+void SimulatedPointer::release() { tellRelease(Reach::global); }
 
-void SimulatedPointer::releaseInThisProgram() {
-  if (std::exchange(isDown_, false)) tell({Reach::local, PointerEvent::leftMouseUp});
+void SimulatedPointer::releaseInThisProgram() { tellRelease(Reach::local); }
+
+void SimulatedPointer::tellRelease(Reach reach) {
+  if (!std::exchange(isDown_, false)) return;
+  const auto tellIt = [this, reach] { tell({reach, PointerEvent::leftMouseUp}); };
+  drag_ ? drag_->release(position_, tellIt) : tellIt();
 }
 
 void SimulatedPointer::cancel() {

@@ -5,11 +5,13 @@
 #include <optional>
 #include <vector>
 
+#include "platform/pointer/PacedDrag.h"
 #include "platform/ports/PointerMonitor.h"
 
 namespace tilwin {
 
-/// The mouse of a simulated desktop. Its functions call the monitors before they return. They do not move
+/// The mouse of a simulated desktop. Its functions call the monitors before they return, also for moves and
+/// releases that come sooner than a real desktop tells of them, unless they are paced. They do not move
 /// windows; to drag one, call `SimulatedWindows::moveByHand` first. Points are in global desktop coordinates.
 class SimulatedPointer final : public PointerMonitor {
 public:
@@ -24,6 +26,10 @@ public:
 
     bool operator==(const Monitor&) const = default;
   };
+
+  /// From now on tells of moves and releases when an adapter to a real desktop does, by tasks of this queue,
+  /// which must outlive the mouse.
+  void paceBy(MainQueue& queue);
 
   /// Presses the button at a point in a window of another program.
   void press(Point at);
@@ -50,13 +56,15 @@ private:
   std::unique_ptr<Token> addGlobal(PointerEvent events, Handler handler) override;
   std::unique_ptr<Token> addLocal(PointerEvent events, Handler handler) override;
   std::unique_ptr<Token> addCancelled(std::function<void()> handler) override;
-  Point position() override { return position_; }
+  Point position() override { return drag_ ? drag_->place().value_or(position_) : position_; }
 
   std::unique_ptr<Token> install(const Monitor& kind, std::function<void()> tell);
   void tell(const Monitor& kind);
+  void tellRelease(Reach reach);
 
   Point position_;
   bool isDown_ = false;
+  std::optional<PacedDrag> drag_;  ///< if it is paced
   std::vector<Monitor> refused_;
   std::vector<std::weak_ptr<const Installed>> installed_;
 };

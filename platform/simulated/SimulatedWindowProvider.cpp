@@ -4,6 +4,8 @@
 #include <tuple>
 #include <utility>
 
+#include "core/geometry/TilePlace.h"
+
 namespace tilwin {
 
 SimulatedWindowProvider::SimulatedWindowProvider(SimulatedWindows& windows) : windows_(windows) {}
@@ -57,12 +59,37 @@ std::vector<SimulatedWindows::Handle> SimulatedWindowProvider::listed() const {
 }
 
 bool SimulatedWindowProvider::applyFrame(std::int64_t id, const Rect& frame) {
-  if (!handedOut_.contains(id)) return false;
-  windows_.unmaximize(id);
+  if (!handedOut_.contains(id) || windows_.find(id) == nullptr) return false;
+  const auto place = TilePlace::of(frame, windows_.find(id)->frame, windows_.displays());
+  release(id);
   if (!windows_.request(id, frame)) return false;
   const SimulatedWindow& window = *windows_.find(id);
-  if (window.answer == SimulatedWindow::Answer::obeys) answers_[id] = {frame, window.frame};
+  if (window.answer != SimulatedWindow::Answer::obeys) return true;
+  const Rect standing = place.frame({window.frame.width, window.frame.height});
+  if (window.frame != standing) windows_.request(id, standing);
+  answers_[id] = {place.reported(window.frame), window.frame};
   return true;
+}
+
+bool SimulatedWindowProvider::applyRestore(std::int64_t id, const Rect& frame) {
+  const auto released = released_.extract(id);
+  if (released.empty() || released.mapped().maximized != frame) {
+    const bool isMoved = applyFrame(id, frame);
+    released_.erase(id);
+    return isMoved;
+  }
+  if (!applyFrame(id, released.mapped().normal)) return false;
+  windows_.maximize(id);
+  return true;
+}
+
+/// Ends the maximised state. What a window is restored to is what it had before the first of several moves.
+void SimulatedWindowProvider::release(SimulatedWindows::Handle handle) {
+  const SimulatedWindow& window = *windows_.find(handle);
+  if (!window.isMaximized) return;
+  const Rect maximized = window.frame;
+  windows_.unmaximize(handle);
+  released_.try_emplace(handle, Released{maximized, window.frame});
 }
 
 std::optional<Rect> SimulatedWindowProvider::frame(std::int64_t of) {
@@ -102,7 +129,7 @@ WindowInfo SimulatedWindowProvider::described(SimulatedWindows::Handle handle, s
 Rect SimulatedWindowProvider::reportedFrame(SimulatedWindows::Handle handle, const Rect& standing) {
   const auto answer = answers_.find(handle);
   if (answer == answers_.end()) return standing;
-  if (answer->second.standing == standing) return answer->second.asked;
+  if (answer->second.standing == standing) return answer->second.reported;
   answers_.erase(answer);
   return standing;
 }

@@ -191,6 +191,14 @@ TEST_F(AppDelegateTest, TheLogCountsActionsAndAreas) {
   EXPECT_EQ(desktop.log.lines().back(), "Tilwin: 29 of 29 shortcuts work");
 }
 
+TEST_F(AppDelegateTest, AShortcutThatTheSettingsHoldTwiceIsNotBlamedOnAnotherProgram) {
+  desktop.keyboard.holdElsewhere(rightHalfKeys);
+  startWith(withArea(leftHalfKeys));
+  EXPECT_EQ(desktop.log.lines(), std::vector<std::string>{"Tilwin: 28 of 30 shortcuts work; "
+                                                          "the settings have twice ⌃⌥←; "
+                                                          "another program holds ⌃⌥→"});
+}
+
 TEST_F(AppDelegateTest, TheLogNamesRefusedShortcutsInTheWordsOfTheDesktop) {
   static constexpr std::array keys =
       std::to_array<Wording::Word>({{"⌃", "Ctrl+"}, {"⌥", "Alt+"}, {"←", "Left"}, {"→", "Right"}});

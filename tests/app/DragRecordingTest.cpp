@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <fstream>
 #include <iterator>
 #include <thread>
@@ -196,6 +198,30 @@ TEST_F(DragRecordingTest, WithoutAPlaceForTheLogDragsSnapAllTheSame) {
   EXPECT_TRUE(desktop.time.isIdle());
   quit();
   EXPECT_TRUE(std::filesystem::is_regular_file(share));
+}
+
+TEST_F(DragRecordingTest, NobodyElseCanComeToTheLogWhateverTheUmask) {
+  const mode_t usual = ::umask(0);
+  start(true);
+  snapToTheLeft();
+  quit();
+  ::umask(usual);
+  EXPECT_EQ(ShadowLogFile::read(log).size(), 1);
+  EXPECT_EQ(std::filesystem::status(log.parent_path()).permissions(), std::filesystem::perms::owner_all);
+  EXPECT_EQ(std::filesystem::status(log).permissions(), std::filesystem::perms(0600));
+}
+
+TEST_F(DragRecordingTest, ALinkThatSomebodyPutInTheLogsPlaceIsNotFollowed) {
+  const auto letter = folder.path() / "letter";
+  std::ofstream(letter) << std::string(6000, '\n');
+  std::filesystem::permissions(letter, std::filesystem::perms(0644));
+  std::filesystem::create_directories(log.parent_path());
+  std::filesystem::create_symlink(letter, log);
+  start(true);
+  snapToTheLeft();
+  quit();
+  EXPECT_EQ(std::filesystem::file_size(letter), 6000);
+  EXPECT_EQ(std::filesystem::status(letter).permissions(), std::filesystem::perms(0644));
 }
 
 TEST_F(DragRecordingTest, ALogThatCannotBeWrittenDisturbsNothing) {

@@ -64,6 +64,18 @@ TEST_F(HotKeyCenterTest, AReceiverMayRegisterAgain) {
   EXPECT_EQ(targets, (Owners{SnapAction::leftHalf, SnapAction::rightHalf}));
 }
 
+TEST_F(HotKeyCenterTest, PressesFasterThanTheyAreServedDoNotPileUp) {
+  use({});
+  for (int count = 0; count < 1000; ++count) {
+    EXPECT_TRUE(desktop.keyboard.press(count % 2 == 0 ? leftHalfKeys : rightHalfKeys));
+  }
+  desktop.time.runDue();
+  EXPECT_EQ(targets.size(), HotKeyCenter::mostWaiting);
+  targets.clear();
+  press(topHalfKeys);
+  EXPECT_EQ(targets, Owners{SnapAction::topHalf});
+}
+
 TEST_F(HotKeyCenterTest, APressThatStillWaitsWhenItGoesDoesNothing) {
   use({});
   desktop.keyboard.press(leftHalfKeys);

@@ -129,6 +129,42 @@ TEST_F(SettingsStoreTest, WhatItCouldNotReadAgainItDoesNotWrite) {
   EXPECT_EQ(stored(), written(TilwinSettings{.gap = 4}));
 }
 
+TEST_F(SettingsStoreTest, OnesThatAreTooLargeAreLoggedOnceUntilTheyFitAgain) {
+  SimulatedLog log;
+  SettingsStore store(disk, &log);
+  TilwinSettings huge;
+  huge.ignoredApps = {std::string(SettingsStore::largestBlob, 'a')};
+  store.settings.set(huge);
+  store.settings.set(huge);
+  EXPECT_EQ(log.lines(), std::vector<std::string>{"Tilwin: settings of more than 256 KiB are not saved"});
+  store.settings.set({.gap = 4});
+  EXPECT_EQ(stored(), written(TilwinSettings{.gap = 4}));
+  EXPECT_EQ(log.lines().size(), 1);
+  store.settings.set(huge);
+  EXPECT_EQ(log.lines().size(), 2);
+}
+
+TEST_F(SettingsStoreTest, TheMostThatTheProgramAddsFits) {
+  const auto controls = [](std::size_t bytes) {
+    return std::string(bytes, '\x01');
+  };  // six bytes each in JSON
+  TilwinSettings settings{.gap = 1.0 / 3, .outer = 1.0 / 3};
+  for (const SnapAction action : SnapActions::all()) {
+    const std::string name(SnapActions::rawValue(action));
+    settings.shortcuts[name] = {4'000'000'000, 4'000'000'000};
+    settings.disabled.insert(name);
+  }
+  for (std::size_t count = 0; count < TilwinSettings::maximumIgnored; ++count)
+    settings.ignoredApps.push_back(controls(TilwinSettings::longestIgnored));
+  for (std::size_t count = 0; count < TilwinSettings::maximumAreas; ++count) {
+    settings.customAreas.push_back(CustomArea::starter(controls(100'000)));
+    settings.customAreas.back().rect = {1.0 / 3, 1.0 / 7, 1.0 / 3, 1.0 / 7};
+    settings.customAreas.back().shortcut = HotKeySpec{4'000'000'000, 4'000'000'000};
+  }
+  SettingsStore(disk).settings.set(settings);
+  EXPECT_EQ(SettingsStore(disk).settings.get(), settings);
+}
+
 RC_GTEST_PROP(SettingsStoreProperties, WhateverIsAssignedIsThereInRangeAtTheNextStart, ()) {
   SimulatedUserDefaults disk;
   TilwinSettings settings = arbitrary::settings();

@@ -68,6 +68,16 @@ TEST_F(ShortcutToWindow, AMaximizedWindowIsTakenOutOfThatState) {
   EXPECT_FALSE(desktop.windows.find(window)->isMaximized);
 }
 
+TEST_F(ShortcutToWindow, BackspaceMaximizesAWindowAgainAndItsNormalFrameIsBeneath) {
+  desktop.windows.maximize(window);
+  pressed(controlOptionRight);
+  pressed(controlOptionLeft);
+  EXPECT_EQ(pressed(controlOptionBackspace), (Rect{0, 25, 1440, 875}));
+  EXPECT_TRUE(desktop.windows.find(window)->isMaximized);
+  desktop.windows.unmaximize(window);
+  EXPECT_EQ(desktop.windows.find(window)->frame, untouched);
+}
+
 TEST_F(ShortcutToWindow, AWindowGoesToTheNextDisplayAndAroundToTheFirst) {
   pressed(controlOptionLeft);
   EXPECT_EQ(pressed(controlOptionCommandRight), (Rect{1440, 0, 500, 800}));

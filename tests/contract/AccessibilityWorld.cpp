@@ -8,5 +8,6 @@ std::unique_ptr<World> makeAccessibilityWorld() { return std::make_unique<Access
 }  // namespace
 
 INSTANTIATE_TEST_SUITE_P(Accessibility, WindowProviderContract, testing::Values(&makeAccessibilityWorld));
+INSTANTIATE_TEST_SUITE_P(Accessibility, LargeWindowContract, testing::Values(&makeAccessibilityWorld));
 
 }  // namespace tilwin::contract

@@ -12,7 +12,7 @@
 
 namespace tilwin::contract {
 
-/// Windows behind accessibility, as macOS shows them. None of them limits its size: such a window is reported
+/// Windows behind accessibility, as macOS shows them. None of them rounds its size: such a window is reported
 /// where it stands there, so the suite about those is not for this world.
 class AccessibilityWorld : public SimulatedInputWorld {
 public:
@@ -27,7 +27,8 @@ public:
     return windows_.open(processOf(window.bundleID),
                          {.title = window.title,
                           .frame = window.frame,
-                          .subrole = window.isDialog ? "AXDialog" : "AXStandardWindow"});
+                          .subrole = window.isDialog ? "AXDialog" : "AXStandardWindow",
+                          .least = {window.minimumWidth, window.minimumHeight}});
   }
   void close(Window window) override { windows_.close(window); }
   void focus(Window window) override { windows_.focus(window); }
@@ -36,7 +37,11 @@ public:
   std::optional<Rect> standing(Window window) override { return windows_.standing(window); }
 
   /// The green button makes a window as large as it can be; that is a frame like any other.
-  void maximize(Window window) override { windows_.place(window, maximal_); }
+  void maximize(Window window) override {
+    normal_[window] = windows_.standing(window).value_or(Rect());
+    windows_.place(window, maximal_);
+  }
+  void unmaximize(Window window) override { windows_.place(window, normal_[window]); }
   bool isMaximized(Window window) override { return windows_.standing(window) == maximal_; }
 
   void takeRoomAtTop(double points) override {
@@ -52,6 +57,7 @@ private:
   }
 
   const Rect maximal_{0, 25, 1440, 815};
+  std::map<Window, Rect> normal_;
   SimulatedAccessibleDesktop windows_;
   std::map<std::string, std::int32_t> processes_;
   std::shared_ptr<Accessibility> accessibility_ = accessibilityOver(windows_.tree);

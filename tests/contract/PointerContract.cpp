@@ -9,6 +9,8 @@ constexpr auto up = PointerEvent::leftMouseUp;
 
 constexpr Point here{400, 300};
 constexpr Point there{430, 320};
+constexpr Point farther{900, 200};
+constexpr Point elsewhere{600, 700};
 
 }  // namespace
 
@@ -39,6 +41,27 @@ void PointerContract::letArrive() {
   world->buttonDown();
   world->buttonUp();
   ASSERT_TRUE(world->comesTo(1, [&] { return releases; }));
+}
+
+testing::AssertionResult PointerContract::isTold(PointerEvent event, Point place) {
+  return world->comesTo(Placed{event, place}, [&] { return places.empty() ? Placed{} : places.back(); });
+}
+
+void PointerContract::takeHoldAndDrag(Point to) {
+  for (const auto events : {down, dragged, up}) {
+    tokens.push_back(
+        add(events, [this](PointerEvent event) { places.emplace_back(event, pointer.position()); }));
+  }
+  world->movePointer(here);
+  world->buttonDown();
+  ASSERT_TRUE(isTold(down, here));
+  world->movePointer(to);
+  ASSERT_TRUE(isTold(dragged, to));
+}
+
+void PointerContract::letGoInMotion(Point at) {
+  world->movePointer(at);
+  world->buttonUp();
 }
 
 TEST_P(PointerContract, APressAMoveAndAReleaseAreToldInTheirOrder) {
@@ -115,6 +138,51 @@ TEST_P(PointerContract, WhereAFastPointerComesToRestIsTold) {
   world->movePointer(here);
   EXPECT_TRUE(world->comesTo(std::optional(here), last));
   world->buttonUp();
+}
+
+TEST_P(PointerContract, AReleaseInMotionIsToldAfterAMoveToItsPlace) {
+  takeHoldAndDrag(there);
+  letGoInMotion(farther);
+  EXPECT_TRUE(isTold(up, farther));
+  EXPECT_EQ(places, (std::vector<Placed>{{down, here}, {dragged, there}, {dragged, farther}, {up, farther}}));
+}
+
+TEST_P(PointerContract, ThatMoveComesMoreThanAPauseAfterTheLastWasDealtWith) {
+  std::vector<MainQueue::Seconds> moves;
+  const auto token = add(dragged, [&](PointerEvent) { moves.push_back(world->mainQueue().uptime()); });
+  takeHoldAndDrag(there);
+  letGoInMotion(farther);
+  ASSERT_TRUE(isTold(up, farther));
+  ASSERT_EQ(moves.size(), 2);
+  EXPECT_GT(moves.back() - moves.front(), PointerMonitor::betweenLooks);
+}
+
+TEST_P(PointerContract, AReleaseInMotionIsToldAtItsPlaceAlsoIfThePointerHasGoneOn) {
+  takeHoldAndDrag(there);
+  letGoInMotion(farther);
+  // Long enough for the release to arrive, and shorter than it is held back.
+  int turns = 0;
+  world->settle([&] { return ++turns > 2; });
+  world->movePointer(elsewhere);
+  EXPECT_TRUE(isTold(up, farther));
+  EXPECT_EQ(pointer.position(), elsewhere);
+}
+
+TEST_P(PointerContract, AReleaseWhereThePointerRestsIsToldWithoutAnotherMove) {
+  takeHoldAndDrag(there);
+  world->buttonUp();
+  EXPECT_TRUE(isTold(up, there));
+  EXPECT_EQ(places, (std::vector<Placed>{{down, here}, {dragged, there}, {up, there}}));
+}
+
+TEST_P(PointerContract, AButtonPressedWhileAReleaseIsHeldBackIsToldAfterThatRelease) {
+  takeHoldAndDrag(there);
+  for (const auto events : {up, down}) watch(events);
+  letGoInMotion(farther);
+  world->buttonDown();
+  EXPECT_TRUE(received({up, down}));
+  world->buttonUp();
+  EXPECT_TRUE(received({up, down, up}));
 }
 
 TEST_P(PointerContract, ThePositionIsThatOfThePointer) {

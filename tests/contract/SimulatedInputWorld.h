@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+
 #include "platform/simulated/SimulatedDesktop.h"
 #include "tests/contract/World.h"
 
@@ -8,6 +10,8 @@ namespace tilwin::contract {
 /// The keyboard, mouse and main queue of a simulated desktop. Derived classes add the windows.
 class SimulatedInputWorld : public World {
 public:
+  SimulatedInputWorld() { desktop_.mouse.paceBy(desktop_.time); }
+
   HotKeys& hotKeys() override { return desktop_.hotKeys(); }
   MainQueue& mainQueue() override { return desktop_.mainQueue(); }
   PointerMonitor& pointer() override { return desktop_.pointerMonitor(); }
@@ -28,7 +32,12 @@ public:
   void callOffDrag() override { desktop_.mouse.cancel(); }
 
   bool settle(const std::function<bool()>& condition) override {
+    constexpr std::chrono::milliseconds step{1};
     desktop_.time.runDue();
+    for (int steps = 0; steps < 1000; ++steps) {
+      if (condition()) return true;
+      desktop_.time.advance(step);
+    }
     return condition();
   }
 

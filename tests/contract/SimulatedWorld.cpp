@@ -9,6 +9,8 @@ std::unique_ptr<World> makeSimulatedWorld() { return std::make_unique<SimulatedW
 
 INSTANTIATE_TEST_SUITE_P(Simulated, WindowProviderContract, testing::Values(&makeSimulatedWorld));
 INSTANTIATE_TEST_SUITE_P(Simulated, ReportedFrameContract, testing::Values(&makeSimulatedWorld));
+INSTANTIATE_TEST_SUITE_P(Simulated, LargeWindowContract, testing::Values(&makeSimulatedWorld));
+INSTANTIATE_TEST_SUITE_P(Simulated, MaximizedWindowContract, testing::Values(&makeSimulatedWorld));
 INSTANTIATE_TEST_SUITE_P(Simulated, HotKeysContract, testing::Values(&makeSimulatedWorld));
 INSTANTIATE_TEST_SUITE_P(Simulated, MainQueueContract, testing::Values(&makeSimulatedWorld));
 INSTANTIATE_TEST_SUITE_P(Simulated, PointerContract, testing::Values(&makeSimulatedWorld));

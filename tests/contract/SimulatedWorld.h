@@ -26,6 +26,7 @@ public:
   void focus(Window window) override { desktop_.windows.focus(handle(window)); }
   void minimize(Window window) override { desktop_.windows.minimize(handle(window)); }
   void maximize(Window window) override { desktop_.windows.maximize(handle(window)); }
+  void unmaximize(Window window) override { desktop_.windows.unmaximize(handle(window)); }
   void moveByHand(Window window, const Rect& frame) override {
     desktop_.windows.moveByHand(handle(window), frame);
   }

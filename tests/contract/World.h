@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/geometry/Rect.h"
@@ -56,6 +57,7 @@ public:
   virtual void focus(Window window) = 0;
   virtual void minimize(Window window) = 0;
   virtual void maximize(Window window) = 0;
+  virtual void unmaximize(Window window) = 0;
   virtual void moveByHand(Window window, const Rect& frame) = 0;
   /// The window's actual frame including decorations, read without the adapter; nothing if it is not open.
   virtual std::optional<Rect> standing(Window window) = 0;
@@ -144,6 +146,24 @@ protected:
   static testing::AssertionResult isNearInSteps(const std::optional<Rect>& seen, const Rect& asked);
 };
 
+/// For windows that cannot be as small as the tile they are to fill.
+class LargeWindowContract : public WindowProviderContract {
+protected:
+  /// Opens a focused window that is never smaller than about three fifths of the visible frame.
+  World::Window openLarge();
+  /// Waits until the window, larger than this tile at the visible frame's edge, stands at its outer edges and
+  /// is reported at the tile.
+  testing::AssertionResult comesToOuterEdges(World::Window window, const Rect& tile);
+};
+
+/// For desktops where being maximised is a state of its own beside a window's frame.
+class MaximizedWindowContract : public WindowProviderContract {
+protected:
+  void maximize(World::Window window);
+  /// Waits until the window is maximised, and is reported like that.
+  testing::AssertionResult isMaximizedAt(World::Window window, const Rect& frame);
+};
+
 class HotKeysContract : public Contract {
 protected:
   void SetUp() override;
@@ -168,9 +188,18 @@ protected:
   testing::AssertionResult received(const std::vector<PointerEvent>& events);
   /// Waits until all pending events have arrived.
   void letArrive();
+  /// Presses the button and drags to a place, until that is told. What is told of this drag is in `places`.
+  void takeHoldAndDrag(Point to);
+  /// Releases the button right after the pointer has come there.
+  void letGoInMotion(Point at);
+  /// Waits until this is the last that was told.
+  testing::AssertionResult isTold(PointerEvent event, Point place);
 
   PointerMonitor& pointer = world->pointer();
   std::vector<PointerEvent> seen;
+  /// An event, and where the pointer was for those who were told of it.
+  using Placed = std::pair<PointerEvent, Point>;
+  std::vector<Placed> places;
   std::vector<std::unique_ptr<PointerMonitor::Token>> tokens;
 };
 

@@ -3,40 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <optional>
-#include <vector>
 
-#include "platform/qt/QtMainQueue.h"
-#include "tests/contract/TestLogs.h"
-#include "tests/desktop/harness/Session.h"
+#include "tests/contract/ReadDisplays.h"
 
 namespace tilwin::x11 {
 
 namespace {
-
-/// What is read of a desktop's displays.
-class ReadDisplays {
-public:
-  explicit ReadDisplays(desktop::Session& session) {
-    setenv("DISPLAY", session.server().display().c_str(), 1);
-    x_.emplace(log_);
-    displays_.emplace(*x_, queue_);
-  }
-
-  /// As they are once every event so far has been handled.
-  const std::vector<DisplayInfo>& current() {
-    const desktop::XcbPtr<xcb_get_input_focus_reply_t> afterEvents(
-        xcb_get_input_focus_reply(x_->get(), xcb_get_input_focus(x_->get()), nullptr));
-    x_->dispatch();
-    return displays_->current();
-  }
-
-private:
-  FailingLog log_;
-  qt::QtMainQueue queue_;
-  std::optional<X11Connection> x_;
-  std::optional<X11Displays> displays_;
-};
 
 constexpr Rect whole{0, 0, 1920, 1080};
 

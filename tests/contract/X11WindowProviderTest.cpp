@@ -50,6 +50,7 @@ TEST_F(X11Windows, AWindowMaximisedInOneDirectionIsReleasedAndMoved) {
   const Rect target{300, 200, 500, 400};
   for (const auto state : {WindowState::maximizedVertically, WindowState::maximizedHorizontally}) {
     const auto window = open({.title = "text"});
+    x->dispatch();  // it may have the number of the one that was closed
     ASSERT_TRUE(session.desktop().activate(window.id()));
     session.desktop().set(window.id(), state, true);
     ASSERT_TRUE(session.desktop().waitUntil([&] { return session.desktop().has(window.id(), state); }));
@@ -98,28 +99,6 @@ TEST_F(X11Windows, AWindowThatClosedUnnoticedIsNotMoved) {
   window.destroy();
   ASSERT_TRUE(session.desktop().waitUntil([&] { return session.desktop().clients().empty(); }));
   EXPECT_FALSE(provider->setFrame(id, {300, 200, 500, 400}));
-}
-
-TEST_F(X11Windows, AWindowThatLeavesTheClientListIsAnotherWindowWhenItIsBack) {
-  const auto window = open({.title = "text"});
-  session.manager().stop();
-  auto& manager = session.desktop().connection();
-  const auto idWhenListed = [&](const std::vector<std::uint32_t>& windows) {
-    xcb_change_property(manager.get(), XCB_PROP_MODE_REPLACE, manager.root(),
-                        manager.atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW, 32,
-                        static_cast<std::uint32_t>(windows.size()), windows.data());
-    manager.sync();
-    (void)titleAt(inWindow);  // answered after the event has been sent
-    x->dispatch();
-    const auto found = provider->window(inWindow);
-    return found ? std::optional(found->id) : std::nullopt;
-  };
-  const auto first = idWhenListed({window.id()});
-  ASSERT_TRUE(first);
-  EXPECT_EQ(idWhenListed({}), std::nullopt);
-  const auto second = idWhenListed({window.id()});
-  ASSERT_TRUE(second);
-  EXPECT_NE(second, first);
 }
 
 TEST_F(X11Windows, AWindowIsNoLongerHeldOnceTheNextDragLooksForItsOwn) {

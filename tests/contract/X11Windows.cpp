@@ -4,6 +4,8 @@
 
 #include <cstdlib>
 
+#include "tests/contract/MainLoop.h"
+
 namespace tilwin::x11 {
 
 X11Windows::X11Windows() {
@@ -42,6 +44,7 @@ std::optional<WindowInfo> X11Windows::listed(const std::string& title) {
 testing::AssertionResult X11Windows::comesToStandAt(const desktop::TestWindow& window, const Rect& frame) {
   const bool came = session.desktop().waitUntil([&] {
     x->dispatch();
+    runMainLoop(desktop::Milliseconds{1});
     return session.desktop().frame(window.id()) == frame;
   });
   return came ? testing::AssertionSuccess() : testing::AssertionFailure() << "the window never arrived";

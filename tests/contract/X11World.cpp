@@ -58,7 +58,7 @@ class X11World : public World {
 public:
   X11World() {
     queue_.watch(x_.fileDescriptor(), [this] { x_.dispatch(); });
-    queue_.beforeEachSleep([this] { x_.dispatchQueued(); });
+    queue_.beforeEachSleep([this] { return x_.dispatchQueued(); });
     session().desktop().waitUntil([] { return session().desktop().clients().empty(); });
   }
 
@@ -93,6 +93,7 @@ public:
     session().desktop().set(handle(window), desktop::WindowState::hidden, true);
   }
   void maximize(Window window) override { session().desktop().setMaximized(handle(window), true); }
+  void unmaximize(Window window) override { session().desktop().setMaximized(handle(window), false); }
   void moveByHand(Window window, const Rect& frame) override {
     runMainLoop(reaction);
     session().desktop().place(handle(window), frame);
@@ -164,6 +165,8 @@ std::unique_ptr<World> makeX11World() {
 
 INSTANTIATE_TEST_SUITE_P(X11, WindowProviderContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, ReportedFrameContract, testing::Values(&makeX11World));
+INSTANTIATE_TEST_SUITE_P(X11, LargeWindowContract, testing::Values(&makeX11World));
+INSTANTIATE_TEST_SUITE_P(X11, MaximizedWindowContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, HotKeysContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, MainQueueContract, testing::Values(&makeX11World));
 INSTANTIATE_TEST_SUITE_P(X11, PointerContract, testing::Values(&makeX11World));

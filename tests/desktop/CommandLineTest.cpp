@@ -133,11 +133,4 @@ TEST_F(CommandLine, ShadowReportLeavesTheLogAsItIs) {
   EXPECT_EQ(std::filesystem::file_size(log), lines.size());
 }
 
-TEST_F(CommandLine, ShadowReportPrintsNothingForAUserWithoutAHome) {
-  Environment homeless;
-  homeless.set("XDG_DATA_HOME", "");
-  homeless.set("HOME", "");
-  EXPECT_EQ(outputOf("--shadow-report", homeless), "");
-}
-
 }  // namespace tilwin::desktop

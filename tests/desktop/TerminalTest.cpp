@@ -49,7 +49,7 @@ TEST_F(Terminals, ATerminalMovedByHandAfterASnapIsSnappedAgain) {
   ASSERT_TRUE(stands(terminal.window(), leftHalf, 20));
   const Rect snapped = settled(terminal.window());
   placeByHand(terminal.window(), {300, 200, snapped.width, snapped.height});
-  ASSERT_TRUE(desktop().waitUntil([&] { return desktop().frame(terminal.window()).value().x == 300; }));
+  ASSERT_TRUE(desktop().waitUntil([&] { return desktop().frame(terminal.window()).value().x > 200; }));
   press(leftHalfKeys);
   EXPECT_TRUE(stands(terminal.window(), snapped));
 }

@@ -177,6 +177,19 @@ TEST_F(Windows, AWindowMovedByHandAfterASnapIsSnappedAgain) {
   EXPECT_TRUE(stands(window.id(), leftHalf));
 }
 
+TEST_F(Windows, AWindowMovedBySomebodyElseRightAfterASnapIsKnownToStandThere) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  constexpr Rect centered{560, 240, 800, 600};
+  press("Control+Alt+c");
+  ASSERT_TRUE(stands(window.id(), centered));
+  desktop().place(window.id(), startFrame);
+  ASSERT_TRUE(stands(window.id(), startFrame));
+  desktop().settle(Milliseconds{300});  // longer than a manager's answer lasts
+  press("Control+Alt+c");
+  EXPECT_TRUE(stands(window.id(), centered));
+}
+
 TEST_F(Windows, ANewWindowThatGetsTheNumberOfAClosedOneIsNotRestoredToItsFrame) {
   WindowId closed = 0;
   {

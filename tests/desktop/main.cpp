@@ -10,9 +10,8 @@
 namespace {
 
 [[noreturn]] void usage() {
-  std::fputs(
-      "to be given: --tilwin PROGRAM --window-manager openbox|xfwm4|metacity|kwin [--pictures FOLDER]\n",
-      stderr);
+  std::fprintf(stderr, "to be given: --tilwin PROGRAM --window-manager %s [--pictures FOLDER]\n",
+               tilwin::desktop::managerNames().c_str());
   std::exit(2);
 }
 

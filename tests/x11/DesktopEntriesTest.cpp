@@ -7,6 +7,8 @@
 #include <fstream>
 #include <string>
 
+#include "tests/contract/NamedPipe.h"
+
 namespace tilwin::x11 {
 
 namespace {
@@ -54,6 +56,11 @@ TEST_F(InstalledApplications, AreFoundByAClassThatIsTheIdWithCapitals) {
 TEST_F(InstalledApplications, ThatHaveNoEntryAreCalledByTheirClass) {
   EXPECT_EQ(entries.nameOf("xclock-tilwin-test", "XClock"), "XClock");
   EXPECT_EQ(entries.nameOf("", "XClock"), "XClock");
+}
+
+TEST_F(InstalledApplications, WhoseEntryIsANamedPipeAreNotWaitedFor) {
+  const auto pipe = folder_ / "applications" / "pipe.desktop";
+  EXPECT_FALSE(waitsForNamedPipe(pipe, [&] { EXPECT_EQ(entries.nameOf("pipe", "Pipe"), "Pipe"); }));
 }
 
 TEST_F(InstalledApplications, CannotPointOutOfTheFolderOfApplications) {

@@ -27,6 +27,11 @@ TEST(FrameShape, AWindowWithAShadowIsAskedToReachBeyondItsFrame) {
   EXPECT_EQ(shadowed.requestForFrame({0, 0, 800, 600}), (Rect{-26, -23, 856, 652}));
 }
 
+TEST(FrameShape, AFramesSizeFollowsFromThatOfTheClientArea) {
+  EXPECT_EQ(decorated.frameSizeOf({800, 600}), (Size{803, 625}));
+  EXPECT_EQ(shadowed.frameSizeOf({856, 652}), (Size{800, 600}));
+}
+
 TEST(FrameShape, AFrameSmallerThanItsDecorationAsksForOnePoint) {
   const Rect request = decorated.requestForFrame({0, 0, 2, 10});
   EXPECT_EQ(request.width, 1);

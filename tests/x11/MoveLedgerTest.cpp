@@ -57,6 +57,15 @@ TEST_F(AnsweredMove, AWindowThatWentUnseenIsReportedWhereItStandsEvenAfterItCome
   EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(13)), roundedToCells);
 }
 
+TEST_F(AnsweredMove, WhatComesAfterTheRequestWasMadeAgainIsTheAnswer) {
+  ledger.repeated(terminal, Seconds(10.3));
+  EXPECT_TRUE(ledger.configured(terminal, Seconds(10.4)));
+  EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(11)), askedFor);
+  EXPECT_FALSE(ledger.configured(terminal, Seconds(12)));
+  ledger.repeated(terminal, Seconds(12));
+  EXPECT_FALSE(ledger.configured(terminal, Seconds(12))) << "there is nothing to repeat";
+}
+
 TEST_F(AnsweredMove, AClosedWindowIsForgotten) {
   ledger.forget(terminal);
   EXPECT_EQ(ledger.reported(terminal, roundedToCells, Seconds(11)), roundedToCells);
@@ -131,6 +140,37 @@ TEST(MoveLedger, ARequestCanBeCorrectedForAShortTimeOnly) {
   EXPECT_EQ(request->shape, shape);
   EXPECT_TRUE(ledger.correctable(terminal, Seconds(11)));
   EXPECT_FALSE(ledger.correctable(terminal, Seconds(11.001)));
+}
+
+TEST(MoveLedger, ARequestThatIsNotToBeCorrectedIsNot) {
+  MoveLedger ledger;
+  ledger.asked(terminal, {.frame = askedFor, .shape = {}, .isCorrectable = false}, Seconds(10));
+  EXPECT_FALSE(ledger.correctable(terminal, Seconds(10.1)));
+}
+
+TEST(MoveLedger, CorrectionsDoNotMakeThatTimeLonger) {
+  MoveLedger ledger;
+  const FrameShape shape{.decoration = {1, 1, 20, 1}, .shadow = {}};
+  ledger.asked(terminal, {askedFor, {}}, Seconds(10));
+  ledger.corrected(terminal, {askedFor, shape}, Seconds(10.9));
+  const auto request = ledger.correctable(terminal, Seconds(11));
+  ASSERT_TRUE(request);
+  EXPECT_EQ(request->frame, askedFor);
+  EXPECT_EQ(request->shape, shape);
+  EXPECT_FALSE(ledger.correctable(terminal, Seconds(11.001)));
+  EXPECT_EQ(ledger.reported(terminal, elsewhere, Seconds(11.3)), askedFor);
+}
+
+TEST(MoveLedger, ARequestIsCorrectedAFewTimesOnly) {
+  MoveLedger ledger;
+  ledger.asked(terminal, {askedFor, {}}, Seconds(10));
+  for (int times = 0; times < MoveLedger::mostCorrections; ++times) {
+    ASSERT_TRUE(ledger.correctable(terminal, Seconds(10.1)));
+    ledger.corrected(terminal, {askedFor, {}}, Seconds(10.1));
+  }
+  EXPECT_FALSE(ledger.correctable(terminal, Seconds(10.1)));
+  ledger.asked(terminal, {askedFor, {}}, Seconds(10.2));
+  EXPECT_TRUE(ledger.correctable(terminal, Seconds(10.3)));
 }
 
 namespace {

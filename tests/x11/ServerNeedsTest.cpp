@@ -6,12 +6,7 @@ namespace tilwin::x11 {
 
 namespace {
 
-constexpr ServerNeeds everything{.randr = {1, 6},
-                                 .xinput = {2, 4},
-                                 .xkb = {1, 0},
-                                 .shape = {1, 1},
-                                 .windowManager = true,
-                                 .moveResize = true};
+constexpr ServerNeeds everything{.randr = {1, 6}, .xinput = {2, 4}, .xkb = {1, 0}, .shape = {1, 1}};
 
 struct Lack {
   const char* name;
@@ -24,13 +19,6 @@ class MissingNeed : public testing::TestWithParam<Lack> {};
 }  // namespace
 
 TEST(ServerNeeds, AServerWithAllOfThemLacksNothing) { EXPECT_FALSE(missing(everything)); }
-
-TEST(ServerNeeds, WithoutAWindowManagerNothingIsMissingAsItMayStartLater) {
-  ServerNeeds offered = everything;
-  offered.windowManager = false;
-  offered.moveResize = false;
-  EXPECT_FALSE(missing(offered));
-}
 
 TEST_P(MissingNeed, IsNamedInOneLine) {
   ServerNeeds offered = everything;
@@ -62,9 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
                          },
                          "SHAPE extension 1.1"},
                     Lack{"NoShapeAtAll", [](ServerNeeds& offered) { offered.shape = {}; },
-                         "SHAPE extension 1.1"},
-                    Lack{"MoveResize", [](ServerNeeds& offered) { offered.moveResize = false; },
-                         "_NET_MOVERESIZE_WINDOW"}),
+                         "SHAPE extension 1.1"}),
     [](const auto& entry) { return std::string(entry.param.name); });
 
 }  // namespace tilwin::x11

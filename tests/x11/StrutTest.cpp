@@ -44,6 +44,17 @@ Rect leftInTower(const Rect& monitor, const Numbers& partial) {
   return visibleFrame(monitor, strutsOf(partial, {}, tower));
 }
 
+constexpr std::array monitors{small, large};
+
+/// What is left of a monitor by a panel that takes up this area.
+Rect leftOfSeen(const Rect& monitor, const Rect& area, const Numbers& partial, const Numbers& whole = {}) {
+  std::vector<Strut> seen;
+  for (const auto& told : strutsOf(partial, whole, desktop)) {
+    seen.push_back(strutSeenAt(area, told, monitors));
+  }
+  return visibleFrame(monitor, seen);
+}
+
 }  // namespace
 
 TEST(Strut, ATopPanelTakesRoomOnItsMonitorAlone) {
@@ -116,6 +127,31 @@ TEST(Strut, AShortPropertyCountsAsMissing) {
 
 TEST(Strut, AStrutThatWouldLeaveNothingIsPassedOver) {
   EXPECT_EQ(leftOf(small, partialTop(2000, 0, 1919)), small);
+}
+
+TEST(Strut, APanelIsWhereItIsSeenAlongItsEdge) {
+  EXPECT_EQ(leftOfSeen(small, {0, 0, 1920, 26}, {}, {0, 0, 26, 0}), (Rect{0, 26, 1920, 1054}));
+  EXPECT_EQ(leftOfSeen(large, {0, 0, 1920, 26}, {}, {0, 0, 26, 0}), large);
+  EXPECT_EQ(leftOfSeen(large, {1920, 0, 2560, 26}, partialTop(26, 0, 0)), (Rect{1920, 26, 2560, 1414}));
+  EXPECT_EQ(leftOfSeen(small, {1920, 0, 2560, 26}, partialTop(26, 0, 0)), small);
+  EXPECT_EQ(leftOfSeen(large, {0, 0, 1920, 26}, partialTop(26, 0, 1920)), large);
+}
+
+TEST(Strut, APanelToldFromTheEdgeOfItsMonitorTakesRoomThere) {
+  EXPECT_EQ(leftOfSeen(small, {0, 1057, 1920, 23}, partialBottom(23, 0, 1920)), (Rect{0, 0, 1920, 1057}));
+  EXPECT_EQ(leftOfSeen(large, {0, 1057, 1920, 23}, partialBottom(23, 0, 1920)), large);
+  EXPECT_EQ(leftOfSeen(large, {1920, 0, 50, 1440}, partialLeft(50, 0, 1439)), (Rect{1970, 0, 2510, 1440}));
+}
+
+TEST(Strut, APanelMayReserveMoreThanItsDepth) {
+  EXPECT_EQ(leftOfSeen(small, {0, 0, 1920, 1}, partialTop(40, 0, 1919)), (Rect{0, 40, 1920, 1040}));
+  EXPECT_EQ(leftOfSeen(large, {4430, 0, 50, 1440}, partialRight(60, 0, 1439)), (Rect{1920, 0, 2500, 1440}));
+}
+
+TEST(Strut, APanelThatIsSeenAtNoEdgeTakesTheRoomItTells) {
+  EXPECT_EQ(leftOfSeen(small, {0, -30, 1920, 30}, partialTop(30, 0, 1919)), (Rect{0, 30, 1920, 1050}));
+  EXPECT_EQ(leftOfSeen(large, {2500, 500, 400, 300}, partialLeft(100, 0, 1079)), large);
+  EXPECT_EQ(leftOfSeen(small, {2500, 500, 400, 300}, partialLeft(100, 0, 1079)), (Rect{100, 0, 1820, 1080}));
 }
 
 }  // namespace tilwin::x11

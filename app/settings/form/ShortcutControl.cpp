@@ -2,6 +2,7 @@
 
 #include "app/settings/form/FormIds.h"
 #include "core/settings/KeyNames.h"
+#include "core/settings/ShortcutRules.h"
 
 namespace tilwin {
 
@@ -20,6 +21,9 @@ std::string ShortcutControl::problem(const FormState& state, std::string_view ad
   const auto rejected = state.problems.find(FormIds::of(FormIds::shortcut, owner));
   if (rejected != state.problems.end()) return rejected->second;
   if (!state.unavailable.contains(owner)) return {};
+  if (const auto first = ShortcutRules::usedEarlier(owner, state.settings)) {
+    return ShortcutRules::message(*first, state.wording);
+  }
   return "Another app already uses this shortcut, so it does not work." + std::string(advice);
 }
 

@@ -15,8 +15,8 @@ struct ShortcutControl {
   std::string_view emptyTitle;  ///< shown if there is no shortcut
 
   [[nodiscard]] FormRecorder recorder(const FormState& state) const;
-  /// Why the last recorded keys were rejected, or that another program holds the shortcut; empty if it is
-  /// fine. `advice` follows the latter.
+  /// Why the last recorded keys were rejected, or who else has the shortcut; empty if it is fine. `advice`
+  /// follows if that is another program.
   [[nodiscard]] std::string problem(const FormState& state, std::string_view advice = {}) const;
 };
 

@@ -13,12 +13,14 @@
 #include <QStandardPaths>
 #include <QThread>
 
+#include "core/support/AtomicFile.h"
+
 namespace tilwin::qt {
 namespace {
 
 constexpr int portalTimeout = 3000;  // ms; the bus may have to start the portal
 constexpr int longestWait = 40;      // ms, of the window being opened
-constexpr qint64 longestGtkSettings = 65536;
+constexpr std::size_t longestGtkSettings = 65536;
 
 /// A program on a bus can be asked; without a bus, Qt would start one.
 bool hasSessionBus() {
@@ -74,9 +76,9 @@ ColourScheme::Wish ColourScheme::inGtkSettings(const QString& text) {
 
 ColourScheme::Wish ColourScheme::ofGtk() {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-  QFile file(folder + QStringLiteral("/gtk-3.0/settings.ini"));
-  if (!file.open(QIODevice::ReadOnly)) return Wish::none;
-  return inGtkSettings(QString::fromUtf8(file.read(longestGtkSettings)));
+  const auto text =
+      AtomicFile::read((folder + QStringLiteral("/gtk-3.0/settings.ini")).toStdString(), longestGtkSettings);
+  return text ? inGtkSettings(QString::fromStdString(*text)) : Wish::none;
 }
 
 void ColourScheme::ask() {

@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 using Status = LoginService::Status;
 
-constexpr const char* noConfigHome = "neither XDG_CONFIG_HOME nor HOME names a folder";
+constexpr const char* noConfigHome = "there is no home folder";
 /// In bytes; entries are a few hundred.
 constexpr std::size_t largestEntry = 65536;
 

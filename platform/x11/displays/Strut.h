@@ -26,6 +26,13 @@ struct Strut {
 [[nodiscard]] std::vector<Strut> strutsOf(const std::vector<std::uint32_t>& partial,
                                           const std::vector<std::uint32_t>& whole, const Rect& desktop);
 
+/// The strut of a panel that is seen to take up `area`, in points. Window managers that keep panels to
+/// themselves do not need their numbers, and many of those are off: they leave out where along the edge the
+/// panel is, or count from the edge of its monitor instead of the desktop's. So the panel's place along the
+/// edge counts, and its depth if the told room is elsewhere. A panel that is elsewhere itself, at no edge of
+/// one of the monitors, keeps the strut as told.
+[[nodiscard]] Strut strutSeenAt(const Rect& area, const Strut& told, std::span<const Rect> monitors);
+
 /// The part of the monitor outside all struts. A strut that would leave nothing of the monitor belongs to a
 /// panel on another monitor and is ignored.
 [[nodiscard]] Rect visibleFrame(const Rect& monitor, std::span<const Strut> struts);

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
+#include "platform/x11/displays/UnlistedWindows.h"
 #include "platform/x11/wire/ClientList.h"
 #include "platform/x11/wire/Property.h"
 #include "platform/x11/wire/Reply.h"
@@ -16,8 +18,10 @@ namespace {
 
 constexpr MainQueue::Seconds soon{0.02};
 
-constexpr std::array changesOnRoot{Atom::netClientList, Atom::netWorkarea};
+constexpr std::array changesOnRoot{Atom::netClientList, Atom::netCurrentDesktop, Atom::netSupported,
+                                   Atom::netWorkarea};
 constexpr std::array changesOnPanel{Atom::netWmStrut, Atom::netWmStrutPartial};
+constexpr std::uint32_t panelEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 
 DisplayInfo displayFor(const xcb_randr_monitor_info_t& monitor) {
   const Rect frame{static_cast<double>(monitor.x), static_cast<double>(monitor.y),
@@ -37,13 +41,27 @@ std::vector<DisplayInfo> monitorsIn(const xcb_randr_get_monitors_reply_t& reply)
   return result;
 }
 
-struct StrutQuestions {
+}  // namespace
+
+/// The requests for the struts of one window; `area` is set for those that are not listed.
+struct X11Displays::StrutQuestions {
   xcb_window_t window;
+  std::optional<Rect> area;
   PropertyRequest partial;
   PropertyRequest whole;
 };
 
-}  // namespace
+std::vector<X11Displays::StrutQuestions> X11Displays::askForStruts(std::span<const xcb_window_t> listed,
+                                                                   const UnlistedWindows& unlisted) const {
+  std::vector<StrutQuestions> asked;
+  const auto ask = [&](xcb_window_t window, std::optional<Rect> area) {
+    asked.push_back({window, area, PropertyRequest(x_.get(), window, x_.atom(Atom::netWmStrutPartial)),
+                     PropertyRequest(x_.get(), window, x_.atom(Atom::netWmStrut))});
+  };
+  for (const auto window : listed) ask(window, std::nullopt);
+  for (const auto& [window, area] : unlisted.windows) ask(window, area);
+  return asked;
+}
 
 X11Displays::X11Displays(X11Connection& x, MainQueue& queue)
     : x_(x), queue_(queue), reading_(queue, soon, [this] { refresh(); }) {
@@ -61,10 +79,39 @@ X11Displays::X11Displays(X11Connection& x, MainQueue& queue)
   x_.onEvent(XCB_PROPERTY_NOTIFY, [this](const xcb_generic_event_t& event) {
     propertyChanged(reinterpret_cast<const xcb_property_notify_event_t&>(event));
   });
+  listenToPanels();
   displays_ = read().value_or(displays_);
 }
 
+/// Panels that the window manager does not list may come, go and come back without a change on the root.
+void X11Displays::listenToPanels() {
+  const auto stale = [this](xcb_window_t window) {
+    if (panels_.contains(window)) reading_.need();
+  };
+  x_.onEvent(XCB_MAP_NOTIFY, [stale](const xcb_generic_event_t& event) {
+    stale(reinterpret_cast<const xcb_map_notify_event_t&>(event).window);
+  });
+  x_.onEvent(XCB_UNMAP_NOTIFY, [stale](const xcb_generic_event_t& event) {
+    stale(reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window);
+  });
+  x_.onEvent(XCB_DESTROY_NOTIFY, [this](const xcb_generic_event_t& event) {
+    // Its number may soon be that of another one.
+    if (panels_.erase(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window) > 0) reading_.need();
+  });
+}
+
+void X11Displays::askAhead() { children_.emplace(x_.get(), xcb_query_tree(x_.get(), x_.root())); }
+
+/// Whether the root has got a child since the last reading, as far as was asked ahead.
+bool X11Displays::hasNewWindow() {
+  auto asked = std::exchange(children_, std::nullopt);
+  if (!asked) return false;
+  const auto isNew = [this](xcb_window_t window) { return !onRoot_.contains(window); };
+  return std::ranges::any_of(childrenIn(*asked), isNew);
+}
+
 const std::vector<DisplayInfo>& X11Displays::current() {
+  if (hasNewWindow()) reading_.need();
   reading_.doNow();
   return displays_;
 }
@@ -74,7 +121,7 @@ void X11Displays::propertyChanged(const xcb_property_notify_event_t& event) {
     return std::ranges::any_of(atoms, [&](Atom atom) { return x_.atom(atom) == event.atom; });
   };
   const bool onRoot = event.window == x_.root() && concerns(changesOnRoot);
-  const bool onPanel = std::ranges::find(panels_, event.window) != panels_.end() && concerns(changesOnPanel);
+  const bool onPanel = panels_.contains(event.window) && concerns(changesOnPanel);
   if (onRoot || onPanel) reading_.need();
 }
 
@@ -88,37 +135,45 @@ void X11Displays::refresh() {
 }
 
 std::optional<std::vector<DisplayInfo>> X11Displays::read() {
+  // One round trip for all. The work area comes before the size of the screen, lest a new one be taken for
+  // that of the old screen.
+  PropertyRequest workspace(x_.get(), x_.root(), x_.atom(Atom::netCurrentDesktop));
+  PropertyRequest workArea(x_.get(), x_.root(), x_.atom(Atom::netWorkarea));
   Pending<xcb_randr_get_monitors_reply> monitors(x_.get(), xcb_randr_get_monitors(x_.get(), x_.root(), 1));
   Pending<xcb_get_geometry_reply> whole(x_.get(), xcb_get_geometry(x_.get(), x_.root()));
+  PropertyRequest clients(x_.get(), x_.root(), x_.atom(Atom::netClientList), mostWindows);
   const auto monitorsReply = monitors.collect();
   const auto wholeReply = whole.collect();
   if (!monitorsReply || !wholeReply) return std::nullopt;
   auto displays = monitorsIn(*monitorsReply);
-  const auto struts =
-      readStruts({0, 0, static_cast<double>(wholeReply->width), static_cast<double>(wholeReply->height)});
+  const Rect desktop{0, 0, static_cast<double>(wholeReply->width), static_cast<double>(wholeReply->height)};
+  const auto listed = clients.numbers();
+  const auto unlisted = unlistedWindows(x_, listed);
+  onRoot_ = {unlisted.onRoot.begin(), unlisted.onRoot.end()};
+  std::vector<Rect> frames;
+  std::ranges::transform(displays, std::back_inserter(frames), &DisplayInfo::frame);
+  const auto struts = readStruts(askForStruts(listed, unlisted), desktop, frames);
   for (auto& display : displays) display.visibleFrame = visibleFrame(display.frame, struts);
+  // A manager that does not use the property leaves in it what the one before wrote there.
+  if (const auto free = workAreaOf(workArea.numbers(), workspace.number().value_or(0));
+      free && x_.managerSupports(Atom::netWorkarea)) {
+    workArea_.apply(*free, desktop, unlisted.areas, displays);
+  }
   return displays;
 }
 
-std::vector<Strut> X11Displays::readStruts(const Rect& desktop) {
-  std::vector<StrutQuestions> asked;
-  for (const auto window : managedWindows(x_)) {
-    asked.push_back({window, PropertyRequest(x_.get(), window, x_.atom(Atom::netWmStrutPartial)),
-                     PropertyRequest(x_.get(), window, x_.atom(Atom::netWmStrut))});
-  }
+std::vector<Strut> X11Displays::readStruts(std::vector<StrutQuestions> asked, const Rect& desktop,
+                                           std::span<const Rect> monitors) {
   std::vector<Strut> result;
-  std::vector<xcb_window_t> panels;
   for (auto& questions : asked) {
     const auto struts = strutsOf(questions.partial.numbers(), questions.whole.numbers(), desktop);
-    if (struts.empty()) continue;
-    result.insert(result.end(), struts.begin(), struts.end());
-    panels.push_back(questions.window);
-    constexpr std::uint32_t watch = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    if (std::ranges::find(panels_, questions.window) == panels_.end()) {
-      xcb_change_window_attributes(x_.get(), questions.window, XCB_CW_EVENT_MASK, &watch);
+    for (const auto& told : struts) {
+      result.push_back(questions.area ? strutSeenAt(*questions.area, told, monitors) : told);
     }
+    if (struts.empty() || !panels_.insert(questions.window).second) continue;
+    x_.masks().select(this, questions.window, panelEvents);
+    reading_.need();  // it may have changed just before
   }
-  panels_ = std::move(panels);
   return result;
 }
 

@@ -16,10 +16,6 @@ namespace {
 /// A change of the keyboard layout causes a burst of events.
 constexpr MainQueue::Seconds afterBurst{0.05};
 
-/// In milliseconds, longer than any delay before a held key repeats. After a longer silence a press is no
-/// repetition: the release was lost, for instance when the user switched to another console.
-constexpr xcb_timestamp_t longestSilence = 5000;
-
 }  // namespace
 
 X11HotKeys::X11HotKeys(X11Connection& x, MainQueue& queue)
@@ -48,7 +44,7 @@ void X11HotKeys::listenToEvents() {
     keyPressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
   });
   x_.onEvent(XCB_KEY_RELEASE, [this](const xcb_generic_event_t& event) {
-    keyReleased(reinterpret_cast<const xcb_key_release_event_t&>(event));
+    held_.release(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
   });
 }
 
@@ -86,6 +82,9 @@ bool X11HotKeys::grab(const KeyChord& chord) const {
     const Reply<xcb_generic_error_t> refusal(xcb_request_check(x_.get(), cookie));
     granted = granted && !refusal;
   }
+  // A server that has gone refuses nothing.
+  x_.tellIfLost();
+  granted = granted && !x_.isLost();
   if (!granted) ungrab(chord);
   return granted;
 }
@@ -97,28 +96,11 @@ void X11HotKeys::ungrab(const KeyChord& chord) const {
 }
 
 void X11HotKeys::keyPressed(const xcb_key_press_event_t& event) {
-  if (isRepeat(event)) return;
-  if (grabbingKey_ == 0) grabbingKey_ = event.detail;
+  if (!held_.press(event.detail, event.time)) return;
   const KeyChord chord{event.detail, keyboard_.chordModifiers(event.state)};
   const auto found =
       std::ranges::find_if(registrations_, [&](const auto& entry) { return entry.second.chord == chord; });
   if (found != registrations_.end() && handler_) handler_(found->second.identity.id);
-}
-
-/// With detectable auto-repeat, a held key sends presses without releases in between.
-bool X11HotKeys::isRepeat(const xcb_key_press_event_t& event) {
-  const auto [entry, isNew] = down_.try_emplace(event.detail, event.time);
-  const xcb_timestamp_t silence = event.time - std::exchange(entry->second, event.time);
-  return !isNew && silence < longestSilence;
-}
-
-/// The grab lasts until the key that activated it is released. Releases of other keys after that do not reach
-/// this program, so it forgets them all.
-void X11HotKeys::keyReleased(const xcb_key_release_event_t& event) {
-  down_.erase(event.detail);
-  if (event.detail != grabbingKey_) return;
-  grabbingKey_ = 0;
-  down_.clear();
 }
 
 void X11HotKeys::rereadKeyboard() {

@@ -6,6 +6,7 @@
 
 #include "platform/ports/HotKeys.h"
 #include "platform/ports/MainQueue.h"
+#include "platform/x11/input/HeldKeys.h"
 #include "platform/x11/input/X11Keyboard.h"
 #include "platform/x11/wire/DeferredWork.h"
 #include "platform/x11/wire/X11Connection.h"
@@ -42,8 +43,6 @@ private:
 
   void listenToEvents();
   void keyPressed(const xcb_key_press_event_t& event);
-  void keyReleased(const xcb_key_release_event_t& event);
-  [[nodiscard]] bool isRepeat(const xcb_key_press_event_t& event);
   [[nodiscard]] bool grab(const KeyChord& chord) const;
   void ungrab(const KeyChord& chord) const;
   [[nodiscard]] std::optional<KeyChord> grabFor(const HotKeySpec& spec) const;
@@ -55,8 +54,7 @@ private:
   Reference nextReference_ = 1;
   PressHandler handler_;
   std::function<void()> onChange_;
-  xcb_keycode_t grabbingKey_ = 0;                  ///< the key whose passive grab is active now; 0 for none
-  std::map<xcb_keycode_t, xcb_timestamp_t> down_;  ///< keys held down, with the time of their last event
+  HeldKeys held_;
   DeferredWork keyboardReading_;
 };
 

@@ -21,9 +21,11 @@ public:
   /// Requests the frame of the held window, if there is one. The next call of `frame` uses the reply, unless
   /// an event arrives in between.
   void askAhead();
-  /// The current frame of the window, in at most one round trip; nothing if it is gone. The window is held
-  /// from now on.
+  /// The current frame of the window, in at most one round trip if the window manager tells the decoration;
+  /// nothing if it is gone. The window is held from now on.
   [[nodiscard]] std::optional<Rect> frame(xcb_window_t window);
+  /// Whether the user holds this window, as far as is known.
+  [[nodiscard]] bool isHeld(xcb_window_t window) const { return window_ == window; }
   /// Forgets the held window and returns it; `XCB_WINDOW_NONE` if there was none.
   xcb_window_t letGo();
 

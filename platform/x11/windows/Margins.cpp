@@ -16,6 +16,11 @@ Rect FrameShape::frameOfClient(const Rect& client) const {
           client.height + decoration.top + decoration.bottom - shadow.top - shadow.bottom};
 }
 
+Size FrameShape::frameSizeOf(Size client) const {
+  const Rect frame = frameOfClient({0, 0, client.width, client.height});
+  return {frame.width, frame.height};
+}
+
 Rect FrameShape::requestForFrame(const Rect& frame) const {
   const double width = frame.width - decoration.left - decoration.right + shadow.left + shadow.right;
   const double height = frame.height - decoration.top - decoration.bottom + shadow.top + shadow.bottom;

@@ -27,10 +27,14 @@ struct Margins {
 struct FrameShape {
   Margins decoration;
   Margins shadow;
+  /// The width of the border of the client's own window, which `decoration` includes where it was measured.
+  double clientBorder = 0;
 
   bool operator==(const FrameShape&) const = default;
 
   [[nodiscard]] Rect frameOfClient(const Rect& client) const;
+  /// The frame's size with a client area of this size, in points.
+  [[nodiscard]] Size frameSizeOf(Size client) const;
   /// The rectangle to request from the window manager with north-west gravity: the position of the outer
   /// corner of its decoration and the size of the client area, at least one point in each direction.
   [[nodiscard]] Rect requestForFrame(const Rect& frame) const;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/geometry/Rect.h"
+#include "platform/x11/wire/ClientList.h"
 #include "platform/x11/wire/Property.h"
 #include "platform/x11/wire/Reply.h"
 
@@ -71,7 +72,7 @@ Windows stackAt(const X11Connection& x, Point at) {
 }  // namespace
 
 std::optional<xcb_window_t> managedWindowAt(const X11Connection& x, Point at) {
-  PropertyRequest clientList(x.get(), x.root(), x.atom(Atom::netClientList));
+  PropertyRequest clientList(x.get(), x.root(), x.atom(Atom::netClientList), mostWindows);
   Pending<xcb_translate_coordinates_reply> uppermost(
       x.get(), xcb_translate_coordinates(x.get(), x.root(), x.root(), static_cast<std::int16_t>(at.x),
                                          static_cast<std::int16_t>(at.y)));

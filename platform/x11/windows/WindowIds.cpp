@@ -1,6 +1,7 @@
 #include "platform/x11/windows/WindowIds.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tilwin::x11 {
 
@@ -16,6 +17,12 @@ std::int64_t WindowIds::idOf(xcb_window_t window, std::uint32_t process) {
 std::optional<xcb_window_t> WindowIds::windowOf(std::int64_t id) const {
   const auto found = windows_.find(id);
   return found == windows_.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::vector<xcb_window_t> WindowIds::windows() const {
+  std::vector<xcb_window_t> result;
+  std::ranges::transform(issued_, std::back_inserter(result), [](const auto& entry) { return entry.first; });
+  return result;
 }
 
 void WindowIds::forget(xcb_window_t window) {

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace tilwin::x11 {
 
@@ -18,6 +19,8 @@ public:
   [[nodiscard]] std::int64_t idOf(xcb_window_t window, std::uint32_t process);
   /// The window with this id; nothing if it has been forgotten or the id was never issued.
   [[nodiscard]] std::optional<xcb_window_t> windowOf(std::int64_t id) const;
+  /// All windows that are not forgotten.
+  [[nodiscard]] std::vector<xcb_window_t> windows() const;
   /// Forgets a window that was closed.
   void forget(xcb_window_t window);
   /// Forgets every window that is not in `open`.

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/x11/windows/MeasuredDecoration.h"
+
 namespace tilwin::x11 {
 
 namespace {
@@ -22,6 +24,11 @@ std::string classOf(const std::string& property) {
   return instanceEnd == std::string::npos ? std::string() : untilZero(property.substr(instanceEnd + 1));
 }
 
+xcb_window_t movable(const X11Connection& x, std::optional<std::uint32_t> window) {
+  constexpr xcb_window_t none = XCB_WINDOW_NONE;
+  return !window || *window == x.root() || x.created(*window) ? none : *window;
+}
+
 /// All requests about one window. The replies are collected only after the requests for all windows were
 /// sent.
 class Questions {
@@ -33,12 +40,13 @@ public:
         state_(ask(Atom::netWmState)),
         type_(ask(Atom::netWmWindowType)),
         process_(ask(Atom::netWmPid)),
-        name_(ask(Atom::netWmName)),
-        gtkApplication_(ask(Atom::gtkApplicationId)),
-        kdeDesktopFile_(ask(Atom::kdeNetWmDesktopFile)),
-        class_(x.get(), window, XCB_ATOM_WM_CLASS),
-        plainName_(x.get(), window, XCB_ATOM_WM_NAME),
-        transientFor_(x.get(), window, XCB_ATOM_WM_TRANSIENT_FOR) {}
+        name_(askText(x.atom(Atom::netWmName))),
+        gtkApplication_(askText(x.atom(Atom::gtkApplicationId))),
+        kdeDesktopFile_(askText(x.atom(Atom::kdeNetWmDesktopFile))),
+        class_(askText(XCB_ATOM_WM_CLASS)),
+        plainName_(askText(XCB_ATOM_WM_NAME)),
+        transientFor_(x.get(), window, XCB_ATOM_WM_TRANSIENT_FOR),
+        sizeHints_(x.get(), window, XCB_ATOM_WM_NORMAL_HINTS) {}
 
   std::optional<WindowSnapshot> answers() {
     WindowSnapshot result;
@@ -48,17 +56,21 @@ public:
     readState(result);
     readType(result);
     readNames(result);
+    result.limits = SizeLimits::fromHints(sizeHints_.numbers());
     return result;
   }
 
 private:
   PropertyRequest ask(Atom property) const { return {x_.get(), window_, x_.atom(property)}; }
+  PropertyRequest askText(xcb_atom_t property) const {
+    return {x_.get(), window_, property, PropertyRequest::longestText};
+  }
 
   void readState(WindowSnapshot& into) {
     const auto state = state_.numbers();
-    into.maximized = holds(state, x_.atom(Atom::netWmStateMaximizedHorz)) ||
-                     holds(state, x_.atom(Atom::netWmStateMaximizedVert));
-    into.fullScreen = holds(state, x_.atom(Atom::netWmStateFullscreen));
+    into.states = {.maximizedHorz = holds(state, x_.atom(Atom::netWmStateMaximizedHorz)),
+                   .maximizedVert = holds(state, x_.atom(Atom::netWmStateMaximizedVert)),
+                   .fullScreen = holds(state, x_.atom(Atom::netWmStateFullscreen))};
     into.hidden = holds(state, x_.atom(Atom::netWmStateHidden));
   }
 
@@ -91,12 +103,15 @@ private:
   PropertyRequest class_;
   PropertyRequest plainName_;
   PropertyRequest transientFor_;
+  PropertyRequest sizeHints_;
 };
 
 }  // namespace
 
 PlaceQuestions::PlaceQuestions(const X11Connection& x, xcb_window_t window)
-    : geometry_(x.get(), xcb_get_geometry(x.get(), window)),
+    : x_(&x),
+      window_(window),
+      geometry_(x.get(), xcb_get_geometry(x.get(), window)),
       origin_(x.get(), xcb_translate_coordinates(x.get(), window, x.root(), 0, 0)),
       frameExtents_(x.get(), window, x.atom(Atom::netFrameExtents)),
       shadow_(x.get(), window, x.atom(Atom::gtkFrameExtents)) {}
@@ -107,7 +122,11 @@ bool PlaceQuestions::answer(Rect& client, FrameShape& shape) {
   if (!geometry || !origin) return false;
   client = {static_cast<double>(origin->dst_x), static_cast<double>(origin->dst_y),
             static_cast<double>(geometry->width), static_cast<double>(geometry->height)};
-  shape.decoration = Margins::fromProperty(frameExtents_.numbers());
+  const auto told = frameExtents_.numbers();
+  // A manager that does not use the property leaves in it what the one before wrote there.
+  const bool isTold = !told.empty() && x_->managerSupports(Atom::netFrameExtents);
+  shape.decoration = isTold ? Margins::fromProperty(told) : measuredDecoration(*x_, window_);
+  shape.clientBorder = isTold ? 0 : geometry->border_width;
   shape.shadow = Margins::fromProperty(shadow_.numbers());
   return true;
 }
@@ -134,11 +153,15 @@ std::vector<WindowSnapshot> readWindows(const X11Connection& x, std::span<const 
   return result;
 }
 
+xcb_window_t readActiveNumber(const X11Connection& x) {
+  return movable(x, PropertyRequest(x.get(), x.root(), x.atom(Atom::netActiveWindow)).number());
+}
+
 std::optional<WindowSnapshot> readActiveWindow(const X11Connection& x, xcb_window_t expected) {
   PropertyRequest active(x.get(), x.root(), x.atom(Atom::netActiveWindow));
   std::optional<Questions> guess;
   if (expected != XCB_WINDOW_NONE) guess.emplace(x, expected);
-  const auto window = active.number().value_or(XCB_WINDOW_NONE);
+  const auto window = movable(x, active.number());
   if (window == XCB_WINDOW_NONE) return std::nullopt;
   return window == expected ? guess->answers() : Questions(x, window).answers();
 }

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <vector>
 
 #include "platform/ports/DesktopWindows.h"
@@ -11,8 +10,9 @@
 #include "platform/x11/windows/DesktopEntries.h"
 #include "platform/x11/windows/FocusHistory.h"
 #include "platform/x11/windows/HeldWindow.h"
-#include "platform/x11/windows/MoveLedger.h"
+#include "platform/x11/windows/UnlistedClients.h"
 #include "platform/x11/windows/WindowIds.h"
+#include "platform/x11/windows/WindowMover.h"
 #include "platform/x11/windows/WindowReader.h"
 #include "platform/x11/wire/X11Connection.h"
 
@@ -20,8 +20,8 @@ namespace tilwin::x11 {
 
 /// The windows of an X11 desktop, read and moved through its window manager. Frames are in points and are
 /// what the user sees: with decorations, without invisible client-side shadows. A key press costs one round
-/// trip to read the focused window and one request to move it. A window that closes meanwhile is left out or
-/// not moved; nothing throws.
+/// trip to read the focused window and one request to move it, if the window manager tells the decoration of
+/// windows and takes that request. A window that closes meanwhile is left out or not moved; nothing throws.
 ///
 /// Sources: EWMH (_NET_ACTIVE_WINDOW, _NET_CLIENT_LIST, _NET_MOVERESIZE_WINDOW, _NET_WM_STATE,
 /// _NET_FRAME_EXTENTS), ICCCM (WM_CLASS, WM_TRANSIENT_FOR).
@@ -40,6 +40,7 @@ public:
 
 private:
   bool applyFrame(std::int64_t id, const Rect& frame) override;
+  bool applyRestore(std::int64_t id, const Rect& frame) override;
   /// A snapshot is up to date until the next event arrives.
   struct Seen {
     WindowSnapshot snapshot;
@@ -49,26 +50,21 @@ private:
   void listenToEvents();
   void noteActiveWindow();
   void propertyChanged(const xcb_property_notify_event_t& event);
-  void shapeMayHaveChanged(const xcb_property_notify_event_t& event);
-  void windowConfigured(xcb_window_t window);
-  void insist(xcb_window_t window);
-  void correctShape(xcb_window_t window);
-  void forgetClosedWindows();
+  void forgetClosedWindows(std::vector<xcb_window_t> open);
+  void forget(xcb_window_t window);
   [[nodiscard]] WindowInfo infoFor(const WindowSnapshot& snapshot, std::int64_t zOrder);
   [[nodiscard]] std::optional<WindowSnapshot> freshSnapshot(xcb_window_t window) const;
-  void move(const WindowSnapshot& snapshot, const Rect& frame);
-  void watch(xcb_window_t window, std::uint32_t eventMask);
 
   X11Connection& x_;
-  MainQueue& queue_;
   X11Displays& displays_;
   HeldWindow& held_;
   DesktopEntries desktopEntries_;
   WindowIds ids_;
-  MoveLedger ledger_;
-  std::set<xcb_window_t> watched_;  ///< windows that we moved and whose events we receive
+  WindowMover mover_;
+  bool isActiveStale_ = false;
   xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
   FocusHistory focusHistory_;
+  UnlistedClients unlisted_;
   std::optional<Seen> lastSeen_;
   DeferredWork closing_;
 };

@@ -20,6 +20,7 @@ enum class Atom : std::size_t {
   netSupported,
   netSupportingWmCheck,
   netWmDesktop,
+  netWmMoveResize,
   netWmName,
   netWmPid,
   netWmState,
@@ -42,7 +43,7 @@ enum class Atom : std::size_t {
   utf8String,
 };
 
-inline constexpr std::array<std::string_view, 29> atomNames{
+inline constexpr std::array<std::string_view, 30> atomNames{
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",
@@ -52,6 +53,7 @@ inline constexpr std::array<std::string_view, 29> atomNames{
     "_NET_SUPPORTED",
     "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_DESKTOP",
+    "_NET_WM_MOVERESIZE",
     "_NET_WM_NAME",
     "_NET_WM_PID",
     "_NET_WM_STATE",

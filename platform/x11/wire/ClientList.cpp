@@ -8,12 +8,12 @@
 namespace tilwin::x11 {
 
 std::vector<xcb_window_t> managedWindows(const X11Connection& x) {
-  return PropertyRequest(x.get(), x.root(), x.atom(Atom::netClientList)).numbers();
+  return PropertyRequest(x.get(), x.root(), x.atom(Atom::netClientList), mostWindows).numbers();
 }
 
 std::vector<xcb_window_t> managedWindowsFromTheTop(const X11Connection& x) {
-  PropertyRequest managed(x.get(), x.root(), x.atom(Atom::netClientList));
-  PropertyRequest stacked(x.get(), x.root(), x.atom(Atom::netClientListStacking));
+  PropertyRequest managed(x.get(), x.root(), x.atom(Atom::netClientList), mostWindows);
+  PropertyRequest stacked(x.get(), x.root(), x.atom(Atom::netClientListStacking), mostWindows);
   auto bottomFirst = stacked.numbers();
   // xfwm4 adds the first window of a screen to the client list at once, but to the stacking list only when
   // the stacking order next changes. A window that is only in the client list is therefore new and on top.

@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -9,8 +10,10 @@
 
 namespace tilwin::x11 {
 
-/// The windows that the window manager manages, oldest first; empty if it does not list them. One round trip.
+/// The windows that the window manager manages, oldest first; empty if it does not list them. At most
+/// `mostWindows`: anybody can write such a list, and each window in it costs some requests. One round trip.
 /// Source: EWMH, _NET_CLIENT_LIST.
+inline constexpr std::uint32_t mostWindows = 1024;
 [[nodiscard]] std::vector<xcb_window_t> managedWindows(const X11Connection& x);
 
 /// The same windows, topmost first. Source: EWMH, _NET_CLIENT_LIST_STACKING.

@@ -5,9 +5,6 @@
 #include <xcb/xinput.h>
 #include "platform/x11/wire/XkbProtocol.h"
 
-#include <algorithm>
-
-#include "platform/x11/wire/Property.h"
 #include "platform/x11/wire/Reply.h"
 
 namespace tilwin::x11 {
@@ -53,20 +50,6 @@ ServerNeeds::Version shapeVersion(xcb_connection_t* connection) {
   return reply ? ServerNeeds::Version{reply->major_version, reply->minor_version} : ServerNeeds::Version{};
 }
 
-/// EWMH requires that the window named by the root also names itself. A property left behind by a window
-/// manager that crashed fails this test.
-bool windowManagerRuns(const X11Connection& x) {
-  const auto check = x.atom(Atom::netSupportingWmCheck);
-  const auto window = PropertyRequest(x.get(), x.root(), check).number();
-  return window && PropertyRequest(x.get(), *window, check).number() == window;
-}
-
-/// To be asked after `windowManagerRuns`: one that starts meanwhile would seem to run and take nothing.
-bool takesMoveResize(const X11Connection& x) {
-  const auto supported = PropertyRequest(x.get(), x.root(), x.atom(Atom::netSupported)).numbers();
-  return std::ranges::find(supported, x.atom(Atom::netMoveResizeWindow)) != supported.end();
-}
-
 }  // namespace
 
 ServerNeeds offeredBy(const X11Connection& connection) {
@@ -77,9 +60,7 @@ ServerNeeds offeredBy(const X11Connection& connection) {
   return {.randr = randrVersion(connection.get()),
           .xinput = xinputVersion(connection.get()),
           .xkb = xkbVersion(connection.get()),
-          .shape = shapeVersion(connection.get()),
-          .windowManager = windowManagerRuns(connection),
-          .moveResize = takesMoveResize(connection)};
+          .shape = shapeVersion(connection.get())};
 }
 
 }  // namespace tilwin::x11

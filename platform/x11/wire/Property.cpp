@@ -6,9 +6,6 @@ namespace tilwin::x11 {
 
 namespace {
 
-/// In 32-bit units: enough for a client list of more than ten thousand windows.
-constexpr std::uint32_t longestProperty = 16384;
-
 template <typename Item>
 std::vector<Item> itemsOf(const Reply<xcb_get_property_reply_t>& reply) {
   if (!reply || reply->format != 8 * sizeof(Item)) return {};
@@ -18,9 +15,10 @@ std::vector<Item> itemsOf(const Reply<xcb_get_property_reply_t>& reply) {
 
 }  // namespace
 
-PropertyRequest::PropertyRequest(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property)
-    : reply_(connection, xcb_get_property(connection, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
-                                          longestProperty)) {}
+PropertyRequest::PropertyRequest(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property,
+                                 std::uint32_t longest)
+    : reply_(connection,
+             xcb_get_property(connection, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, longest)) {}
 
 std::vector<std::uint32_t> PropertyRequest::numbers() { return itemsOf<std::uint32_t>(reply_.collect()); }
 

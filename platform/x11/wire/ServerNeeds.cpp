@@ -28,10 +28,6 @@ constexpr std::array needs{
            return offered.shape.isAtLeast({1, 1});
          },
          "this X server lacks the SHAPE extension 1.1; use a server that has it (any Xorg)."},
-    // Without a window manager nothing is missing yet: at login it may start later.
-    Need{[](const ServerNeeds& offered) { return offered.moveResize || !offered.windowManager; },
-         "this window manager does not take _NET_MOVERESIZE_WINDOW; use one that does (openbox, xfwm4, "
-         "metacity, …)."},
 };
 
 }  // namespace

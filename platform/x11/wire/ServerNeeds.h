@@ -5,8 +5,8 @@
 
 namespace tilwin::x11 {
 
-/// What an X server and its window manager offer of the features that this program requires. Sources: RandR,
-/// X Input, X Keyboard and Shape extensions; EWMH.
+/// What an X server offers of the features that this program requires. Sources: RandR, X Input, X Keyboard
+/// and Shape extensions.
 struct ServerNeeds {
   struct Version {
     unsigned major = 0;
@@ -18,12 +18,10 @@ struct ServerNeeds {
     }
   };
 
-  Version randr;               ///< RandR; monitors need 1.5
-  Version xinput;              ///< X Input; since 2.1 raw events arrive while another client holds a grab
-  Version xkb;                 ///< X Keyboard; key names need 1.0
-  Version shape;               ///< Shape; windows that let clicks through need 1.1
-  bool windowManager = false;  ///< an EWMH window manager runs: _NET_SUPPORTING_WM_CHECK names a live window
-  bool moveResize = false;     ///< the window manager supports _NET_MOVERESIZE_WINDOW
+  Version randr;   ///< RandR; monitors need 1.5
+  Version xinput;  ///< X Input; since 2.1 raw events arrive while another client holds a grab
+  Version xkb;     ///< X Keyboard; key names need 1.0
+  Version shape;   ///< Shape; windows that let clicks through need 1.1
 
   bool operator==(const ServerNeeds&) const = default;
 };

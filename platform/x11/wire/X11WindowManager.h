@@ -19,8 +19,7 @@ public:
   X11WindowManager& operator=(const X11WindowManager&) = delete;
   ~X11WindowManager() = default;
 
-  /// Calls the task at once if a window manager runs, otherwise once, after one has started. One that does
-  /// not tell yet that it moves windows on request gets a second for it; if it never does, that is logged.
+  /// Calls the task at once if a window manager runs, otherwise once, a second after one has started.
   void whenRunning(std::function<void()> task);
   /// Calls the task each time another window manager has started, a second later: it has grabbed its own keys
   /// by then.
@@ -28,11 +27,16 @@ public:
 
 private:
   void checkNow();
+  /// Whether another manager runs than the one noticed last; notices it. Call it before asking what it
+  /// offers.
+  bool noticeManager();
+  void forgetManager();
 
   X11Connection& x_;
   SystemLog& log_;
   std::function<void()> whenRunning_;
   std::function<void()> onStart_;
+  xcb_window_t noticed_ = XCB_WINDOW_NONE;  ///< the window by which the manager announces itself
   DeferredWork check_;
 };
 

@@ -1,7 +1,10 @@
 #include "tests/app/layouts/DisplayDays.h"
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <string>
+#include <utility>
 
 namespace tilwin {
 namespace {
@@ -130,6 +133,38 @@ TEST_F(DisplayDays, AnUnchangedArrangementIsNotWrittenAgain) {
   passes(20s);
   EXPECT_FALSE(isScribbled());
   EXPECT_TRUE(std::filesystem::exists(layoutsFile().string() + ".unreadable"));
+}
+
+TEST_F(DisplayDays, WhatAPersonEditedMeanwhileIsKeptBeside) {
+  start();
+  passes(20s);
+  LayoutStore edited = savedLayouts();
+  edited.layouts[0].name = "By hand";
+  edited.write(layoutsFile());
+  desktop.windows.moveByHand(editor, onLaptop);
+  passes(20s);
+  EXPECT_EQ(LayoutStore::load(layoutsFile().string() + ".edited"), edited);
+}
+
+TEST_F(DisplayDays, WhatIsKeptBesideIsLoggedOnceForEachKind) {
+  start();
+  passes(20s);
+  LayoutStore edited = savedLayouts();
+  for (const auto& [name, place] : {std::pair("First", onLaptop), std::pair("Second", onDesk)}) {
+    edited.layouts[0].name = name;
+    edited.write(layoutsFile());
+    desktop.windows.moveByHand(editor, place);
+    passes(20s);
+  }
+  scribble();
+  desktop.windows.moveByHand(editor, onLaptop);
+  passes(20s);
+  const std::string start = "Tilwin: " + layoutsFile().string() + " was changed by another hand; ";
+  const auto times = [&](const std::string& rest) {
+    return std::ranges::count(desktop.log.lines(), start + rest);
+  };
+  EXPECT_EQ(times("that is kept as layouts.json.edited"), 1);
+  EXPECT_EQ(times("that is kept as layouts.json.unreadable"), 1);
 }
 
 }  // namespace

@@ -30,6 +30,15 @@ TEST_F(MenuCommandsTest, AnActionIsPerformedOnTheFocusedWindow) {
   EXPECT_EQ(editorFrame(), (Rect{0, 0, 720, 900}));
 }
 
+TEST_F(MenuCommandsTest, AMaximizedWindowIsMaximizedAgainByRestore) {
+  start();
+  desktop.windows.maximize(editor);
+  EXPECT_TRUE(choose({"Halves", "Left half"}));
+  EXPECT_FALSE(desktop.windows.find(editor)->isMaximized);
+  EXPECT_TRUE(choose({"Size and display", "Restore previous size"}));
+  EXPECT_TRUE(desktop.windows.find(editor)->isMaximized);
+}
+
 TEST_F(MenuCommandsTest, AnActionIsPerformedOnTheWindowThatHadTheFocusBeforeAPanelTookIt) {
   start();
   desktop.windows.unfocus();
@@ -63,6 +72,23 @@ TEST_F(MenuCommandsTest, AnApplicationIsIgnoredAndNoLongerIgnored) {
   EXPECT_EQ(editorFrame(), untouched);
   EXPECT_TRUE(choose({"Never move windows of Editor"}));
   EXPECT_TRUE(settings().ignoredApps.empty());
+}
+
+TEST_F(MenuCommandsTest, AHundredApplicationsAreIgnoredAndNoMore) {
+  TilwinSettings full;
+  for (int number = 1; number < 100; ++number)
+    full.ignoredApps.push_back("org.example." + std::to_string(number));
+  startWith(full);
+  EXPECT_TRUE(choose({"Never move windows of Editor"}));
+  EXPECT_EQ(settings().ignoredApps.size(), 100);
+  desktop.windows.close(editor);
+  EXPECT_TRUE(choose({"Never move windows of Terminal"}));
+  EXPECT_EQ(settings().ignoredApps.size(), 100);
+  EXPECT_EQ(alerts(),
+            (std::vector<DialogText>{
+                {"Too many applications",
+                 "Tilwin leaves up to 100 applications alone. Let it move the windows of one of them "
+                 "first."}}));
 }
 
 TEST_F(MenuCommandsTest, AllowingAccessibilityAsksTheDesktop) {

@@ -183,6 +183,16 @@ TEST(StatusMenu, WhenTheFrontApplicationIsThisProgramTheIgnoreEntryIsAbsent) {
   EXPECT_EQ(titled(shown.model().items, "Never move windows of Tilwin"), nullptr);
 }
 
+TEST(StatusMenu, AFrontApplicationWithAnIdentifierOfAbsurdLengthCanOnlyBeLetGo) {
+  StatusMenu shown{.frontmost =
+                       RunningApplication{.bundleIdentifier = std::string(256, 'x'), .localizedName = "X"}};
+  EXPECT_EQ(titled(shown.model().items, "Never move windows of X"), nullptr);
+  shown.settings.ignoredApps = {std::string(256, 'x')};
+  EXPECT_TRUE(titled(shown.model().items, "Never move windows of X")->isChecked);
+  shown.frontmost->bundleIdentifier->pop_back();
+  EXPECT_FALSE(titled(shown.model().items, "Never move windows of X")->isChecked);
+}
+
 TEST(StatusMenu, AFrontApplicationWithoutAnIdentifierCannotBeIgnored) {
   const StatusMenu shown{.frontmost = RunningApplication{.localizedName = "Script"}};
   EXPECT_EQ(titled(shown.model().items, "Never move windows of Script"), nullptr);

@@ -10,6 +10,7 @@ namespace tilwin {
 namespace {
 
 constexpr HotKeySpec f5{96, 0};
+constexpr HotKeySpec leftHalfKeys{123, HotKeySpec::control | HotKeySpec::option};
 
 /// A user who edits one area, "Column": the left half of the display.
 struct CustomAreas : OpenSettings {
@@ -69,6 +70,19 @@ TEST_F(CustomAreas, TheNameIsChangedAsItIsTyped) {
   EXPECT_EQ(control<FormButton>(id("areaName"))->symbol, FormSymbol::trash);
 }
 
+TEST_F(CustomAreas, NamesHoweverLongDoNotKeepTheSettingsFromBeingSaved) {
+  TilwinSettings twelve;
+  for (int number = 0; number < 12; ++number) twelve.customAreas.push_back(CustomArea::starter("Area"));
+  delegate->store().settings.set(twelve);
+  for (const CustomArea& each : twelve.customAreas)
+    does(form::TextChanged{FormIds::of(FormIds::areaName, each.id), std::string(100'000, 'n')});
+  does(form::SliderMoved{"gap", 8});
+  const auto next = SettingsStore(desktop.userDefaults()).settings.get();
+  EXPECT_EQ(next.gap, 8);
+  EXPECT_EQ(next.customAreas[11].name, std::string(CustomArea::longestName, 'n'));
+  EXPECT_EQ(next, settings()) << "what is shown is what is kept";
+}
+
 TEST_F(CustomAreas, AShortcutIsRecordedAndTurnedOff) {
   EXPECT_EQ(recorderTitle(id("shortcut")), "No shortcut");
   records(id("shortcut"), f5);
@@ -81,7 +95,7 @@ TEST_F(CustomAreas, AShortcutIsRecordedAndTurnedOff) {
 }
 
 TEST_F(CustomAreas, AShortcutOfAnActionIsRefused) {
-  records(id("shortcut"), {123, HotKeySpec::control | HotKeySpec::option});
+  records(id("shortcut"), leftHalfKeys);
   EXPECT_EQ(row(id("shortcut"))->problem, "Already set for “Left half”.");
   EXPECT_EQ(stored().shortcut, std::nullopt);
 }
@@ -90,6 +104,13 @@ TEST_F(CustomAreas, AShortcutThatAnotherProgramHoldsIsMarked) {
   desktop.keyboard.holdElsewhere(f5);
   records(id("shortcut"), f5);
   EXPECT_EQ(row(id("shortcut"))->problem, "Another app already uses this shortcut, so it does not work.");
+}
+
+TEST_F(CustomAreas, AShortcutThatAnActionHasTooIsMarkedAsThatActions) {
+  TilwinSettings twice = settings();
+  twice.customAreas[0].shortcut = leftHalfKeys;
+  change(twice);
+  EXPECT_EQ(row(id("shortcut"))->problem, "Already set for “Left half”.");
 }
 
 TEST_F(CustomAreas, AnAreaIsAddedAndDeleted) {

@@ -12,6 +12,7 @@
 #include "platform/qt/menu/QtDialogs.h"
 #include "platform/qt/settings/QtSettingsWindow.h"
 #include "tests/contract/MainLoop.h"
+#include "tests/contract/NamedPipe.h"
 #include "tests/contract/qt/QtDesktop.h"
 
 namespace tilwin::qt {
@@ -96,6 +97,13 @@ TEST(ColourSchemeOfGtk, ReadsWhetherTheThemeIsDark) {
 
 TEST_F(ColourSchemeTest, IsLightIfNobodyAsksForDark) {
   apply();
+  EXPECT_FALSE(isDarkNow());
+}
+
+TEST_F(ColourSchemeTest, DoesNotWaitForANamedPipeInPlaceOfGtksSettings) {
+  const auto folder = qtDesktop().home().config() / "gtk-3.0";
+  std::filesystem::create_directories(folder);
+  EXPECT_FALSE(waitsForNamedPipe(folder / "settings.ini", [&] { apply(); }));
   EXPECT_FALSE(isDarkNow());
 }
 

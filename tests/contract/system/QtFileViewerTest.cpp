@@ -107,6 +107,14 @@ TEST_F(QtFileViewerTest, WhatItOpensCanBeStoppedThoughThisProgramBlocksItsSignal
   EXPECT_TRUE(opens("0000000000000000"));
 }
 
+TEST_F(QtFileViewerTest, WhatItOpensEndsWhenNobodyReadsItThoughThisProgramDoesNot) {
+  home.write("bin/xdg-open", "#!/bin/sh\n/bin/sh -c 'kill -PIPE $$'\necho $? > " + opened.string());
+  const auto before = std::signal(SIGPIPE, SIG_IGN);
+  viewer.openURL("https://example.org/");
+  std::signal(SIGPIPE, before);
+  EXPECT_TRUE(opens(std::to_string(128 + SIGPIPE)));
+}
+
 TEST_F(QtFileViewerTest, LogsThatNothingCanOpenAnAddress) {
   fs::remove(home.path() / "bin" / "xdg-open");
   viewer.openURL("https://example.org/");

@@ -85,6 +85,17 @@ TEST_F(ShadowLogCrash, AtNoMomentIsAnythingForOthersToOpen) {
   EXPECT_EQ(textOf(path), trimmed);
 }
 
+TEST_F(ShadowLogCrash, NeverFindsALineInALogThatOthersCanRead) {
+  writeText(path, linesOf(0, 2));
+  std::filesystem::permissions(path, std::filesystem::perms(0644));
+  TracedProcess process([this] { append(3, 3); });
+  while (process.goOn() && permissionsOf(path) != std::filesystem::perms(0600)) continue;
+  EXPECT_EQ(permissionsOf(path), std::filesystem::perms(0600));
+  EXPECT_EQ(textOf(path), linesOf(0, 2)) << "nothing was written before";
+  while (process.goOn()) continue;
+  EXPECT_EQ(textOf(path), linesOf(0, 3));
+}
+
 /// Others do not wait for a process that is stopped in its trim; what they do must stay done once it goes on.
 struct ShadowLogStop : ShadowLogCrash {
   void whileStoppedInTrim(const std::function<void()>& deed) const {

@@ -63,21 +63,6 @@ TEST_F(ShadowLogErase, RemovesThatEvenWhereTheLogItselfIsGone) {
   EXPECT_THAT(namesIn(folder.path()), IsEmpty());
 }
 
-TEST_F(ShadowLogErase, RemovesTheRecordsBehindASymbolicLink) {
-  const fs::path real = folder.path() / "elsewhere" / "mine.jsonl";
-  fs::create_directory(real.parent_path());
-  fs::create_symlink(real, path);
-  ShadowLogFile log(path);
-  log.append(recordOf(1));
-  writeText(real.string() + ".draft-12-0", linesOf(0, 3));
-  log.erase();
-  EXPECT_THAT(namesIn(real.parent_path()), IsEmpty());
-  log.append(recordOf(2));
-  log.drain();
-  EXPECT_TRUE(fs::is_symlink(path));
-  EXPECT_THAT(numbersIn(real), ElementsAre(2));
-}
-
 TEST_F(ShadowLogErase, ByOneRunIsNoticedByAnother) {
   writeText(path, linesOf(0, 4998));
   ShadowLogFile log(path);

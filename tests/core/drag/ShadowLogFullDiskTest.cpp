@@ -87,11 +87,14 @@ TEST_F(ShadowLogFullDisk, LetsTheLogBeErased) {
   EXPECT_THAT(namesIn(folder.path()), IsEmpty());
 }
 
-TEST_F(ShadowLogFullDisk, OrAFolderThatMayNotBeWrittenLeavesTheLogUntrimmed) {
-  constexpr uid_t nobody = 65534;
-  writeText(path, linesOf(0, 4999));
+struct ShadowLogReadOnly : ShadowLogFullDisk {
+  static constexpr uid_t nobody = 65534;
   // What is read-only to others never is to root.
   const bool isRoot = ::geteuid() == 0;
+};
+
+TEST_F(ShadowLogReadOnly, FolderLeavesTheLogUntrimmed) {
+  writeText(path, linesOf(0, 4999));
   if (isRoot) {
     ASSERT_EQ(::chown(path.c_str(), nobody, nobody), 0);
   }
@@ -104,6 +107,28 @@ TEST_F(ShadowLogFullDisk, OrAFolderThatMayNotBeWrittenLeavesTheLogUntrimmed) {
   fs::permissions(folder.path(), fs::perms(0755));
   EXPECT_EQ(textOf(path), linesOf(0, 5009));
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("shadow.jsonl"));
+}
+
+TEST_F(ShadowLogReadOnly, FolderThatCanBeWrittenAgainLetsTheLogBeTrimmedAThousandLinesLater) {
+  writeText(path, linesOf(0, 4999));
+  if (isRoot) {
+    ASSERT_EQ(::chown(path.c_str(), nobody, nobody), 0);
+    ASSERT_EQ(::chown(folder.path().c_str(), nobody, nobody), 0);
+  }
+  fs::permissions(folder.path(), fs::perms(0500));
+  ChildProcess process([&] {
+    if (isRoot && ::setuid(nobody) != 0) ::_exit(2);
+    ShadowLogFile log(path);
+    log.append(recordOf(5000));
+    log.drain();
+    fs::permissions(folder.path(), fs::perms(0700));
+    for (int number = 5001; number <= 6000; ++number) log.append(recordOf(number));
+    log.drain();
+    if (textOf(path) != linesOf(0, 6000)) ::_exit(3);
+    log.append(recordOf(6001));
+  });
+  EXPECT_TRUE(process.endsWell());
+  EXPECT_EQ(textOf(path), linesOf(2002, 6001));
 }
 
 }  // namespace

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <sys/syscall.h>
 
+#include <fstream>
+#include <limits>
+
 #include "tests/core/drag/ShadowLogs.h"
 #include "tests/core/support/ChildProcess.h"
 #include "tests/core/support/RefusedCalls.h"
@@ -37,6 +40,34 @@ TEST_F(ShadowLogRefusal, ToFlushTheTrimmedLogLeavesTheWholeOne) {
   appendWhere([] { refuseCall(SYS_fsync, ENOSPC); }, 5000, 5009);
   EXPECT_EQ(textOf(path), linesOf(0, 5009));
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("shadow.jsonl"));
+}
+
+/// Bytes that this process has read so far.
+std::size_t bytesRead() {
+  std::ifstream counters("/proc/self/io");
+  std::string name;
+  std::size_t bytes = 0;
+  counters >> name >> bytes;
+  return name == "rchar:" ? bytes : std::numeric_limits<std::size_t>::max();
+}
+
+TEST_F(ShadowLogRefusal, OfATrimDoesNotMakeEveryLineReadTheWholeLogAgain) {
+  writeText(path, linesOf(0, 4999));
+  const std::size_t size = std::filesystem::file_size(path);
+  Shared<std::size_t> read;
+  ChildProcess process([&] {
+    refuseCall(SYS_fsync, ENOSPC);
+    ShadowLogFile log(path);
+    log.append(recordOf(5000));
+    log.drain();
+    const std::size_t before = bytesRead();
+    for (int number = 5001; number < 5100; ++number) log.append(recordOf(number));
+    log.drain();
+    *read = bytesRead() - before;
+  });
+  EXPECT_TRUE(process.endsWell());
+  EXPECT_EQ(textOf(path), linesOf(0, 5099));
+  EXPECT_LT(*read, size) << "bytes, for 99 lines";
 }
 
 TEST_F(ShadowLogRefusal, OfLocksLeavesTheLogInUseAndBounded) {

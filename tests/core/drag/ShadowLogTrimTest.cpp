@@ -65,15 +65,6 @@ TEST_F(ShadowLogTrim, ShortensALogThatGrewFarBeyondIt) {
   EXPECT_EQ(textOf(path), linesOf(116'001, 120'000));
 }
 
-TEST_F(ShadowLogTrim, ReplacesWhatASymbolicLinkPointsAt) {
-  const fs::path real = folder.path() / "mine.jsonl";
-  writeText(real, linesOf(0, 4999));
-  fs::create_symlink(real, path);
-  append(5000, 5000);
-  EXPECT_TRUE(fs::is_symlink(path));
-  EXPECT_EQ(textOf(real), linesOf(1001, 5000));
-}
-
 TEST_F(ShadowLogTrim, RemovesWhatATrimThatWasCutShortLeft) {
   writeText(path, linesOf(0, 4999));
   writeText(path.string() + ".draft-12-0", linesOf(0, 3));

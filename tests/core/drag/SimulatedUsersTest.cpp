@@ -13,18 +13,28 @@
 namespace tilwin {
 namespace {
 
-enum Kind : std::size_t { suited, snapsFromFartherAway, parksAtEdges };
+enum Kind : std::size_t { suited, snapsFromFartherAway, parksAtEdges, suitedThrower };
 
 using Helps = ShadowSummary::ModelWouldHelp;
 
-std::vector<VerdictRow> verdicts(Kind kind, std::span<const std::size_t> drags, int users) {
-  return VerdictTable::of(kind, drags, users, DragSimulation::SnapsBy::release);
+std::vector<VerdictRow> verdicts(Kind kind, std::span<const std::size_t> drags, int users,
+                                 SnapsBy by = SnapsBy::release) {
+  return VerdictTable::of(kind, drags, users, by);
 }
 
 TEST(SimulatedUsers, AreToldOfAModelThatHelpsInFewerThanOneInAHundredCasesWhereTheRuleSuits) {
   constexpr std::array<std::size_t, 3> drags{50, 200, 1000};
-  for (const VerdictRow& row : verdicts(suited, drags, VerdictTable::allSeeds))
-    EXPECT_LT(row.share<Helps>(), 0.01) << "after " << row.drags << " drags";
+  for (const Kind kind : {suited, suitedThrower}) {
+    for (const VerdictRow& row : verdicts(kind, drags, VerdictTable::allSeeds)) {
+      EXPECT_LT(row.share<Helps>(), 0.01)
+          << SimulatedUser::all()[kind].name << " after " << row.drags << " drags";
+    }
+  }
+}
+
+TEST(SimulatedUsers, WhoThrowWindowsWouldBeToldSoFalselyIfTheirReleasesWereNotHeldBack) {
+  constexpr std::array<std::size_t, 1> drags{200};
+  EXPECT_GT(verdicts(suitedThrower, drags, 25, SnapsBy::lastChecked).front().share<Helps>(), 0.5);
 }
 
 TEST(SimulatedUsers, AreToldThatAModelHelpsWhenTheySnapFromFartherAwayOrParkAtEdges) {
@@ -39,7 +49,7 @@ TEST(SimulatedUsers, AreToldThatAModelHelpsWhenTheySnapFromFartherAwayOrParkAtEd
 
 TEST(SimulatedUsers, LeaveTheSameLogForTheSameSeed) {
   const auto log = [](std::uint32_t seed, std::size_t records) {
-    return DragSimulation::log(suited, seed, records, DragSimulation::SnapsBy::release);
+    return DragSimulation::log(suited, seed, records, SnapsBy::release);
   };
   EXPECT_EQ(log(7, 300), log(7, 300));
   EXPECT_NE(log(7, 300), log(8, 300));

@@ -4,7 +4,7 @@
 #include <csignal>
 
 #include "core/layouts/LayoutCoding.h"
-#include "core/layouts/LayoutsFile.h"
+#include "core/layouts/LayoutStore.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/layouts/Layouts.h"
 #include "tests/core/support/ChildProcess.h"
@@ -59,8 +59,6 @@ LayoutStore oneLayout() {
 struct LayoutFile : testing::Test {
   TemporaryFolder folder;
   fs::path path = folder.path() / "Tilwin" / "layouts.json";
-  fs::path kept = folder.path() / "Tilwin" / "layouts.json.unreadable";
-  LayoutsFile file{path};
 
   void given(std::string_view content) const {
     fs::create_directories(path.parent_path());
@@ -130,76 +128,6 @@ TEST_F(LayoutFile, TakesTheLastOfTwoEqualKeys) {
 TEST_F(LayoutFile, OverlooksKeysItDoesNotKnow) {
   given(R"({"version":7,)" + prettyFile.substr(1));
   EXPECT_EQ(loaded(), oneLayout());
-}
-
-TEST_F(LayoutFile, IsNotEvenReadWhenItIsFarTooLarge) {
-  given(prettyFile);
-  fs::resize_file(path, 100'000'000);
-  EXPECT_EQ(file.load(), LayoutStore{});
-  file.write(oneLayout());
-  EXPECT_EQ(fs::file_size(kept), 100'000'000U);
-}
-
-TEST_F(LayoutFile, IsKeptBesideItsReplacementWhenItCouldNotBeRead) {
-  const std::string broken = prettyFile.substr(0, prettyFile.size() - 1);
-  given(broken);
-  LayoutStore store = file.load();
-  store.save(layoutOf({}));
-  file.write(store);
-  EXPECT_EQ(loaded(), store);
-  EXPECT_EQ(textOf(kept), broken);
-}
-
-TEST_F(LayoutFile, IsKeptWhenItCouldNotBeReadForAWhile) {
-  given(prettyFile);
-  fs::rename(path, folder.path() / "away");
-  EXPECT_EQ(file.load(), LayoutStore{});
-  fs::rename(folder.path() / "away", path);
-  file.write({});
-  EXPECT_EQ(textOf(kept), prettyFile);
-}
-
-TEST_F(LayoutFile, IsKeptWhenSomebodyHasEditedItSinceItWasRead) {
-  given(prettyFile);
-  const LayoutStore store = file.load();
-  given("edited by hand, badly");
-  file.write(store);
-  EXPECT_EQ(textOf(kept), "edited by hand, badly");
-}
-
-TEST_F(LayoutFile, IsKeptWhenNobodyHasReadIt) {
-  given(prettyFile);
-  file.write({});
-  EXPECT_EQ(textOf(kept), prettyFile);
-}
-
-TEST_F(LayoutFile, NeedsNoCopyOfWhatWasReadOrWrittenBefore) {
-  given(prettyFile);
-  file.write(file.load());
-  file.write(oneLayout());
-  file.write({});
-  EXPECT_THAT(namesIn(path.parent_path()), ElementsAre("layouts.json"));
-}
-
-TEST_F(LayoutFile, NeedsNoCopyOfAnEmptyFileOrNone) {
-  file.write(oneLayout());
-  fs::remove(path);
-  file.write(oneLayout());
-  given("");
-  file.write(oneLayout());
-  EXPECT_THAT(namesIn(path.parent_path()), ElementsAre("layouts.json"));
-}
-
-TEST_F(LayoutFile, IsLeftAloneWhenItsCopyCannotBeKept) {
-  given("broken");
-  fs::permissions(path.parent_path(), fs::perms(0555));
-  const auto outcome = inChild([&] {
-    if (::geteuid() == 0 && ::setuid(65534) != 0) return;
-    file.write(oneLayout());
-  });
-  fs::permissions(path.parent_path(), fs::perms(0755));
-  EXPECT_EQ(outcome, ChildOutcome::threw);
-  EXPECT_EQ(textOf(path), "broken");
 }
 
 TEST_F(LayoutFile, IsIntactWhenTheDiskTakesNoMore) {

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
+
+#include "tests/core/EnvironmentVariable.h"
 #include "tests/core/layouts/Layouts.h"
 
 namespace tilwin {
@@ -44,6 +47,18 @@ TEST(LayoutStore, ListsTheUsersLayoutsByNameWhateverTheirCase) {
   const LayoutStore store{
       {layoutNamed("gamma"), automaticFor(800, 1), layoutNamed("Beta"), layoutNamed("alpha")}};
   EXPECT_THAT(namesOf(store.userLayouts()), ElementsAre("alpha", "Beta", "gamma"));
+}
+
+TEST(LayoutStore, ListsTheUsersLayoutsAsTheirLocaleSorts) {
+  const EnvironmentVariable all("LC_ALL", nullptr);
+  const EnvironmentVariable messages("LC_MESSAGES", "de_DE.UTF-8");
+  const EnvironmentVariable language("LANG", "de_DE.UTF-8");
+  const LayoutStore store{{layoutNamed("Zimmer"), layoutNamed("Äpfel"), layoutNamed("Buch")}};
+  for (const auto& [collation, names] : std::map<const char*, std::vector<std::string>>{
+           {"sv_SE.UTF-8", {"Buch", "Zimmer", "Äpfel"}}, {"de_DE.UTF-8", {"Äpfel", "Buch", "Zimmer"}}}) {
+    const EnvironmentVariable sorting("LC_COLLATE", collation);
+    EXPECT_EQ(namesOf(store.userLayouts()), names) << collation;
+  }
 }
 
 TEST(LayoutStore, ListsLayoutsOfTheSameNameAsTheyWereAdded) {

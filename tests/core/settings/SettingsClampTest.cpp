@@ -75,6 +75,17 @@ TEST(SettingsClamp, WhatIsNotANumberBecomesTheSmallestValue) {
             (NormalizedRect{0, 0, 0.05, 0.05}));
 }
 
+TEST(SettingsClamp, AnAreasNameIsCutAtThreeHundredBytesAndNotInsideACharacter) {
+  EXPECT_EQ(CustomArea::keptName("Reading column"), "Reading column");
+  EXPECT_EQ(CustomArea::keptName(std::string(301, 'n')), std::string(300, 'n'));
+  TilwinSettings settings;
+  settings.customAreas = {CustomArea::starter("")};
+  settings.customAreas[0].name = std::string(299, 'n') + "é";
+  settings.clamp();
+  EXPECT_EQ(settings.customAreas[0].name, std::string(299, 'n'));
+  EXPECT_EQ(CustomArea::starter(std::string(400, 'n')).name, std::string(300, 'n'));
+}
+
 TEST(SettingsClamp, AnAreaThatFitsIsLeftAsItIs) {
   EXPECT_EQ(CustomArea::clamped({0.2, 0, 0.6, 1}), (NormalizedRect{0.2, 0, 0.6, 1}));
 }

@@ -145,6 +145,19 @@ TEST(ShortcutRules, AnOwnersOwnShortcutIsNotInItsWay) {
             std::nullopt);
 }
 
+TEST(ShortcutRules, OfOwnersWithOneShortcutAllButTheFirstAreToldWhoseItIs) {
+  TilwinSettings settings;
+  settings.shortcuts["rightHalf"] = leftHalfKeys;
+  settings.customAreas = {CustomArea::starter("Notes"), CustomArea::starter("Chat")};
+  settings.customAreas[0].shortcut = HotKeySpec{f5, 0};
+  settings.customAreas[1].shortcut = HotKeySpec{f5, 0};
+  EXPECT_EQ(ShortcutRules::usedEarlier(SnapAction::leftHalf, settings), std::nullopt);
+  EXPECT_EQ(ShortcutRules::usedEarlier(SnapAction::rightHalf, settings), UsedBy{"Left half"});
+  EXPECT_EQ(ShortcutRules::usedEarlier(settings.customAreas[0].id, settings), std::nullopt);
+  EXPECT_EQ(ShortcutRules::usedEarlier(settings.customAreas[1].id, settings), UsedBy{"Notes"});
+  EXPECT_EQ(ShortcutRules::usedEarlier(SnapAction::topLeftSixth, settings), std::nullopt);
+}
+
 TEST(ShortcutRules, EveryDefaultShortcutIsAllowed) {
   for (const auto& row : TilwinSettings::defaults()) {
     EXPECT_EQ(ShortcutRules::problem(row.spec, row.action, TilwinSettings()), std::nullopt) << row.action;

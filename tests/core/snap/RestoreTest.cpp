@@ -12,6 +12,15 @@ struct Restore : testing::Test, Snapping {
     return frame(window);
   }
 
+  void expectMaximisedByRestore() {
+    desktop.windows.maximize(window);
+    const Rect whole = frame(window);
+    controller.perform(SnapAction::leftHalf);
+    EXPECT_EQ(restored(), whole);
+    EXPECT_TRUE(desktop.windows.find(window)->isMaximized);
+  }
+
+  static constexpr const char* twoDisplays = "1440x900+0+0,1000x800+1440+0";
   Window window = open(somewhere);
 };
 
@@ -78,8 +87,27 @@ TEST_F(Restore, OfAFrameWhoseTitleStripIsHalfInViewPushesItInside) {
   EXPECT_EQ(restored(), (Rect{640, 100, 800, 600}));
 }
 
+TEST_F(Restore, OfAMaximisedWindowWhoseDisplayIsGoneForgetsThatItWasMaximised) {
+  desktop.setDisplays(twoDisplays);
+  desktop.windows.moveByHand(window, {1500, 100, 400, 300});
+  desktop.windows.maximize(window);
+  controller.perform(SnapAction::leftHalf);
+  desktop.setDisplays("1440x900+0+0");
+  controller.perform(SnapAction::restore);
+  expectMaximisedByRestore();
+}
+
+TEST_F(Restore, OutOfTheMaximisedStateForgetsThatState) {
+  desktop.setDisplays(twoDisplays);
+  controller.perform(SnapAction::leftHalf);
+  desktop.windows.maximize(window);
+  EXPECT_EQ(restored(), somewhere);
+  desktop.windows.moveByHand(window, {1500, 100, 400, 300});
+  expectMaximisedByRestore();
+}
+
 TEST_F(Restore, LooksAtEveryDisplayForTheTitleStrip) {
-  desktop.setDisplays("1440x900+0+0,1000x800+1440+0");
+  desktop.setDisplays(twoDisplays);
   rememberAs({1500, 50, 400, 300});
   EXPECT_EQ(restored(), (Rect{1500, 50, 400, 300}));
 }

@@ -128,6 +128,26 @@ TEST_F(SnapControllerTest, WorksWithoutAnyoneToTell) {
   EXPECT_EQ(frame(window), rightHalf);
 }
 
+TEST_F(SnapControllerTest, WhoeverIsToldMayBeReplacedMeanwhile) {
+  const auto window = open(somewhere);
+  int told = 0;
+  const auto tellOnce = [&] {
+    const auto kept = std::make_shared<int>();
+    controller.onEvent = [this, &told, kept](std::int64_t /*window*/, SnapAction /*action*/) {
+      // Held apart from this function, which would not outlive its end.
+      int& count = told;
+      const std::weak_ptr<int> own = kept;
+      controller.onEvent = nullptr;
+      if (!own.expired()) ++count;
+    };
+  };
+  tellOnce();
+  EXPECT_TRUE(controller.perform(SnapAction::leftHalf));
+  tellOnce();
+  EXPECT_TRUE(controller.snap(window, SnapAction::rightHalf, display(0), somewhere));
+  EXPECT_EQ(told, 2) << "each lives until it has returned";
+}
+
 TEST_F(SnapControllerTest, WithoutAFocusedWindowNothingHappens) {
   open(somewhere);
   desktop.windows.unfocus();

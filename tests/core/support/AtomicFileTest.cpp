@@ -1,11 +1,14 @@
 #include "core/support/AtomicFile.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -95,7 +98,7 @@ TEST_F(AtomicFileTest, MakesAFilePrivateAsItReplacesItWhateverTheUmaskAndTheOldF
     const mode_t usual = ::umask(mask);
     writeText(path, "old");
     fs::permissions(path, fs::perms(0644));
-    AtomicFile::replacePrivately(path, "new", AtomicFile::stamp(path).value());
+    EXPECT_TRUE(AtomicFile::replacePrivately(path, "new", AtomicFile::stamp(path).value()));
     EXPECT_EQ(textOf(path), "new");
     EXPECT_EQ(permissionsOf(path), fs::perms(0600));
     ::umask(usual);
@@ -106,14 +109,55 @@ TEST_F(AtomicFileTest, ReplacesNoFileThatIsNoLongerAsItWas) {
   writeText(path, "old");
   const auto old = AtomicFile::stamp(path);
   ASSERT_TRUE(old);
-  AtomicFile::replacePrivately(path, "new", *old);
+  EXPECT_TRUE(AtomicFile::replacePrivately(path, "new", *old));
   EXPECT_EQ(textOf(path), "new");
-  EXPECT_THROW(AtomicFile::replacePrivately(path, "newer", *old), fs::filesystem_error);
+  EXPECT_FALSE(AtomicFile::replacePrivately(path, "newer", *old));
+  EXPECT_FALSE(AtomicFile::replaceUnchanged(path, "newer", *old));
+  EXPECT_FALSE(AtomicFile::replaceUnchanged(path, "newer", std::nullopt)) << "of no file";
   EXPECT_EQ(textOf(path), "new");
   EXPECT_THAT(names(), ElementsAre("layouts.json"));
   fs::remove(path);
-  EXPECT_THROW(AtomicFile::replacePrivately(path, "newer", *old), fs::filesystem_error);
+  EXPECT_FALSE(AtomicFile::replacePrivately(path, "newer", *old));
+  EXPECT_FALSE(AtomicFile::replaceUnchanged(path, "newer", *old));
   EXPECT_THAT(names(), testing::IsEmpty());
+}
+
+TEST_F(AtomicFileTest, TellsTheStampOfWhatItWrote) {
+  std::optional<AtomicFile::Stamp> known;
+  for (const char* content : {"one", "another"}) {
+    known = AtomicFile::replaceUnchanged(path, content, known);
+    EXPECT_EQ(textOf(path), content);
+    EXPECT_EQ(known, AtomicFile::stamp(path));
+  }
+}
+
+TEST_F(AtomicFileTest, KnowsAFileOfAnyAge) {
+  writeText(path, "old");
+  for (const std::int64_t seconds : {-4'000'000'000LL, 0LL, 10'000'000'000LL}) {
+    const std::array times{timespec{seconds, 0}, timespec{seconds, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times.data(), 0), 0);
+    EXPECT_TRUE(AtomicFile::stamp(path)) << seconds;
+  }
+}
+
+TEST_F(AtomicFileTest, ReplacesALinkAndNotWhatItLeadsToByPrivateData) {
+  const fs::path real = folder.path() / "mine.json";
+  writeText(real, "old");
+  fs::create_symlink(real, path);
+  EXPECT_TRUE(AtomicFile::replacePrivately(path, "new", AtomicFile::stamp(path).value()));
+  EXPECT_FALSE(fs::is_symlink(path));
+  EXPECT_EQ(textOf(real), "old");
+}
+
+TEST_F(AtomicFileTest, RemovesAFileOrALinkAloneAndItsDrafts) {
+  const fs::path real = folder.path() / "mine.json";
+  writeText(real, "old");
+  for (const bool isLink : {true, false}) {
+    isLink ? fs::create_symlink(real, path) : writeText(path, "");
+    writeText(path.string() + ".draft-12-0", "");
+    AtomicFile::removePrivately(path);
+    EXPECT_THAT(names(), ElementsAre("mine.json"));
+  }
 }
 
 TEST_F(AtomicFileTest, GivesTheOldFilesPermissionsWhateverTheUmask) {
@@ -146,24 +190,13 @@ TEST_F(AtomicFileTest, RemovesWhatAProcessLeftThatEndedBeforeItsDraftWasInPlace)
               const rlimit limit{1, 1};
               ::setrlimit(RLIMIT_FSIZE, &limit);
               std::signal(SIGXFSZ, SIG_DFL);
-              AtomicFile::replacePrivately(path, "longer than that", old);
+              static_cast<void>(AtomicFile::replacePrivately(path, "longer than that", old));
             }),
             ChildOutcome::died);
   ASSERT_EQ(names().size(), 2U);
   AtomicFile::removeDrafts(path);
   EXPECT_THAT(names(), ElementsAre("layouts.json"));
   EXPECT_EQ(textOf(path), "old");
-}
-
-TEST_F(AtomicFileTest, RemovesDraftsBesideWhatASymbolicLinkPointsAt) {
-  const fs::path real = folder.path() / "elsewhere" / "mine.json";
-  AtomicFile::replace(real, "old");
-  fs::create_symlink(real, path);
-  writeText(real.string() + ".draft-12-0", "");
-  writeText(path.string() + ".draft-12-0", "");
-  AtomicFile::removeDrafts(path);
-  EXPECT_THAT(namesIn(real.parent_path()), ElementsAre("mine.json"));
-  EXPECT_THAT(names(), ElementsAre("elsewhere", "layouts.json", "layouts.json.draft-12-0"));
 }
 
 TEST_F(AtomicFileTest, RemovesNoDraftsWhereThereIsNoFolder) {
@@ -209,30 +242,6 @@ TEST_F(AtomicFileTest, SaysWhyItCouldNotReplace) {
     EXPECT_EQ(error.code(), std::errc::is_a_directory);
   }
   EXPECT_THAT(names(), ElementsAre("layouts.json"));
-}
-
-TEST_F(AtomicFileTest, KeepsACopyUnderTheFirstFreeName) {
-  for (const char* content : {"first", "second", "third"}) {
-    AtomicFile::replace(path, content);
-    AtomicFile::keepCopy(path);
-  }
-  AtomicFile::replace(path, "last");
-  EXPECT_EQ(textOf(folder.path() / "layouts.json.unreadable"), "first");
-  EXPECT_EQ(textOf(folder.path() / "layouts.json.unreadable.2"), "second");
-  EXPECT_EQ(textOf(folder.path() / "layouts.json.unreadable.3"), "third");
-}
-
-TEST_F(AtomicFileTest, KeepsNoSecondCopyOfTheSameContent) {
-  writeText(path, "odd");
-  AtomicFile::keepCopy(path);
-  AtomicFile::keepCopy(path);
-  AtomicFile::replace(path, "odd");
-  AtomicFile::keepCopy(path);
-  EXPECT_THAT(names(), ElementsAre("layouts.json", "layouts.json.unreadable"));
-}
-
-TEST_F(AtomicFileTest, CannotKeepACopyOfNothing) {
-  EXPECT_THROW(AtomicFile::keepCopy(path), fs::filesystem_error);
 }
 
 }  // namespace

@@ -89,11 +89,13 @@ TEST_F(LineFileTest, MakesANewFileTheUsersAloneWhateverTheUmask) {
   }
 }
 
-TEST_F(LineFileTest, MakesAnEmptyFileTheUsersAloneBeforeAnythingIsInIt) {
-  writeText(path, "");
-  fs::permissions(path, fs::perms(0644));
-  const auto file = LineFile::take(path);
-  EXPECT_EQ(permissionsOf(path), fs::perms(0600));
+TEST_F(LineFileTest, MakesAFileTheUsersAloneBeforeAnythingMoreIsInIt) {
+  for (const char* before : {"", "one\n"}) {
+    writeText(path, before);
+    fs::permissions(path, fs::perms(0644));
+    const auto file = LineFile::take(path);
+    EXPECT_EQ(permissionsOf(path), fs::perms(0600));
+  }
 }
 
 TEST_F(LineFileTest, MakesTheFolderAndItsParents) {
@@ -122,14 +124,16 @@ TEST_F(LineFileTest, TakesNothingWhereAFileStandsInPlaceOfTheFolder) {
   EXPECT_FALSE(LineFile::take(folder.path() / "file" / "log.jsonl"));
 }
 
-TEST_F(LineFileTest, FollowsASymbolicLinkAndKeepsIt) {
+TEST_F(LineFileTest, TakesAndReadsNoFileThatHasASecondName) {
   const fs::path real = folder.path() / "mine.jsonl";
-  fs::create_symlink(real, path);
-  add("one");
-  add("two");
-  EXPECT_TRUE(fs::is_symlink(path));
-  EXPECT_EQ(textOf(real), "one\ntwo\n");
-  EXPECT_EQ(LineFile::read(path), "one\ntwo\n");
+  writeText(real, "one\n");
+  for (const bool isSymbolic : {true, false}) {
+    fs::remove(path);
+    isSymbolic ? fs::create_symlink(real, path) : fs::create_hard_link(real, path);
+    EXPECT_EQ(LineFile::read(path), std::nullopt);
+    EXPECT_FALSE(LineFile::take(path));
+  }
+  EXPECT_EQ(textOf(real), "one\n");
 }
 
 /// A text of that many bytes: lines of 60, of which only the first may be shorter.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "tests/core/EnvironmentVariable.h"
 #include "tests/core/support/Texts.h"
 
 namespace tilwin {
@@ -27,7 +28,7 @@ TEST(LocalizedOrder, IgnoresCaseInEveryLocale) {
   }
 }
 
-/// What ICU makes of an environment that names this locale, for as long as this lives.
+/// An environment that names no locale but for what ICU has made of it, for as long as this lives.
 class Environment {
 public:
   explicit Environment(const char* locale) { become(icu::Locale(locale)); }
@@ -43,6 +44,9 @@ private:
   }
 
   icu::Locale before_ = icu::Locale::getDefault();
+  EnvironmentVariable all_{"LC_ALL", nullptr};
+  EnvironmentVariable collation_{"LC_COLLATE", nullptr};
+  EnvironmentVariable language_{"LANG", nullptr};
 };
 
 TEST(LocalizedOrder, ThatOfTheEnvironmentIgnoresCaseWhateverItNames) {
@@ -56,6 +60,21 @@ TEST(LocalizedOrder, ThatOfTheEnvironmentIgnoresCaseWhateverItNames) {
 TEST(LocalizedOrder, WithoutALocaleIsThatOfTheEnvironment) {
   const Environment swedish("sv_SE");
   EXPECT_EQ(sorted(LocalizedOrder(), {"Äpple", "Zoo", "Ast"}), (Names{"Ast", "Zoo", "Äpple"}));
+}
+
+TEST(LocalizedOrder, WithoutALocaleIsThatOfTheEnvironmentForSorting) {
+  const Names swedish{"Ast", "Zoo", "Äpple"};
+  const Names german{"Äpple", "Ast", "Zoo"};
+  const Environment messages("de_DE");
+  EXPECT_EQ(sorted(LocalizedOrder(), swedish), german);
+  const EnvironmentVariable language("LANG", "sv_SE.UTF-8");
+  EXPECT_EQ(sorted(LocalizedOrder(), german), swedish);
+  const EnvironmentVariable collation("LC_COLLATE", "de_AT.UTF-8");
+  EXPECT_EQ(sorted(LocalizedOrder(), swedish), german);
+  const EnvironmentVariable all("LC_ALL", "fi_FI.UTF-8");
+  EXPECT_EQ(sorted(LocalizedOrder(), german), swedish);
+  const EnvironmentVariable posix("LC_ALL", "C");
+  EXPECT_EQ(sorted(LocalizedOrder(), {"b", "C", "a"}), (Names{"a", "b", "C"}));
 }
 
 TEST(LocalizedOrder, CaseAloneDecidesNothing) {

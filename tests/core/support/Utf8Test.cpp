@@ -57,6 +57,25 @@ TEST(Utf8, ATextIsAsciiUntilOneByteIsNot) {
   }
 }
 
+TEST(Utf8, AStartSplitsNoCharacter) {
+  const std::string_view text = "aé€😀b";
+  const std::vector<std::string_view> starts{"",    "a",   "a",   "aé",  "aé",   "aé",
+                                             "aé€", "aé€", "aé€", "aé€", "aé€😀", text};
+  for (std::size_t bytes = 0; bytes < starts.size(); ++bytes)
+    EXPECT_EQ(Utf8::prefix(text, bytes), starts[bytes]);
+  EXPECT_EQ(Utf8::prefix(text, 1000), text);
+  EXPECT_EQ(Utf8::prefix("", 0), "");
+}
+
+RC_GTEST_PROP(Utf8Properties, AStartIsOfWholeCharactersAndAsLongAsItCanBe, ()) {
+  const std::string text = arbitrary::bytes();
+  const auto bytes = static_cast<std::size_t>(arbitrary::whole(0, 20));
+  const std::string_view start = Utf8::prefix(text, bytes);
+  RC_ASSERT(start.size() <= bytes && text.starts_with(start));
+  RC_ASSERT(forward(text).starts_with(forward(start)));
+  RC_ASSERT(start.size() + Utf8::next(text, start.size()).size > bytes || start.size() == text.size());
+}
+
 RC_GTEST_PROP(Utf8Properties, BothDirectionsSeeTheSameCharacters, ()) {
   const std::string text = arbitrary::bytes();
   RC_ASSERT(forward(text) == backward(text));

@@ -70,6 +70,10 @@ void Afternoon::openSettings() {
   if (second.waitFor(startTimeout) != endedWell) throw HarnessError("a second start does not end well");
   waitFor([this] { return windowTitled(settingsTitle) == desktop().activeWindow(); },
           "the settings are open");
+  // Some window managers say so before it has the focus, and keys that are pressed then reach nobody.
+  desktop().settle();
+  waitFor([this] { return windowTitled(settingsTitle) == desktop().activeWindow(); },
+          "the settings have the focus");
 }
 
 void Afternoon::openSettings(const std::string& section) {

@@ -141,6 +141,7 @@ TEST_F(AnAfternoon, AnIgnoredApplicationStaysWhereItIs) {
   day().icon().choose(ignoreInFront);
   ASSERT_TRUE(desktop().waitUntil([] { return settings().ignored.size() == 1; }));
   press(terminal(), leftHalfKeys);
+  desktop().settle();  // else the press may only be taken when the editor is in front
   press(editor(), leftHalfKeys);
   EXPECT_TRUE(day().stands(editor(), share(0, 0, 0.5, 1)));
   EXPECT_EQ(desktop().frame(terminal()), before);

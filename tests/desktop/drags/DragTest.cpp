@@ -11,6 +11,9 @@ constexpr Milliseconds dragAftermath{300};
 /// Longer than a preview takes to come up.
 constexpr Milliseconds noPreview{150};
 
+/// Where a window without a title bar is taken hold of, so that it can be moved as far up as one with it.
+constexpr int belowTheTop = 12;
+
 void sleepFor(Desktop& desktop, Milliseconds time) {
   desktop.waitUntil([] { return false; }, time);
 }
@@ -34,12 +37,24 @@ void Drags::SetUp() {
 }
 
 void Drags::TearDown() {
-  for (const int button : {1, 3}) hand().buttonUp(button);
+  for (const int button : {1, 3}) letGo(button);
   hand().setLeftHanded(false);
   DesktopTest::TearDown();
 }
 
-void Drags::hold(WindowId window, int button) { hand().takeHold(desktop().titleBar(window), button); }
+void Drags::hold(WindowId window, int button) {
+  const auto& manager = session().manager().traits();
+  if (manager.hasTitleBars) return hand().takeHold(desktop().titleBar(window), button);
+  const Rect frame = desktop().frame(window).value_or(Rect());
+  hand().keyDown(manager.moveModifier);
+  hand().takeHold({static_cast<int>(frame.midX()), static_cast<int>(frame.y) + belowTheTop}, button);
+}
+
+void Drags::letGo(int button) {
+  hand().buttonUp(button);
+  const auto& manager = session().manager().traits();
+  if (!manager.hasTitleBars) hand().keyUp(manager.moveModifier);
+}
 
 void Drags::dragTo(PixelPoint point, WindowId window) {
   focusAtStart(window);

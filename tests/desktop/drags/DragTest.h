@@ -16,12 +16,13 @@ protected:
 
   static Input& hand() { return session().input(); }
 
-  /// Presses this button on the window's title bar.
+  /// Presses this button on the window's title bar; where there are none, anywhere in the window with the
+  /// manager's modifier held.
   static void hold(WindowId window, int button = 1);
   static void moveTo(PixelPoint point) { hand().comeToRest(point); }
   /// Puts the window at `startFrame`, presses the button on its title bar and moves the pointer to `point`.
   static void dragTo(PixelPoint point, WindowId window);
-  static void letGo(int button = 1) { hand().buttonUp(button); }
+  static void letGo(int button = 1);
 
   /// Waits until the preview has exactly this frame; saves a screenshot if a name is given.
   static testing::AssertionResult previews(const Rect& frame, const std::string& picture = "");

@@ -149,6 +149,11 @@ bool Desktop::composited() {
   return reply && reply->owner != XCB_NONE;
 }
 
+bool Desktop::supports(const std::string& feature) {
+  const auto supported = connection_.numbers(connection_.root(), "_NET_SUPPORTED");
+  return std::find(supported.begin(), supported.end(), connection_.atom(feature)) != supported.end();
+}
+
 bool Desktop::managed() {
   const auto check = connection_.numbers(connection_.root(), "_NET_SUPPORTING_WM_CHECK");
   return !check.empty() && connection_.numbers(check.front(), "_NET_SUPPORTING_WM_CHECK") == check;

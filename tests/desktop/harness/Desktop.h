@@ -10,6 +10,7 @@
 
 #include "core/geometry/Rect.h"
 #include "tests/desktop/harness/EventWatch.h"
+#include "tests/desktop/harness/Manager.h"
 #include "tests/desktop/harness/Monitor.h"
 #include "tests/desktop/harness/Waiting.h"
 #include "tests/desktop/harness/XConnection.h"
@@ -68,13 +69,14 @@ public:
 
   /// The client window itself, in root coordinates; nothing if the window does not exist any more.
   std::optional<Rect> clientArea(WindowId window);
-  /// The visible frame: the client area plus _NET_FRAME_EXTENTS, minus _GTK_FRAME_EXTENTS (the invisible
+  /// The visible frame: the client area plus its frame's extents, minus _GTK_FRAME_EXTENTS (the invisible
   /// shadow).
   std::optional<Rect> frame(WindowId window);
   /// The child of the root that contains the window: the window manager's frame window, or the client itself.
   WindowId topLevel(WindowId window);
   /// That window's own geometry with its X border.
   std::optional<Rect> topLevelArea(WindowId window);
+  /// _NET_FRAME_EXTENTS; measured where the window manager does not tell.
   Extents frameExtents(WindowId window);
   Extents shadowExtents(WindowId window);
   /// A point on the title bar (or the client's own header bar) without a button, by which the window can be
@@ -88,7 +90,9 @@ public:
   /// Asks for a state, as a pager does, without waiting. Hidden goes by WM_CHANGE_STATE (ICCCM).
   void set(WindowId window, WindowState state, bool on);
   void setMaximized(WindowId window, bool on);
-  /// Asks the window manager to place the window's frame there (_NET_MOVERESIZE_WINDOW).
+  /// How the window manager takes requests for a place; by frameByMessage unless told otherwise.
+  void setPlacing(Placing placing) { placing_ = placing; }
+  /// Asks the window manager to place the window's frame there.
   void place(WindowId window, const Rect& wanted);
   /// The same in two steps; the second sends exactly one message.
   PlaceRequest placeRequest(WindowId window, const Rect& wanted);
@@ -108,6 +112,8 @@ public:
 
   /// Whether a window manager is running (_NET_SUPPORTING_WM_CHECK is valid), and its name.
   bool managed();
+  /// Whether the window manager lists this message or property in _NET_SUPPORTED (EWMH).
+  bool supports(const std::string& feature);
   std::string managerName();
 
 private:
@@ -115,6 +121,7 @@ private:
 
   XConnection connection_;
   EventWatch events_;
+  Placing placing_ = Placing::frameByMessage;
 };
 
 }  // namespace tilwin::desktop

@@ -47,7 +47,14 @@ std::optional<Rect> Desktop::clientArea(WindowId window) {
 }
 
 Extents Desktop::frameExtents(WindowId window) {
-  return extentsOf(connection_.numbers(window, "_NET_FRAME_EXTENTS"));
+  const auto told = connection_.numbers(window, "_NET_FRAME_EXTENTS");
+  // Else it is what another manager has left there.
+  if (told.size() >= 4 && supports("_NET_FRAME_EXTENTS")) return extentsOf(told);
+  const auto client = clientArea(window);
+  const auto outer = topLevelArea(window);
+  if (!client || !outer) return {};
+  return {static_cast<int>(client->x - outer->x), static_cast<int>(outer->maxX() - client->maxX()),
+          static_cast<int>(client->y - outer->y), static_cast<int>(outer->maxY() - client->maxY())};
 }
 
 Extents Desktop::shadowExtents(WindowId window) {

@@ -84,9 +84,11 @@ PlaceRequest Desktop::placeRequest(WindowId window, const Rect& wanted) {
   constexpr std::uint32_t allFour = 0xf00;
   const Extents frame = frameExtents(window);
   const Extents shadow = shadowExtents(window);
+  const bool placesClient = placing_ == Placing::clientByMessage || placing_ == Placing::clientByRequest;
+  const double left = placesClient ? frame.left - shadow.left : -shadow.left;
+  const double top = placesClient ? frame.top - shadow.top : -shadow.top;
   return {window,
-          {XCB_GRAVITY_NORTH_WEST | allFour | fromPager << 12U, whole(wanted.x - shadow.left),
-           whole(wanted.y - shadow.top),
+          {XCB_GRAVITY_NORTH_WEST | allFour | fromPager << 12U, whole(wanted.x + left), whole(wanted.y + top),
            whole(wanted.width - frame.left - frame.right + shadow.left + shadow.right),
            whole(wanted.height - frame.top - frame.bottom + shadow.top + shadow.bottom)}};
 }
@@ -94,7 +96,13 @@ PlaceRequest Desktop::placeRequest(WindowId window, const Rect& wanted) {
 void Desktop::place(WindowId window, const Rect& wanted) { send(placeRequest(window, wanted)); }
 
 void Desktop::send(const PlaceRequest& request) {
-  connection_.sendToRoot(request.window, "_NET_MOVERESIZE_WINDOW", request.data);
+  if (placing_ == Placing::frameByMessage || placing_ == Placing::clientByMessage) {
+    return connection_.sendToRoot(request.window, "_NET_MOVERESIZE_WINDOW", request.data);
+  }
+  constexpr std::uint16_t all =
+      XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT;
+  xcb_configure_window(connection_.get(), request.window, all, request.data.data() + 1);
+  connection_.flush();
 }
 
 }  // namespace tilwin::desktop

@@ -4,10 +4,6 @@ namespace tilwin::desktop {
 
 namespace {
 
-void replace(std::string& text, const std::string& what, const std::string& with) {
-  text.replace(text.find(what), what.size(), with);
-}
-
 /// As openbox ships, a window held to the screen's edge for 400 ms is taken to the next workspace.
 constexpr const char* openboxRc = R"(<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
@@ -66,7 +62,7 @@ constexpr const char* openboxTiling = R"(<keybind key="W-Left">
 constexpr const char* xfwm4Channel = R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfwm4" version="1.0">
   <property name="general" type="empty">
-    <property name="tile_on_move" type="bool" value="false"/>
+    <property name="tile_on_move" type="bool" value="@edges@"/>
     <property name="snap_to_border" type="bool" value="false"/>
     <property name="snap_to_windows" type="bool" value="false"/>
     <property name="wrap_windows" type="bool" value="false"/>
@@ -112,7 +108,7 @@ move-to-workspace-up=@as []
 move-to-workspace-down=@as []
 
 [org/gnome/metacity]
-edge-tiling=false
+edge-tiling=@edges@
 @compositing@
 
 [org/gnome/metacity/keybindings]
@@ -132,8 +128,8 @@ Number=2
 
 [Windows]
 ElectricBorders=0
-ElectricBorderMaximize=false
-ElectricBorderTiling=false
+ElectricBorderMaximize=@edges@
+ElectricBorderTiling=@edges@
 BorderSnapZone=0
 WindowSnapZone=0
 CenterSnapZone=0
@@ -145,17 +141,24 @@ theme=Breeze
 )";
 
 constexpr const char* kwinShortcuts = R"([kwin]
-Window Quick Tile Left=none,Meta+Left,Quick Tile Window to the Left
-Window Quick Tile Right=none,Meta+Right,Quick Tile Window to the Right
+Window Quick Tile Left=@left@,Meta+Left,Quick Tile Window to the Left
+Window Quick Tile Right=@right@,Meta+Right,Quick Tile Window to the Right
 )";
 
 const char* yesNo(bool value) { return value ? "true" : "false"; }
 
 }  // namespace
 
+std::string filledIn(std::string text, const std::string& blank, const std::string& value) {
+  for (auto at = text.find(blank); at != std::string::npos; at = text.find(blank, at + value.size())) {
+    text.replace(at, blank.size(), value);
+  }
+  return text;
+}
+
 void configureOpenbox(const PrivateHome& home, const ManagerSetup& setup) {
   std::string rc = openboxRc;
-  replace(rc, "@tiling@", setup.nativeTileKeys ? openboxTiling : "");
+  rc = filledIn(rc, "@tiling@", setup.nativeTileKeys ? openboxTiling : "");
   home.write("config/openbox/rc.xml", rc);
 }
 
@@ -166,9 +169,10 @@ void configureXfwm4(const PrivateHome& home, const ManagerSetup& setup) {
     compositing = R"(<property name="use_compositing" type="bool" value=")" +
                   std::string(yesNo(*setup.compositing)) + R"("/>)";
   }
-  replace(channel, "@compositing@", compositing);
+  channel = filledIn(channel, "@compositing@", compositing);
+  channel = filledIn(channel, "@edges@", yesNo(setup.edgeTiling));
   std::string shortcuts = xfwm4Shortcuts;
-  replace(shortcuts, "@tiling@", setup.nativeTileKeys ? xfwm4Tiling : "");
+  shortcuts = filledIn(shortcuts, "@tiling@", setup.nativeTileKeys ? xfwm4Tiling : "");
   home.write("config/xfce4/xfconf/xfce-perchannel-xml/xfwm4.xml", channel);
   home.write("config/xfce4/xfconf/xfce-perchannel-xml/xfce4-keyboard-shortcuts.xml", shortcuts);
 }
@@ -176,15 +180,19 @@ void configureXfwm4(const PrivateHome& home, const ManagerSetup& setup) {
 void configureMetacity(const PrivateHome& home, const ManagerSetup& setup) {
   std::string keys = metacityKeyFile;
   const bool given = setup.compositing.has_value();
-  replace(keys, "@compositing@",
-          given ? "compositing-manager=" + std::string(yesNo(*setup.compositing)) : std::string());
-  replace(keys, "@tiling@", setup.nativeTileKeys ? metacityTiling : metacityNoTiling);
+  keys = filledIn(keys, "@compositing@",
+                  given ? "compositing-manager=" + std::string(yesNo(*setup.compositing)) : std::string());
+  keys = filledIn(keys, "@edges@", yesNo(setup.edgeTiling));
+  keys = filledIn(keys, "@tiling@", setup.nativeTileKeys ? metacityTiling : metacityNoTiling);
   home.write("config/glib-2.0/settings/keyfile", keys);
 }
 
-void configureKwin(const PrivateHome& home, const ManagerSetup&) {
-  home.write("config/kwinrc", kwinRc);
-  home.write("config/kglobalshortcutsrc", kwinShortcuts);
+void configureKwin(const PrivateHome& home, const ManagerSetup& setup) {
+  home.write("config/kwinrc", filledIn(kwinRc, "@edges@", yesNo(setup.edgeTiling)));
+  std::string shortcuts = kwinShortcuts;
+  shortcuts = filledIn(shortcuts, "@left@", setup.nativeTileKeys ? "Meta+Left" : "none");
+  shortcuts = filledIn(shortcuts, "@right@", setup.nativeTileKeys ? "Meta+Right" : "none");
+  home.write("config/kglobalshortcutsrc", shortcuts);
 }
 
 }  // namespace tilwin::desktop

@@ -128,6 +128,11 @@ void PrivateHome::write(const std::filesystem::path& relative, const std::string
   if (!stream) throw HarnessError("cannot write " + file.string());
 }
 
+void PrivateHome::writeScript(const std::filesystem::path& relative, const std::string& text) const {
+  write(relative, text);
+  std::filesystem::permissions(path_ / relative, std::filesystem::perms::owner_all);
+}
+
 void PrivateHome::endProcesses() const {
   for (const pid_t process : processes()) endProcess(process, path_.string());
 }

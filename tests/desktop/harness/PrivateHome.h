@@ -38,6 +38,8 @@ public:
 
   /// Writes a file below the home, with its folders. Throws HarnessError on failure.
   void write(const std::filesystem::path& relative, const std::string& text) const;
+  /// The same for a file that is then run.
+  void writeScript(const std::filesystem::path& relative, const std::string& text) const;
 
   /// The processes that run in this home.
   std::vector<pid_t> processes() const { return processesIn(path_.string()); }

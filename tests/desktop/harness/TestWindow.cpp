@@ -6,16 +6,22 @@
 
 namespace tilwin::desktop {
 
+namespace {
+
+constexpr Milliseconds dockPatience{1000};
+
+}  // namespace
+
 TestWindow::TestWindow(const std::string& display, const TestWindowOptions& options)
     : connection_(display), window_(makeWindow(connection_, options)), recorder_(connection_, window_) {
   // The list of clients is a property of the root; its changes wake the waiting below.
   const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
   xcb_change_window_attributes(connection_.get(), connection_.root(), XCB_CW_EVENT_MASK, &mask);
   map();
-  waitUntilThere(options.overrideRedirect);
+  waitUntilThere(options.overrideRedirect, options.kind);
 }
 
-void TestWindow::waitUntilThere(bool overrideRedirect) {
+void TestWindow::waitUntilThere(bool overrideRedirect, WindowKind kind) {
   const auto check = connection_.numbers(connection_.root(), "_NET_SUPPORTING_WM_CHECK");
   const bool managed = !overrideRedirect && !check.empty() &&
                        connection_.numbers(check.front(), "_NET_SUPPORTING_WM_CHECK") == check;
@@ -29,7 +35,11 @@ void TestWindow::waitUntilThere(bool overrideRedirect) {
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
   };
   const auto there = [&] { return viewable() && (!managed || listed()); };
-  if (!waitUntil(there)) throw HarnessError("the test window does not come up");
+  // Some managers show docks and do not list them.
+  const bool came = waitUntil(there, kind == WindowKind::dock ? dockPatience : answerTimeout);
+  if (!came && !(kind == WindowKind::dock && viewable())) {
+    throw HarnessError("the test window does not come up");
+  }
 }
 
 bool TestWindow::waitUntil(const Predicate& predicate, Milliseconds timeout) const {

@@ -30,6 +30,8 @@ struct TestWindowOptions {
   PixelSize maximum = {};
   PixelSize increment = {};
   PixelSize base = {};
+  /// The only proportions it may have, as width and height.
+  PixelSize aspect = {};
   xcb_gravity_t gravity = XCB_GRAVITY_NORTH_WEST;
   /// Minimum and maximum size are the requested size.
   bool fixedSize = false;
@@ -82,7 +84,7 @@ public:
   void destroy();
 
 private:
-  void waitUntilThere(bool overrideRedirect);
+  void waitUntilThere(bool overrideRedirect, WindowKind kind);
   void configure(std::uint16_t mask, std::uint32_t first, std::uint32_t second);
 
   XConnection connection_;

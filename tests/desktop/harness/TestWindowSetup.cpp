@@ -93,6 +93,10 @@ void setSizeHints(XConnection& connection, WindowId window, const TestWindowOpti
   }
   if (given(options.base))
     xcb_icccm_size_hints_set_base_size(&hints, options.base.width, options.base.height);
+  if (given(options.aspect)) {
+    xcb_icccm_size_hints_set_aspect(&hints, options.aspect.width, options.aspect.height, options.aspect.width,
+                                    options.aspect.height);
+  }
   xcb_icccm_size_hints_set_win_gravity(&hints, options.gravity);
   xcb_icccm_set_wm_normal_hints(connection.get(), window, &hints);
 }

@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/WindowManager.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "tests/desktop/harness/HarnessError.h"
 
@@ -10,6 +11,66 @@ namespace {
 
 /// How long a manager that has not answered is left alone.
 constexpr Milliseconds askAgain{300};
+/// How much longer a manager that was shown a window is left alone.
+constexpr Milliseconds showAgain{3000};
+/// After so many without an answer a manager is shown a window instead; fluxbox answers only for such a one.
+constexpr int mostQuestions = 3;
+
+/// A window by which to find out whether the manager handles requests.
+class ReadyQuestion {
+public:
+  ReadyQuestion(Desktop& desktop, bool tellsExtents, int questions)
+      : desktop_(desktop), tellsExtents_(tellsExtents), questions_(questions) {
+    const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(server().get(), XCB_COPY_FROM_PARENT, asker_, server().root(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+  }
+
+  bool isListed() {
+    const auto clients = desktop_.clients();
+    return std::find(clients.begin(), clients.end(), asker_) != clients.end();
+  }
+
+  /// Asks anew from time to time: not with every event, as answering makes events of its own, and each would
+  /// ask for more of them.
+  bool isAnswered() {
+    const bool isFramed = !tellsExtents_ || !server().numbers(asker_, "_NET_FRAME_EXTENTS").empty();
+    // A mapped one is waited for until it is listed too, lest it be listed when it is forgotten already.
+    if (isFramed && (isShown_ ? isListed() : questions_ > 0)) return true;
+    if (Clock::now() < next_) return false;
+    next_ = Clock::now() + askAgain;
+    if (questions_-- > 0) {
+      server().sendToRoot(asker_, "_NET_REQUEST_FRAME_EXTENTS", {0, 0, 0, 0, 0});
+    } else {
+      show();
+    }
+    return false;
+  }
+
+  void end() {
+    xcb_destroy_window(server().get(), asker_);
+    server().flush();
+  }
+
+private:
+  XConnection& server() { return desktop_.connection(); }
+
+  /// Some announce themselves before they take charge of windows that are shown, others take their time.
+  void show() {
+    next_ += showAgain;
+    if (isShown_ && !isListed()) xcb_unmap_window(server().get(), asker_);
+    xcb_map_window(server().get(), asker_);
+    server().flush();
+    isShown_ = true;
+  }
+
+  Desktop& desktop_;
+  WindowId asker_ = xcb_generate_id(server().get());
+  bool tellsExtents_;
+  int questions_;
+  bool isShown_ = false;
+  Clock::time_point next_{};
+};
 
 }  // namespace
 
@@ -36,49 +97,30 @@ void WindowManager::stop() {
 }
 
 void WindowManager::start() {
-  process_ = ChildProcess::start({.argv = {traits_.program, traits_.argument},
-                                  .environment = environment_,
-                                  .outputFile = home_.log(traits_.name)});
-  const auto ready = [&] { return desktop_.managed() && (!composites() || desktop_.composited()); };
+  std::vector<std::string> argv{traits_.program};
+  if (traits_.argument != nullptr) argv.emplace_back(traits_.argument);
+  desktop_.setPlacing(traits_.placing);
+  const auto readyFile = home_.path() / managerReady;
+  std::filesystem::remove(readyFile);
+  process_ =
+      ChildProcess::start({.argv = argv, .environment = environment_, .outputFile = home_.log(traits_.name)});
+  const auto ready = [&] {
+    return desktop_.managed() && (!composites() || desktop_.composited()) &&
+           (!traits_.runsScript || std::filesystem::exists(readyFile));
+  };
   const bool came = desktop_.waitUntil([&] { return ready() || !process_.running(); }, startTimeout);
   if (came && ready() && managerAnswers()) return;
   throw HarnessError(std::string(traits_.name) + " does not manage the desktop:\n" +
                      lastLines(process_.output(), 12));
 }
 
-bool WindowManager::supports(const std::string& message) {
-  XConnection& connection = desktop_.connection();
-  const auto supported = connection.numbers(connection.root(), "_NET_SUPPORTED");
-  return std::find(supported.begin(), supported.end(), connection.atom(message)) != supported.end();
-}
-
 bool WindowManager::managerAnswers() {
-  XConnection& connection = desktop_.connection();
-  const WindowId asker = xcb_generate_id(connection.get());
-  const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-  xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, asker, connection.root(), 0, 0, 1, 1, 0,
-                    XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
-  const bool answersUnmapped = supports("_NET_REQUEST_FRAME_EXTENTS");
-  if (!answersUnmapped) xcb_map_window(connection.get(), asker);
-  // Not with every event: answering makes events of its own, and each would ask for more of them.
-  Clock::time_point next{};
-  const auto isListed = [&] {
-    const auto clients = desktop_.clients();
-    return std::find(clients.begin(), clients.end(), asker) != clients.end();
-  };
-  const auto answered = [&] {
-    const bool framed = !connection.numbers(asker, "_NET_FRAME_EXTENTS").empty();
-    // A mapped one is waited for until it is listed too, lest it be listed when it is forgotten already.
-    if (framed && (answersUnmapped || isListed())) return true;
-    if (!answersUnmapped || Clock::now() < next) return false;
-    next = Clock::now() + askAgain;
-    connection.sendToRoot(asker, "_NET_REQUEST_FRAME_EXTENTS", {0, 0, 0, 0, 0});
-    return false;
-  };
-  const bool answers = desktop_.waitUntil(answered, startTimeout);
-  xcb_destroy_window(connection.get(), asker);
-  connection.flush();
-  return answers && desktop_.waitUntil([&] { return !isListed(); });
+  if (traits_.runsScript) return true;
+  const bool isAsked = desktop_.supports("_NET_REQUEST_FRAME_EXTENTS");
+  ReadyQuestion question(desktop_, desktop_.supports("_NET_FRAME_EXTENTS"), isAsked ? mostQuestions : 0);
+  const bool answers = desktop_.waitUntil([&] { return question.isAnswered(); }, startTimeout);
+  question.end();
+  return answers && desktop_.waitUntil([&] { return !question.isListed(); });
 }
 
 void WindowManager::restart() {

@@ -27,10 +27,9 @@ public:
 
 private:
   /// A window manager announces itself before it handles requests, and may drop early ones. It is ready once
-  /// it answers _NET_REQUEST_FRAME_EXTENTS (EWMH) or, if it does not support that, has framed a window.
+  /// it has run its script, answers _NET_REQUEST_FRAME_EXTENTS (EWMH) or, if it can do neither, has framed or
+  /// listed a window. windowmaker crashes now and then if that window goes soon after.
   bool managerAnswers();
-  /// Whether the window manager lists it in _NET_SUPPORTED (EWMH).
-  bool supports(const std::string& message);
 
   const ManagerTraits& traits_;
   ManagerSetup setup_;

@@ -36,7 +36,7 @@ double difference(const Rect& first, const Rect& second) {
 struct LayoutDesktop::Tilwin {
   Tilwin() {
     queue.watch(x.fileDescriptor(), [this] { x.dispatch(); });
-    queue.beforeEachSleep([this] { x.dispatchQueued(); });
+    queue.beforeEachSleep([this] { return x.dispatchQueued(); });
   }
 
   FailingLog log;

@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <array>
+#include <memory>
+#include <optional>
+#include <vector>
+
 #include "app/windows/AXWindowProvider.h"
 #include "platform/macos/displays/MacScreenChanges.h"
 #include "platform/macos/displays/MacScreens.h"
@@ -19,6 +24,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto down = PointerEvent::leftMouseDown;
+constexpr auto dragged = PointerEvent::leftMouseDragged;
 constexpr auto up = PointerEvent::leftMouseUp;
 
 NSEvent* mouseEvent(NSEventType type) {
@@ -72,7 +78,7 @@ private:
   AutoreleasePool pool_;
   bool isDown_ = false;
   MacMainQueue queue_;
-  MacPointerMonitor pointer_;
+  MacPointerMonitor pointer_{queue_};
   MacScreenChanges changes_;
   MacScreens screens_;
   SimulatedAccessibleDesktop elsewhere_;
@@ -95,7 +101,8 @@ struct MacPointerTest : testing::Test {
   }
 
   AutoreleasePool pool;
-  MacPointerMonitor pointer;
+  MacMainQueue queue;
+  MacPointerMonitor pointer{queue};
   std::vector<PointerEvent> seen;
 };
 
@@ -163,6 +170,44 @@ TEST_F(MacPointerTest, AMonitorThatAnotherOneEndsIsToldNoMore) {
   second = pointer.addGlobal(up, note());
   clickElsewhere();
   EXPECT_EQ(seen, std::vector<PointerEvent>());
+}
+
+TEST_F(MacPointerTest, AReleaseInMotionReachesItsWindowAtOnceAndIsToldAfterAMoveThere) {
+  const auto pressed = pointer.addGlobal(down, note());
+  const auto moved = pointer.addGlobal(dragged, note());
+  const auto released = pointer.addLocal(up, note());
+  const auto reached = std::make_shared<int>(0);
+  id const after = [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMask(up)
+                                                         handler:^(NSEvent* event) {
+                                                           ++*reached;
+                                                           return event;
+                                                         }];
+  auto& hand = macDesktop().input();
+  hand.movePointer({100, 100});
+  deliverElsewhere(mouseEvent(NSLeftMouseDown));
+  hand.movePointer({200, 100});
+  deliverElsewhere(mouseEvent(NSLeftMouseDragged));
+  hand.movePointer({300, 100});
+  [NSApp sendEvent:mouseEvent(NSLeftMouseUp)];
+  [NSEvent removeMonitor:after];
+  EXPECT_EQ(*reached, 1);
+  EXPECT_TRUE(runEventLoopUntil([&] { return seen.size() >= 4; }));
+  EXPECT_EQ(seen, (std::vector{down, dragged, dragged, up}));
+}
+
+TEST_F(MacPointerTest, NothingIsToldOfAReleaseThatIsHeldBackOnceTheMonitorHasGone) {
+  std::optional<MacPointerMonitor> brief(std::in_place, queue);
+  const auto tokens = std::array{brief->addGlobal(down, note()), brief->addGlobal(dragged, note()),
+                                 brief->addGlobal(up, note())};
+  auto& hand = macDesktop().input();
+  hand.movePointer({100, 100});
+  deliverElsewhere(mouseEvent(NSLeftMouseDown));
+  deliverElsewhere(mouseEvent(NSLeftMouseDragged));
+  hand.movePointer({300, 100});
+  deliverElsewhere(mouseEvent(NSLeftMouseUp));
+  const auto before = seen.size();
+  brief.reset();
+  EXPECT_FALSE(runEventLoopUntil([&] { return seen.size() != before; }, 2 * PointerMonitor::betweenLooks));
 }
 
 TEST_F(MacPointerTest, DragsCannotBeCancelled) {

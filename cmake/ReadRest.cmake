@@ -1,0 +1,42 @@
+# The build release reads each source on its own, without precompiled headers, as the build alone does. Read again there, those
+# sources would take as long as all others.
+
+option(TILWIN_READ_REST "Leave out the sources that the tests of the build release and the benchmarks are made of" OFF)
+
+# tilwin_needed_for(RESULT TARGET ...): these targets and all that they link or depend on.
+function(tilwin_needed_for result)
+  set(known)
+  set(next ${ARGN})
+  while(next)
+    list(POP_FRONT next target)
+    if(NOT TARGET ${target} OR target IN_LIST known)
+      continue()
+    endif()
+    list(APPEND known ${target})
+    foreach(kind LINK_LIBRARIES MANUALLY_ADDED_DEPENDENCIES)
+      get_target_property(needed ${target} ${kind})
+      if(needed)
+        list(APPEND next ${needed})
+      endif()
+    endforeach()
+  endwhile()
+  set(${result} ${known} PARENT_SCOPE)
+endfunction()
+
+# tilwin_read_rest(): to be called once, after all targets were made.
+function(tilwin_read_rest)
+  if(NOT TILWIN_READ_REST)
+    return()
+  endif()
+  set(nothing ${CMAKE_BINARY_DIR}/nothing.cpp)
+  file(CONFIGURE OUTPUT ${nothing} CONTENT "// Read in another build.\n")
+  get_property(programs DIRECTORY bench PROPERTY BUILDSYSTEM_TARGETS)
+  tilwin_needed_for(targets runs-release ${programs})
+  foreach(target ${targets})
+    get_target_property(type ${target} TYPE)
+    get_target_property(is_imported ${target} IMPORTED)
+    if(type MATCHES "EXECUTABLE|STATIC_LIBRARY" AND NOT is_imported)
+      set_target_properties(${target} PROPERTIES SOURCES ${nothing})
+    endif()
+  endforeach()
+endfunction()
