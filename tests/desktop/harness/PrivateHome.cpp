@@ -10,10 +10,12 @@
 #include <cstring>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "tests/desktop/harness/Descriptor.h"
 #include "tests/desktop/harness/ExitGuard.h"
 #include "tests/desktop/harness/HarnessError.h"
+#include "tests/desktop/harness/Waiting.h"
 
 namespace tilwin::desktop {
 
@@ -52,11 +54,26 @@ std::filesystem::path makeTemporaryFolder() {
   return name;
 }
 
-std::string environmentOf(pid_t process) {
-  std::ifstream file("/proc/" + std::to_string(process) + "/environ", std::ios::binary);
+std::string readEnvironment(const std::filesystem::path& process) {
+  std::ifstream file(process / "environ", std::ios::binary);
   std::ostringstream text;
   text << file.rdbuf();
   return text.str();
+}
+
+/// In the midst of an exec a process has a program file but no environment yet, which is not to be taken for
+/// an empty one: a daemon that just starts would be missed.
+std::string environmentOf(pid_t process) {
+  constexpr Milliseconds longestExec{100};
+  const std::filesystem::path folder = "/proc/" + std::to_string(process);
+  const auto end = Clock::now() + longestExec;
+  std::error_code gone;
+  std::string text = readEnvironment(folder);
+  while (text.empty() && std::filesystem::exists(folder / "exe", gone) && Clock::now() < end) {
+    std::this_thread::sleep_for(Milliseconds{1});
+    text = readEnvironment(folder);
+  }
+  return text;
 }
 
 void endProcess(pid_t process, const std::string& sign) {

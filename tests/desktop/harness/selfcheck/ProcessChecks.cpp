@@ -113,6 +113,24 @@ TEST(PrivateHome, IsGoneAfterwardsWithWhatRanInIt) {
   EXPECT_FALSE(std::filesystem::exists("/proc/" + std::to_string(daemon) + "/exe"));
 }
 
+TEST(PrivateHome, EndsAlsoWhatIsBetweenTwoPrograms) {
+  const std::string again = R"(exec sh -c "$0" "$0")";
+  for (int round = 0; round < 20; ++round) {
+    std::string path;
+    {
+      const PrivateHome home;
+      path = home.path();
+      auto starter = ChildProcess::start(
+          {.argv = {"setsid", "--fork", "sh", "-c", again, again}, .environment = home.environment()});
+      starter.waitFor(answerTimeout);
+    }
+    for (const pid_t left : processesIn(path)) {
+      ADD_FAILURE() << "process " << left << " was left in round " << round;
+      kill(left, SIGKILL);
+    }
+  }
+}
+
 TEST(PrivateHome, KeepsTheStartersDesktopOutOfItsEnvironment) {
   setenv("DISPLAY", ":99", 1);
   setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere", 1);
