@@ -18,11 +18,13 @@ std::optional<std::int64_t> numberIn(const std::filesystem::path& file, const st
   return std::nullopt;
 }
 
-/// The first number of a file; 0 when there is none.
-std::int64_t firstNumberIn(const std::filesystem::path& file) {
-  std::int64_t number = 0;
-  std::ifstream(file) >> number;
-  return number;
+/// Adds the times of a thread: running, then ready to run.
+void addTimes(const std::filesystem::path& schedstat, ResourceUse& use) {
+  std::int64_t running = 0;
+  std::int64_t waiting = 0;
+  if (!(std::ifstream(schedstat) >> running >> waiting)) return;
+  use.processorTime += running;
+  use.waitingTime += waiting;
 }
 
 }  // namespace
@@ -36,7 +38,7 @@ std::optional<ResourceUse> useOf(pid_t process) {
   for (const auto& thread : std::filesystem::directory_iterator(folder / "task", gone)) {
     ++use.threads;
     use.wakeUps += numberIn(thread.path() / "status", "voluntary_ctxt_switches:").value_or(0);
-    use.processorTime += firstNumberIn(thread.path() / "schedstat");
+    addTimes(thread.path() / "schedstat", use);
   }
   return use;
 }

@@ -12,6 +12,7 @@ struct ResourceUse {
   std::int64_t proportionalKiB = 0;  ///< PSS: private memory and a proportional share of shared memory
   std::int64_t wakeUps = 0;          ///< voluntary context switches of its threads
   std::int64_t processorTime = 0;    ///< nanoseconds, summed over its live threads
+  std::int64_t waitingTime = 0;      ///< the same, ready to run but without a processor
   int threads = 0;
   bool operator==(const ResourceUse&) const = default;
 };

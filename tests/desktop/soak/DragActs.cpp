@@ -2,9 +2,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "tests/desktop/harness/HarnessError.h"
+#include "tests/desktop/harness/ResourceUse.h"
 #include "tests/desktop/soak/Acts.h"
 #include "tests/desktop/soak/Scenery.h"
 
@@ -18,6 +20,10 @@ constexpr int cornerReach = 60;
 /// Well away from all zones.
 constexpr int openMargin = 100;
 constexpr Milliseconds previewTimeout{1000};
+/// A throw lasts a few tenths of a second; a program that gets no processor for this long of it may miss it.
+constexpr Milliseconds mostWaiting{15};
+/// In which the program sees the release and has moved the window.
+constexpr Milliseconds afterThrow{60};
 /// A hand that throws a window takes a step at least this often, in milliseconds.
 constexpr int longestInMotion = 16;
 
@@ -99,6 +105,12 @@ Aim aim(SoakDesktop& desktop, const ModelWindow& window, Dice& dice) {
   return {zone, display, point};
 }
 
+/// How long the program has been ready to run, and another one ran.
+Milliseconds waitingTime(SoakDesktop& desktop) {
+  const auto use = useOf(desktop.tilwin().process().pid());
+  return Milliseconds{use ? use->waitingTime / 1000000 : 0};
+}
+
 std::string shown(const std::optional<Rect>& frame) { return frame ? text(*frame) : "none"; }
 
 void requirePreview(SoakDesktop& desktop, const std::optional<Rect>& frame) {
@@ -141,11 +153,19 @@ void throwToAZone(SoakDesktop& desktop, Dice& dice) {
   const auto to = aim(desktop, window, dice);
   const Milliseconds afterLastStep{dice.between(0, longestInMotion)};
   desktop.note("and lets go " + std::to_string(afterLastStep.count()) + " ms after the last step");
+  const auto waitedBefore = waitingTime(desktop);
   {
     const HeldByHand held(desktop, window);
     desktop.hand().glide(to.point, dice.between(15, 25), afterLastStep);
   }
-  desktop.model().snapped(window, to.zone.action, to.display);
+  std::this_thread::sleep_for(afterThrow);
+  const auto waited = waitingTime(desktop) - waitedBefore;
+  if (waited > mostWaiting) {
+    desktop.note("while Tilwin waits " + std::to_string(waited.count()) + " ms for a processor");
+    Model::perhapsSnapped(window);
+  } else {
+    desktop.model().snapped(window, to.zone.action, to.display);
+  }
   desktop.settle();
   desktop.gather(dice);
 }

@@ -63,6 +63,11 @@ void Model::snapped(ModelWindow& window, std::string_view action, const Display&
   move(window, rules::frame(action, window.now.frame, on.area(), spacing));
 }
 
+void Model::perhapsSnapped(ModelWindow& window) {
+  if (window.memory.mayBeEmpty) window.memory.possible.push_back(window.now);
+  leftToManager(window);
+}
+
 void Model::placed(ModelWindow& window, const Rect& frame) const { move(window, frame); }
 
 void Model::leftToManager(ModelWindow& window, std::optional<State> state) { window.next = {{}, state}; }

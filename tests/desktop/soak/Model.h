@@ -77,6 +77,8 @@ public:
   void perhapsPressed(ModelWindow& window, std::string_view action) const;
   /// The window was dragged into the zone of this action and let go.
   void snapped(ModelWindow& window, std::string_view action, const Display& on) const;
+  /// The same, unless the program was kept from seeing it.
+  static void perhapsSnapped(ModelWindow& window);
   /// Somebody else asked for this frame.
   void placed(ModelWindow& window, const Rect& frame) const;
   /// Its manager decides on its frame, and on its state if none is given.

@@ -134,6 +134,13 @@ TEST_F(TheModel, AllowsTwoOutcomesWhereARaceDecides) {
   EXPECT_TRUE(window().next.allows({{0, 0, 960, 1080}}));
 }
 
+TEST_F(TheModel, ExpectsNothingOfAThrowThatTheProgramWasKeptFromSeeing) {
+  Model::perhapsSnapped(window());
+  EXPECT_TRUE(window().next.allows({wholeDisplay, State::maximized}));
+  EXPECT_TRUE(window().next.allows({elsewhere}));
+  EXPECT_EQ(window().memory, (Memory{.possible = {{startFrame}}, .mayBeEmpty = true}));
+}
+
 TEST_F(TheModel, NamesASetOfDisplaysAsTheFileOfLayoutsDoes) {
   model.displays = {{.output = "DUMMY0", .frame = {1920, 180, 1440, 900}, .isPrimary = true}, wide};
   EXPECT_EQ(model.signature(), "1920x1080@0,0|1440x900@1920,180");
