@@ -35,6 +35,9 @@ AppDelegate::AppDelegate(Platform& platform)
       applier_({store_, controller_, hotKeyCenter_, platform.statusItem, recording_, drag_, layouts_,
                 platform.log, platform.words}),
       panel_(platform.settingsWindow, platform.mainQueue, store_, [this] { return makeSettingsView(); }),
+      commands_(
+          {store_, controller_, layouts_, *windows_, platform.trust, platform.workspace, platform.words},
+          CommandRunner::Instance{[this] { showSettings(); }, [this] { platform_.mainQueue.stop(0); }}),
       self_(std::make_shared<AppDelegate*>(this)) {}
 
 void AppDelegate::start() {
@@ -122,6 +125,12 @@ void AppDelegate::showSettings() {
   panel_.show();
   // An open dialog must be answered first.
   platform_.dialogs.activate();
+}
+
+CommandReply AppDelegate::runCommand(std::span<const std::string> arguments) {
+  // A panel or a menu from which it is called may have the focus.
+  const CommandWindows::Command running(*windows_);
+  return commands_.run(arguments);
 }
 
 std::unique_ptr<SettingsView> AppDelegate::makeSettingsView() {

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 
 #include "app/SettingsApplier.h"
+#include "app/commands/CommandRunner.h"
 #include "app/drag/DragRecording.h"
 #include "app/drag/DragWatcher.h"
 #include "app/keys/HotKeyCenter.h"
@@ -37,6 +39,9 @@ public:
   /// Opens the settings window, or brings the open one to the front.
   void showSettings();
 
+  /// Carries out a command that somebody gave to `tilwin` in another process.
+  CommandReply runCommand(std::span<const std::string> arguments);
+
   /// Lives as long as this object.
   [[nodiscard]] SettingsStore& store() { return store_; }
 
@@ -65,6 +70,7 @@ private:
   std::unique_ptr<MenuCommands> menu_;
   SettingsApplier applier_;
   SettingsPanel panel_;
+  CommandRunner commands_;
   Subscription settingsChanges_;
   /// Posted tasks and callbacks hold this weakly, so that they do nothing after this object is destroyed.
   std::shared_ptr<AppDelegate*> self_;

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "app/settings/ControllerSettings.h"
 #include "core/settings/KeyNames.h"
 #include "core/settings/ShortcutRules.h"
 
@@ -11,20 +12,12 @@ namespace tilwin {
 
 void SettingsApplier::apply() {
   const TilwinSettings settings = services_.store.settings.get();
-  handToController(settings);
+  handTo(services_.controller, settings);
   registerIfChanged(settings);
   services_.statusItem.setVisible(settings.showMenuBarIcon);
   services_.recording.apply(settings.shadowRecording);
   services_.drag.shadow = services_.recording.recorder();
   services_.layouts.setRestoring(settings.restoreOnDisplayChange);
-}
-
-void SettingsApplier::handToController(const TilwinSettings& settings) {
-  SnapController& controller = services_.controller;
-  controller.outer = settings.outer;
-  controller.gap = settings.gap;
-  controller.cycleWidths = settings.cycleWidths;
-  controller.ignoredBundleIDs = {settings.ignoredApps.begin(), settings.ignoredApps.end()};
 }
 
 void SettingsApplier::registerIfChanged(const TilwinSettings& settings) {

@@ -42,7 +42,6 @@ public:
   void retryRefused();
 
 private:
-  void handToController(const TilwinSettings& settings);
   void registerIfChanged(const TilwinSettings& settings);
   void registerHotKeys(const TilwinSettings& settings);
   void logShortcuts(const TilwinSettings& settings, const HotKeyCenter::OwnerSet& refused) const;

@@ -7,13 +7,18 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <span>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "TilwinBuild.h"
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
+#include "app/client/Places.h"
+#include "app/commands/CommandRunner.h"
+#include "app/commands/CommandsAlone.h"
 #include "app/menu/MenuBarImage.h"
 #include "core/support/StandardStreams.h"
 #include "platform/qt/BeforeMessages.h"
@@ -24,6 +29,7 @@
 #include "platform/qt/StopSignals.h"
 #include "platform/qt/XcbEvents.h"
 #include "platform/qt/XdgBundle.h"
+#include "platform/qt/commands/SocketCommands.h"
 #include "platform/qt/menu/QtDialogs.h"
 #include "platform/qt/menu/QtStatusItem.h"
 #include "platform/qt/menu/TemplateIcon.h"
@@ -53,13 +59,15 @@ using Arguments = std::span<const char* const>;
 constexpr x11::AccentColour accent{0x35, 0x84, 0xe4};
 constexpr auto desktopEntry = "tilwin";
 constexpr auto serverHasGone = "Tilwin: the X server has gone";
+/// In which a window manager answers a request, and the last of other attempts is made.
+constexpr MainQueue::Seconds settlingTime{0.7};
 
 /// What needs no display.
 struct System {
   qt::QtSystemLog log;
   qt::XdgBundle bundle{
       {{UpdaterService::feedKey, build::feed}, {UpdaterService::tokenKey, build::updateToken}}};
-  qt::XdgLoginService login;
+  qt::XdgLoginService login{client::calledFor(qt::XdgLoginService::runningExecutable())};
   qt::LinuxWords words;
 };
 
@@ -111,29 +119,69 @@ struct Interface {
   qt::QtUpdateFramework updates;
 };
 
+int print(const CommandReply& reply) {
+  std::cout << reply.output << std::flush;
+  std::cerr << reply.problem << std::flush;
+  return reply.status;
+}
+
+/// A command where no instance runs. The windows that it moves are looked after until they stand.
+int runCommandAlone(System& system, X11Desktop& desktop, const std::vector<std::string>& arguments) {
+  qt::QtUserDefaults userDefaults(system.log);
+  const auto [reply, mayHaveMoved] =
+      CommandsAlone::run({desktop.queue, system.log, userDefaults, desktop.windows, desktop.trust,
+                          system.bundle, desktop.workspace, system.words},
+                         arguments);
+  desktop.x.tellIfLost();
+  const int status = print(reply);
+  if (!mayHaveMoved) return status;
+  desktop.queue.postAfter(settlingTime, [&desktop, status] { desktop.queue.stop(status); });
+  return desktop.queue.run();
+}
+
+/// The exit status, if the arguments ask for something else than the program itself.
+std::optional<int> runModeOrCommand(System& system, X11Desktop& desktop, Arguments arguments) {
+  std::ostringstream answer;
+  if (const auto status = CommandLine::runOnDesktop(arguments, {*desktop.windows, desktop.trust}, answer)) {
+    desktop.x.tellIfLost();
+    std::cout << answer.str() << std::flush;
+    return status;
+  }
+  if (arguments.empty() || !CommandParser::isForCommand(arguments.front())) return std::nullopt;
+  return runCommandAlone(system, desktop, {arguments.begin(), arguments.end()});
+}
+
+Platform platformOf(System& system, X11Desktop& desktop, UserDefaults& userDefaults, Interface& interface) {
+  return {.mainQueue = desktop.queue,
+          .log = system.log,
+          .hotKeys = desktop.hotKeys,
+          .userDefaults = userDefaults,
+          .windows = desktop.windows,
+          .pointer = desktop.pointer,
+          .overlay = desktop.overlay,
+          .trust = desktop.trust,
+          .screenChanges = desktop.displays,
+          .bundle = system.bundle,
+          .workspace = desktop.workspace,
+          .statusItem = interface.statusItem,
+          .dialogs = interface.dialogs,
+          .settingsWindow = interface.settingsWindow,
+          .files = interface.files,
+          .login = system.login,
+          .updates = interface.updates,
+          .words = system.words};
+}
+
 int runOnDesktop(System& system, X11Desktop& desktop, qt::QtInstance& instance) {
   qt::QtUserDefaults userDefaults(system.log);
   Interface interface(system, desktop.hotKeys);
-  Platform platform{.mainQueue = desktop.queue,
-                    .log = system.log,
-                    .hotKeys = desktop.hotKeys,
-                    .userDefaults = userDefaults,
-                    .windows = desktop.windows,
-                    .pointer = desktop.pointer,
-                    .overlay = desktop.overlay,
-                    .trust = desktop.trust,
-                    .screenChanges = desktop.displays,
-                    .bundle = system.bundle,
-                    .workspace = desktop.workspace,
-                    .statusItem = interface.statusItem,
-                    .dialogs = interface.dialogs,
-                    .settingsWindow = interface.settingsWindow,
-                    .files = interface.files,
-                    .login = system.login,
-                    .updates = interface.updates,
-                    .words = system.words};
+  Platform platform = platformOf(system, desktop, userDefaults, interface);
   AppDelegate delegate(platform);
-  desktop.manager.whenRunning([&delegate, &instance] {
+  qt::SocketCommands commands(qt::SocketCommands::pathFor(qEnvironmentVariable("DISPLAY").toStdString()));
+  desktop.manager.whenRunning([&delegate, &instance, &commands] {
+    // Whoever sees that the program works can command it; the event loop takes the command.
+    commands.serve(
+        [&delegate](std::span<const std::string> arguments) { return delegate.runCommand(arguments); });
     delegate.start();
     instance.onShowSettings([&delegate] { delegate.showSettings(); });
   });
@@ -160,12 +208,7 @@ int runApplication(int argc, char** argv, System& system) {
   QApplication::setWindowIcon(qt::templateIcon(menuBarImage()));
   X11Desktop desktop(system, x);
   const Arguments arguments(argv + 1, static_cast<std::size_t>(argc - 1));
-  std::ostringstream answer;
-  if (const auto status = CommandLine::runOnDesktop(arguments, {*desktop.windows, desktop.trust}, answer)) {
-    x.tellIfLost();
-    std::cout << answer.str() << std::flush;
-    return *status;
-  }
+  if (const auto status = runModeOrCommand(system, desktop, arguments)) return *status;
   qt::QtInstance instance(qEnvironmentVariable("DISPLAY").toStdString());
   return instance.claim() ? runOnDesktop(system, desktop, instance) : 0;
 }
@@ -179,6 +222,11 @@ int main(int argc, char** argv) {
   const auto status = CommandLine::run(arguments.subspan(1),
                                        {system.bundle, system.login, system.words, system.log}, std::cout);
   if (status) return *status;
+  if (argc > 1 && CommandParser::isForCommand(argv[1])) {
+    const auto reply =
+        CommandRunner::runWithoutDesktop(std::vector<std::string>(argv + 1, argv + argc), build::version);
+    if (reply) return print(*reply);
+  }
   try {
     return runApplication(argc, argv, system);
   } catch (const x11::X11Unavailable& reason) {

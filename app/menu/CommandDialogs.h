@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/ports/DesktopWords.h"
 #include "platform/ports/Dialogs.h"
@@ -31,9 +29,5 @@ private:
   const DesktopWords& words_;
   bool isOpen_ = false;  ///< a prompt
 };
-
-/// The number and what is counted, in the plural unless there is one: "2 windows".
-[[nodiscard]] std::string counted(std::size_t count, std::string_view singular);
-[[nodiscard]] std::string joined(const std::vector<std::string>& texts, std::string_view separator);
 
 }  // namespace tilwin

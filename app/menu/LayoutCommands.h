@@ -1,8 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "app/layouts/LayoutKeeper.h"
 #include "app/menu/CommandDialogs.h"
@@ -26,13 +24,7 @@ public:
   /// Places the windows that a sentence of the user names.
   void describe();
 
-  /// The layout that a sentence describes; it is placed and not saved.
-  [[nodiscard]] static Layout transientLayout(std::string_view sentence, std::vector<LayoutSlot> slots,
-                                              Date now);
-
 private:
-  void place(std::string_view sentence);
-
   LayoutKeeper& keeper_;
   CommandDialogs& dialogs_;
   Workspace& workspace_;

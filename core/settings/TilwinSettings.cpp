@@ -44,9 +44,9 @@ constexpr std::array defaultShortcuts = std::to_array<TilwinSettings::DefaultSho
 });
 // clang-format on
 
-constexpr double largestDistance = 64;
-
-double clampedDistance(double points) { return points >= 0 ? std::min(points, largestDistance) : 0; }
+double clampedDistance(double points) {
+  return points >= 0 ? std::min(points, TilwinSettings::largestDistance) : 0;
+}
 
 std::string keyOf(SnapAction action) { return std::string(SnapActions::rawValue(action)); }
 

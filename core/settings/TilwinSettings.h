@@ -24,6 +24,7 @@ struct TilwinSettings {
     HotKeySpec spec{};
   };
 
+  static constexpr double largestDistance = 64;  ///< points, of `gap` and `outer`
   static constexpr std::size_t maximumAreas = 12;
   static constexpr std::size_t maximumIgnored = 100;  ///< applications that the menu adds to `ignoredApps`
   static constexpr std::size_t longestIgnored = 255;  ///< bytes of a bundle identifier that it adds

@@ -8,9 +8,9 @@
 #include <QMetaObject>
 #include <QString>
 #include <algorithm>
-#include <array>
 #include <utility>
 
+#include "core/commands/CommandWire.h"
 #include "platform/qt/system/SessionBusConnection.h"
 
 namespace tilwin::qt {
@@ -26,31 +26,12 @@ constexpr uint doNotQueueName = 4;
 constexpr uint primaryNameOwner = 1;
 constexpr uint alreadyNameOwner = 4;
 
-bool isLetterOrDigit(char each) {
-  return (each >= 'a' && each <= 'z') || (each >= 'A' && each <= 'Z') || (each >= '0' && each <= '9');
-}
-
 /// Whether there was nobody to answer, or somebody who left without an answer. The bus tells both; if the
 /// owner only takes too long, it is this end that gives up.
 bool hasOwnerGone(const QDBusMessage& reply) {
   const auto error = QDBusError(reply).type();
   return error == QDBusError::ServiceUnknown ||
          (error == QDBusError::NoReply && reply.service() == QLatin1String("org.freedesktop.DBus"));
-}
-
-/// Text in the few characters that a bus name may have; different texts stay different.
-std::string asBusName(std::string_view text) {
-  constexpr std::string_view hexDigits = "0123456789abcdef";
-  std::string result;
-  for (const char each : text) {
-    const auto byte = static_cast<unsigned char>(each);
-    if (isLetterOrDigit(each)) {
-      result += each;
-    } else {
-      result.append({'_', hexDigits[byte >> 4U], hexDigits[byte & 15U]});
-    }
-  }
-  return result;
 }
 
 }  // namespace
@@ -148,14 +129,7 @@ void QtInstance::onShowSettings(std::function<void()> handler) {
 }
 
 std::string QtInstance::serviceName(std::string_view display) {
-  const auto colon = display.rfind(':');
-  if (colon == std::string_view::npos) return "org.tilwin.Tilwin.display_" + asBusName(display);
-  const std::string_view number = display.substr(colon + 1);
-  const std::string_view host = display.substr(0, colon);
-  // Two ways to say this machine.
-  const bool isLocal = host.empty() || host == "unix";
-  return "org.tilwin.Tilwin.display_" + std::string(isLocal ? "" : asBusName(host) + "_") +
-         asBusName(number.substr(0, number.find('.')));
+  return "org.tilwin.Tilwin." + CommandWire::displayWord(display);
 }
 
 }  // namespace tilwin::qt

@@ -36,7 +36,7 @@ OUTSIDE = {
 }
 
 CORE = "core"
-VALUES = ["core/geometry", "core/snap", "core/layouts", "core/settings", "core/drag", "core/support"]
+VALUES = ["core/commands", "core/geometry", "core/snap", "core/layouts", "core/settings", "core/drag", "core/support"]
 PORTS = "platform/ports"
 TEST_TOOLS = ["std", "posix", "gtest", "rapidcheck"]
 
@@ -45,6 +45,7 @@ TEST_TOOLS = ["std", "posix", "gtest", "rapidcheck"]
 MAY_INCLUDE = {
     "core/support": ([], ["std", "posix", "icu", "json"]),
     "core/geometry": (["core/support"], ["std"]),
+    "core/commands": ([], ["std"]),
     "core/snap/actions": (["core/geometry", "core/support"], ["std"]),
     "core/settings": (["core/geometry", "core/snap/actions", "core/support"], ["std"]),
     "core/layouts": (["core/geometry", "core/snap/actions", "core/support"], ["std"]),
@@ -74,10 +75,14 @@ MAY_INCLUDE = {
     "app/login": ([CORE, PORTS], ["std"]),
     "app/updates": ([CORE, PORTS, "app/settings"], ["std"]),
     "app/layouts": ([CORE, PORTS], ["std"]),
+    "app/client": (["core/commands"], ["std", "posix"]),
+    "app/commands": ([CORE, PORTS, "app/layouts", "app/settings"], ["std"]),
     "app/menu": ([CORE, PORTS, "app/actions", "app/layouts", "app/settings", "app/updates", "app/windows"], ["std"]),
-    "app": ([CORE, PORTS, "app/actions", "app/settings", "app/keys", "app/drag", "app/windows", "app/layouts", "app/login",
+    "app": ([CORE, PORTS, "app/actions", "app/commands", "app/settings", "app/keys", "app/drag", "app/windows", "app/layouts", "app/login",
              "app/updates", "app/menu"], ["std"]),
+    "packaging/commands": ([CORE], ["std"]),
     "tests": ([CORE], TEST_TOOLS),
+    "tests/packaging": ([CORE, "packaging/commands"], TEST_TOOLS),
     # The kernel can be asked to refuse a process its calls, as a full or broken disk would.
     "tests/core": ([CORE, PORTS, "platform/simulated", "tests"], [*TEST_TOOLS, "linux", "icu", "json"]),
     # Simulated people, held to what is told of them.

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "app/layouts/LayoutRequests.h"
+#include "core/support/ListText.h"
 #include "tests/app/RunningProgram.h"
 
 namespace tilwin {
@@ -208,7 +210,7 @@ TEST_F(LayoutCommandsTest, OnAnotherDesktopThePromptSpeaksItsWords) {
 
 TEST(TransientLayout, IsNamedByTheFirst40CharactersOfItsSentence) {
   const std::string sentence = "Editor left two thirds, Terminal right third please";
-  const auto layout = LayoutCommands::transientLayout(sentence, {}, Date{});
+  const auto layout = LayoutRequests::transientLayout(sentence, {}, Date{});
   EXPECT_EQ(layout.name, "Editor left two thirds, Terminal right t");
   EXPECT_FALSE(layout.isAutomatic);
   EXPECT_EQ(layout.signature, std::nullopt);
@@ -217,9 +219,9 @@ TEST(TransientLayout, IsNamedByTheFirst40CharactersOfItsSentence) {
 TEST(TransientLayout, CountsCharactersAsAReaderDoes) {
   std::string flags;
   for (int count = 0; count < 41; ++count) flags += "🇫🇷";
-  const auto layout = LayoutCommands::transientLayout(flags, {}, Date{});
+  const auto layout = LayoutRequests::transientLayout(flags, {}, Date{});
   EXPECT_EQ(layout.name.size(), 40 * std::string("🇫🇷").size());
-  EXPECT_EQ(LayoutCommands::transientLayout("short", {}, Date{}).name, "short");
+  EXPECT_EQ(LayoutRequests::transientLayout("short", {}, Date{}).name, "short");
 }
 
 }  // namespace

@@ -1,0 +1,151 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/desktop/DesktopTest.h"
+
+namespace tilwin::desktop {
+
+namespace {
+
+using Words = std::vector<std::string>;
+constexpr ExitStatus done{.code = 0, .signal = std::nullopt};
+
+/// Somebody calls `tilwin` with a command, from a shell or a key binding.
+class Commands : public DesktopTest {
+protected:
+  struct Call {
+    ExitStatus status{.code = std::nullopt, .signal = std::nullopt};
+    std::string output;
+    std::string problem;
+  };
+
+  static Call call(const Words& words, const Environment& environment = session().environment()) {
+    Words argv{arguments().tilwin.string()};
+    argv.insert(argv.end(), words.begin(), words.end());
+    const std::string name = "call-" + std::to_string(++calls_);
+    auto process = ChildProcess::start({.argv = argv,
+                                        .environment = environment,
+                                        .outputFile = session().home().log(name),
+                                        .errorFile = session().home().log(name + "-errors")});
+    const auto status = process.waitFor(startTimeout);
+    return {status.value_or(ExitStatus{.code = std::nullopt, .signal = std::nullopt}), process.output(),
+            process.errorOutput()};
+  }
+  /// Without a word, as a command that was carried out ends.
+  static testing::AssertionResult isDone(const Words& words) {
+    const auto ended = call(words);
+    if (ended.status == done && ended.problem.empty()) return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << ended.output << ended.problem << "status " << testing::PrintToString(ended.status.code);
+  }
+
+private:
+  static inline int calls_ = 0;
+};
+
+/// Nothing runs that could take commands.
+class CommandsAlone : public Commands {
+protected:
+  void SetUp() override { endTilwin(); }
+  void TearDown() override { restartTilwin(); }
+};
+
+}  // namespace
+
+TEST_F(Commands, SnapMovesTheFocusedWindowAndRestoreBringsItBack) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  EXPECT_TRUE(isDone({"snap", "left-half"}));
+  EXPECT_TRUE(stands(window.id(), leftHalf));
+  EXPECT_TRUE(isDone({"snap", "restore"}));
+  EXPECT_TRUE(stands(window.id(), startFrame));
+}
+
+TEST_F(Commands, AndShortcutsAreOneProgram) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  press("Control+Alt+Right");
+  ASSERT_TRUE(stands(window.id(), rightHalf));
+  EXPECT_TRUE(isDone({"snap", "rightHalf"}));
+  EXPECT_TRUE(stands(window.id(), {640, 0, 1280, 1080})) << "the next width";
+  EXPECT_TRUE(isDone({"snap", "restore"}));
+  EXPECT_TRUE(stands(window.id(), startFrame));
+}
+
+TEST_F(Commands, TellWhatIsThere) {
+  const TestWindow window = session().window({.title = "Notes of today"});
+  focusAtStart(window.id());
+  const auto windows = call({"windows", "--json"});
+  EXPECT_EQ(windows.status, done);
+  EXPECT_NE(windows.output.find(R"("title":"Notes of today")"), std::string::npos) << windows.output;
+  EXPECT_NE(windows.output.find(R"("isFocused":true)"), std::string::npos) << windows.output;
+  EXPECT_EQ(call({"displays"}).output.substr(0, 16), "0  1920x1080+0+0");
+}
+
+TEST_F(Commands, ChangeSettingsAtOnce) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  EXPECT_TRUE(isDone({"set", "outer", "20"}));
+  EXPECT_TRUE(isDone({"snap", "leftHalf"}));
+  EXPECT_TRUE(stands(window.id(), {20, 20, 940, 1040}));
+  EXPECT_TRUE(isDone({"set", "outer", "0"}));
+  EXPECT_EQ(call({"get", "outer"}).output, "0\n");
+}
+
+TEST_F(Commands, SayWhatIsWrong) {
+  const auto misuse = call({"snpa", "leftHalf"});
+  EXPECT_EQ(misuse.status, (ExitStatus{.code = 2, .signal = std::nullopt}));
+  EXPECT_EQ(misuse.problem, "tilwin: \"snpa\" is not a command. Did you mean \"snap\"?\n");
+  EXPECT_EQ(call({"area", "nowhere"}).status, (ExitStatus{.code = 1, .signal = std::nullopt}));
+}
+
+TEST_F(Commands, QuitEndsTheProgram) {
+  EXPECT_TRUE(isDone({"quit"}));
+  EXPECT_EQ(tilwin().process().waitFor(answerTimeout), done);
+  restartTilwin();
+}
+
+TEST_F(Commands, WhileTheProgramStartsAndEndsAreCarriedOutByEither) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  for (int round = 0; round < 3; ++round) {
+    EXPECT_TRUE(isDone({"quit"}));
+    EXPECT_TRUE(isDone({"snap", "left-half"}));
+    tilwin().process().waitFor(answerTimeout);
+    restartTilwin();
+    EXPECT_TRUE(isDone({"snap", "right-half"}));
+    EXPECT_TRUE(stands(window.id(), rightHalf));
+    EXPECT_TRUE(isDone({"snap", "restore"}));
+  }
+}
+
+TEST_F(CommandsAlone, MoveWindowsThemselves) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  EXPECT_TRUE(isDone({"snap", "right-half"}));
+  EXPECT_TRUE(stands(window.id(), rightHalf));
+  EXPECT_TRUE(isDone({"place", "no such program left"}) == false);
+}
+
+TEST_F(CommandsAlone, NeedNoRunningProgramToList) {
+  EXPECT_EQ(call({"get", "gap"}).output, "0\n");
+  EXPECT_EQ(call({"actions"}).status, done);
+}
+
+TEST_F(CommandsAlone, SayWhichOfThemNeedOne) {
+  const auto quit = call({"quit"});
+  EXPECT_EQ(quit.status, (ExitStatus{.code = 3, .signal = std::nullopt}));
+  EXPECT_EQ(quit.problem, "tilwin: Tilwin is not running. Start it with \"tilwin\".\n");
+}
+
+TEST_F(CommandsAlone, NeedNoDisplayToExplainThemselves) {
+  const auto help = call({"--help"}, session().home().environment());
+  EXPECT_EQ(help.status, done);
+  EXPECT_TRUE(help.output.starts_with("Usage: tilwin")) << help.output;
+  EXPECT_EQ(call({"snap", "leftHalf"}, session().home().environment()).status,
+            (ExitStatus{.code = 1, .signal = std::nullopt}));
+}
+
+}  // namespace tilwin::desktop
