@@ -3,6 +3,7 @@
 // else is for the program proper, which takes this process's place.
 
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -46,6 +47,9 @@ bool isFromThisUser(int socket) {
   return getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &server, &size) == 0 && server.uid == getuid();
 }
 
+/// Commands are carried out at once; an instance that has been stopped would be waited for without end.
+constexpr timeval longestAnswer{.tv_sec = 10, .tv_usec = 0};
+
 /// Connected to the instance; -1 if there is none, or another user has taken its place.
 int connectTo(const std::string& path) {
   sockaddr_un address{};
@@ -53,6 +57,7 @@ int connectTo(const std::string& path) {
   if (path.size() >= sizeof address.sun_path) return -1;
   std::memcpy(static_cast<char*>(address.sun_path), path.c_str(), path.size() + 1);
   const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &longestAnswer, sizeof longestAnswer);
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): as connect(2) wants it
   if (connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
       isFromThisUser(socket)) {
@@ -93,7 +98,7 @@ std::optional<int> askInstance(const std::vector<std::string>& arguments) {
   close(socket);
   if (status) return status;
   if (!wasSent) return std::nullopt;
-  std::fputs("tilwin: Tilwin ended before it answered.\n", stderr);
+  std::fputs("tilwin: Tilwin did not answer.\n", stderr);
   return 1;
 }
 

@@ -94,6 +94,8 @@ MAY_INCLUDE = {
     "tests/macos": (["core", "platform", "app", "tests"], [*TEST_TOOLS, "apple", "objc", "xcb"]),
     "tests/contract": (["core", "platform", "app", "tests"], [*TEST_TOOLS, "xcb", "qt"]),
     "tests/desktop": (["core/geometry", "tests"], [*TEST_TOOLS, "linux", "xcb", "qt"]),
+    # What goes over the socket for commands.
+    "tests/desktop/floods": (["core/commands", "core/geometry", "tests"], [*TEST_TOOLS, "xcb"]),
     # Layouts on real desktops, placed from within the test.
     "tests/desktop/layouts": ([CORE, PORTS, "platform/x11", "platform/qt", "tests"], [*TEST_TOOLS, "qt"]),
     "fuzz": ([CORE], ["std"]),
