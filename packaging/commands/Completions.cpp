@@ -112,7 +112,7 @@ std::string bashCompletion() {
 std::string zshCompletion() {
   std::string text = "#compdef tilwin\n" + std::string(notice) +
                      "local -a options\n"
-                     "case ${words[2,CURRENT-1]} in\n"
+                     "case \"${(j: :)words[2,CURRENT-1]}\" in\n"
                      "  '') options=(" +
                      joinedBySpaces(CommandTable::groups()) + ") ;;\n";
   for (const Position& position : positions()) {
