@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/desktop/DesktopTest.h"
@@ -50,6 +51,26 @@ class CommandsAlone : public Commands {
 protected:
   void SetUp() override { endTilwin(); }
   void TearDown() override { restartTilwin(); }
+};
+
+/// Somebody has a script for the start of the day.
+class WorkPlace : public Commands {
+protected:
+  testing::AssertionResult isRun(const std::string& script) {
+    auto environment = session().environment();
+    environment.set("PATH", arguments().tilwin.parent_path().string() + ":" + environment.get("PATH"));
+    auto process = ChildProcess::start({.argv = {script},
+                                        .environment = environment,
+                                        .outputFile = session().home().log("script"),
+                                        .errorFile = session().home().log("script-errors")});
+    const auto status = process.waitFor(startTimeout);
+    const std::string said = process.output() + process.errorOutput();
+    terminals_.push_back(std::move(process));
+    return status == done ? testing::AssertionSuccess() : testing::AssertionFailure() << said;
+  }
+
+private:
+  std::vector<ChildProcess> terminals_;  ///< stay open as long as the script they are children of is kept
 };
 
 }  // namespace
@@ -119,6 +140,22 @@ TEST_F(Commands, WhileTheProgramStartsAndEndsAreCarriedOutByEither) {
     EXPECT_TRUE(stands(window.id(), rightHalf));
     EXPECT_TRUE(isDone({"snap", "restore"}));
   }
+}
+
+TEST_F(WorkPlace, IsRebuiltByAScript) {
+  const std::string script = TILWIN_EXAMPLES "/workplace.sh";
+  ASSERT_TRUE(isRun(script));
+  const std::string built = call({"windows", "--json"}).output;
+  EXPECT_NE(built.find(R"("title":"Editor","frame":{"x":0,"y":0,"width":1277,"height":1080})"),
+            std::string::npos)
+      << built;
+  EXPECT_NE(built.find(R"("title":"Log","frame":{"x":1285,"y":0,"width":635,"height":1080})"),
+            std::string::npos)
+      << built;
+  EXPECT_TRUE(isDone({"snap", "center-third"}));
+  EXPECT_NE(call({"windows", "--json"}).output, built);
+  ASSERT_TRUE(isRun(script)) << "the second time, it puts the windows back";
+  EXPECT_EQ(call({"windows", "--json"}).output, built);
 }
 
 TEST_F(CommandsAlone, MoveWindowsThemselves) {
