@@ -129,6 +129,8 @@ TEST(HandMadeMonitors, AreDisplaysFromTheNextPressOn) {
   const TestWindow window(session.server().display());
   ASSERT_TRUE(session.desktop().activate(window.id()));
   session.server().splitIntoMonitors({1200, 720});
+  // Some managers arrange their windows anew.
+  session.desktop().settle();
   session.input().press(leftHalfKeys);
   EXPECT_TRUE(session.desktop().waitForFrame(window.id(), {0, 0, 600, 1080}));
 }

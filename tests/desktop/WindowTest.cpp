@@ -156,6 +156,7 @@ TEST_F(Windows, APanelsRoomIsLeftFreeForAsLongAsThePanelIsThere) {
                                                .kind = WindowKind::dock,
                                                .strut = {.top = 40},
                                                .strutSpans = {0, 0, 0, 0, 0, 1919, 0, 0}});
+    desktop().settle();
     focusAtStart(window.id());
     press(leftHalfKeys);
     EXPECT_TRUE(stands(window.id(), {0, 40, 960, 1040}));
