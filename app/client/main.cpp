@@ -113,8 +113,10 @@ std::optional<int> askInstance(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const bool isCommand = argc > 1 && argv[1][0] != '-' && argv[1][0] != '\0';
-  if (isCommand) {
+  const std::string_view first = argc > 1 ? argv[1] : "";
+  // The version is that of what was called, which an update may have replaced since the instance started.
+  const bool isForInstance = !first.empty() && first.front() != '-' && first != "version";
+  if (isForInstance) {
     if (const auto status = askInstance({argv + 1, argv + argc})) return *status;
   }
   becomeProgram(argv);

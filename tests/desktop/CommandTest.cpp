@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -120,6 +121,13 @@ TEST_F(Commands, SayWhatIsWrong) {
   EXPECT_EQ(misuse.status, (ExitStatus{.code = 2, .signal = std::nullopt}));
   EXPECT_EQ(misuse.problem, "tilwin: \"snpa\" is not a command. Did you mean \"snap\"?\n");
   EXPECT_EQ(call({"area", "nowhere"}).status, (ExitStatus{.code = 1, .signal = std::nullopt}));
+}
+
+TEST_F(Commands, VersionIsThatOfTheProgramThatIsCalled) {
+  const auto version = call({"version"});
+  EXPECT_EQ(version.status, done);
+  EXPECT_EQ(version.output, call({"--version"}).output);
+  EXPECT_EQ(std::ranges::count(version.output, '\n'), 1) << version.output;
 }
 
 TEST_F(Commands, QuitEndsTheProgram) {
