@@ -1,7 +1,7 @@
-# The build release reads each source on its own, without precompiled headers, as the build alone does. Read again there, those
-# sources would take as long as all others.
+# The build release reads the sources of the program and of the benchmarks on their own, without precompiled headers, as the
+# build alone reads all others.
 
-option(TILWIN_READ_REST "Leave out the sources that the tests of the build release and the benchmarks are made of" OFF)
+option(TILWIN_READ_REST "Leave out the sources that the program and the benchmarks are made of" OFF)
 
 # tilwin_needed_for(RESULT TARGET ...): these targets and all that they link or depend on.
 function(tilwin_needed_for result)
@@ -31,7 +31,7 @@ function(tilwin_read_rest)
   set(nothing ${CMAKE_BINARY_DIR}/nothing.cpp)
   file(CONFIGURE OUTPUT ${nothing} CONTENT "// Read in another build.\n")
   get_property(programs DIRECTORY bench PROPERTY BUILDSYSTEM_TARGETS)
-  tilwin_needed_for(targets runs-release ${programs})
+  tilwin_needed_for(targets tilwin tilwin-desktop ${programs})
   foreach(target ${targets})
     get_target_property(type ${target} TYPE)
     get_target_property(is_imported ${target} IMPORTED)

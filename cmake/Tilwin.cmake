@@ -8,6 +8,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(TILWIN_SANITIZE "" CACHE STRING "Sanitizers to build with: \"address,undefined\" or \"thread\"; none when empty")
 option(TILWIN_FUZZ "Build the core and its fuzz targets, and nothing else (needs clang)" OFF)
 option(TILWIN_LINT "Run clang-tidy on every source that is compiled" OFF)
+option(TILWIN_LEAN_TESTS "Build tests unoptimised and joined, whatever the program is built as" OFF)
 option(TILWIN_READ_ONLY "Compile without making anything: objects, libraries and programs are empty files" OFF)
 
 if(TILWIN_READ_ONLY)
@@ -56,8 +57,9 @@ if(TILWIN_LINT)
     --extra-arg=-Wno-error --extra-arg=-Wno-unknown-warning-option)
 endif()
 
-# tilwin_checked(TARGET): what scripts/check looks at: the target's sources, linted, and its headers, each compiled on its
-# own. Its headers are those of its sources, and those without a source that no target before it has in its folders.
+# tilwin_checked(TARGET): what scripts/check looks at: the target's sources, linted, and each header without a source in its
+# folders that no target before it has, compiled on its own. A header with a source comes first there, and the builds
+# release and alone compile each source on its own.
 function(tilwin_checked target)
   set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${lint}"
     UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
@@ -75,7 +77,10 @@ function(tilwin_checked target)
   get_property(taken GLOBAL PROPERTY TILWIN_HEADERS)
   foreach(header ${headers})
     cmake_path(REPLACE_EXTENSION header LAST_ONLY cpp OUTPUT_VARIABLE source)
-    if(header IN_LIST taken OR (EXISTS ${source} AND NOT source IN_LIST own))
+    if(EXISTS ${source} AND source IN_LIST own)
+      set_property(GLOBAL APPEND PROPERTY TILWIN_HEADERS ${header})
+    endif()
+    if(header IN_LIST taken OR EXISTS ${source})
       list(REMOVE_ITEM headers ${header})
     endif()
   endforeach()
@@ -114,9 +119,18 @@ endfunction()
 # Qt requires -fPIC of its users.
 function(tilwin_precompiled target)
   target_compile_options(${target} PRIVATE -fPIC)
+  tilwin_lean(${target})
   target_precompile_headers(${target} REUSE_FROM TilwinTestHeaders)
-  if(CMAKE_DISABLE_PRECOMPILE_HEADERS)
+  if(CMAKE_DISABLE_PRECOMPILE_HEADERS AND NOT TILWIN_LEAN_TESTS)
     target_compile_options(${target} PRIVATE "SHELL:-include ${CMAKE_SOURCE_DIR}/tests/Printing.h")
+  endif()
+endfunction()
+
+# tilwin_lean(TARGET): where the program is built as people run it, what only tests it is built as fast as can be.
+function(tilwin_lean target)
+  if(TILWIN_LEAN_TESTS)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON DISABLE_PRECOMPILE_HEADERS OFF)
+    target_compile_options(${target} PRIVATE -O0 -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
   endif()
 endfunction()
 

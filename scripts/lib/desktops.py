@@ -1,8 +1,8 @@
 """Prints what was tested under each window manager, as a table, and compares it with the one in docs/desktops.md.
 
-usage: desktops.py BUILD-FOLDER [--write]
-Reads results/desktop-*.xml in the build folder, as left by a run of all tests of the preset release, and
-tests/desktop/cannot.txt. A test that failed shows as FAILED, a manager that was not run is missing; either differs from
+usage: desktops.py BUILD-FOLDER ... [--write]
+Reads results/desktop-*.xml in the build folders, as left by runs of all tests of the presets asan and release, and
+tests/desktop/cannot.txt. A test that failed in one of them shows as FAILED, a manager that was not run is missing; either differs from
 what the document says. --write puts the table into the document instead.
 """
 
@@ -33,16 +33,15 @@ ABILITIES = (
 )
 
 
-def outcomes(build, manager):
+def outcomes(builds, manager):
     """Test name to whether it passed, of all runs under the manager."""
     result = {}
-    for run in ("desktop", "desktop-drags"):
-        path = build / "results" / f"{run}-{manager}.xml"
-        if not path.exists():
-            continue
+    runs = [build / "results" / f"{run}-{manager}.xml" for build in builds for run in ("desktop", "desktop-drags")]
+    for path in filter(Path.exists, runs):
         for case in xml.parse(path).iter("testcase"):
             if case.get("status") == "run":
-                result[f"{case.get('classname')}.{case.get('name')}"] = case.find("failure") is None
+                name = f"{case.get('classname')}.{case.get('name')}"
+                result[name] = result.get(name, True) and case.find("failure") is None
     return result
 
 
@@ -73,8 +72,8 @@ def cell(manager, wanted, seen, rows):
     return ("no" if len(missing) == len(wanted) else "partly") + " " + ", ".join(f"({number})" for number in notes)
 
 
-def table(build):
-    seen = {manager: outcomes(build, manager) for manager in MANAGERS}
+def table(builds):
+    seen = {manager: outcomes(builds, manager) for manager in MANAGERS}
     rows = exceptions()
     everything = sorted(set().union(*seen.values()))
     lines = ["| | " + " | ".join(name for name, _ in ABILITIES) + " |", "|---" * (len(ABILITIES) + 1) + "|"]
@@ -88,7 +87,7 @@ def table(build):
 
 
 def main():
-    found = table(Path(sys.argv[1]))
+    found = table([Path(argument) for argument in sys.argv[1:] if not argument.startswith("--")])
     before, rest = DOCUMENT.read_text().split(BEGIN)
     written, after = rest.split(END)
     print(found, end="")

@@ -55,8 +55,8 @@ void BusMenu::addMethods() {
   addMethod("GetLayout", "iias", "u(ia{sv}av)", [this](const auto& in) { return layout(in); });
   addMethod("GetGroupProperties", "aias", "a(ia{sv})", [this](const auto& in) { return propertiesOf(in); });
   addMethod("GetProperty", "is", "v", [this](const auto& in) { return property(in); });
-  addMethod("Event", "isvu", "", [this](const auto& in) { return event(in); });
-  addMethod("EventGroup", "a(isvu)", "ai", [this](const auto& in) { return events(in); });
+  addMethod("Event", "isvu", "", [this](const auto& in) { return entryEvent(in); });
+  addMethod("EventGroup", "a(isvu)", "ai", [this](const auto& in) { return entryEvents(in); });
   addMethod("AboutToShow", "i", "b",
             [this](const auto& in) { return QVariantList{isOutdated(in[0].toInt())}; });
   addMethod("AboutToShowGroup", "ai", "aiai", [this](const auto& in) { return aboutToShowGroup(in); });
@@ -112,12 +112,12 @@ QVariantList BusMenu::property(const QVariantList& arguments) const {
   return {QVariant::fromValue(QDBusVariant(properties.value(arguments[1].toString(), "")))};
 }
 
-QVariantList BusMenu::event(const QVariantList& arguments) {
+QVariantList BusMenu::entryEvent(const QVariantList& arguments) {
   happened(arguments[0].toInt(), arguments[1].toString());
   return {};
 }
 
-QVariantList BusMenu::events(const QVariantList& arguments) {
+QVariantList BusMenu::entryEvents(const QVariantList& arguments) {
   QList<int> unknown;
   for (const auto& event : qdbus_cast<QList<bus::Event>>(arguments[0])) {
     if (!happened(event.entry, event.name)) unknown.push_back(event.entry);

@@ -30,8 +30,8 @@ private:
   QVariantList layout(const QVariantList& arguments);
   QVariantList propertiesOf(const QVariantList& arguments) const;
   QVariantList property(const QVariantList& arguments) const;
-  QVariantList event(const QVariantList& arguments);
-  QVariantList events(const QVariantList& arguments);
+  QVariantList entryEvent(const QVariantList& arguments);
+  QVariantList entryEvents(const QVariantList& arguments);
   QVariantList aboutToShowGroup(const QVariantList& arguments);
   /// Returns whether the entry exists.
   bool happened(int entry, const QString& event);

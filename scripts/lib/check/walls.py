@@ -197,6 +197,18 @@ def includes(tree):
                 yield Finding(file.path, include.line, "walls", problem)
 
 
+def own_header_first(tree):
+    """A source that begins with its own header shows, compiled alone, that the header needs nothing before it."""
+    for file in tree.cpp_files:
+        header = file.path.removesuffix(".cpp") + ".h"
+        if not file.path.endswith(".cpp") or header not in tree.files:
+            continue
+        first = next(iter(file.includes), None)
+        if first is None or first.name != header:
+            yield Finding(file.path, first.line if first else 1, "own-header",
+                          f'include "{header}" before anything else, so that it is compiled on its own')
+
+
 def operating_systems(tree):
     """No condition on the operating system outside the composition root."""
     for file in tree.cpp_files:
@@ -246,4 +258,4 @@ def global_platform(tree):
                                   "a way to the platform from anywhere; hand the ports to the constructor instead")
 
 
-RULES = [floors, includes, operating_systems, inner_types, global_platform]
+RULES = [floors, includes, own_header_first, operating_systems, inner_types, global_platform]
