@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <variant>
@@ -27,7 +28,7 @@ AppDelegate::AppDelegate(Platform& platform)
       windows_(std::make_shared<CommandWindows>(platform.windows)),
       controller_(windows_),
       hotKeyCenter_(platform.hotKeys, platform.mainQueue),
-      recording_(platform.mainQueue, platform.bundle, controller_),
+      recording_(platform.mainQueue, platform.bundle),
       drag_({platform.windows, platform.pointer, platform.overlay, platform.trust, platform.mainQueue},
             controller_),
       layouts_({platform.mainQueue, platform.trust, platform.bundle, platform.log}, windows_, controller_),
@@ -38,6 +39,7 @@ AppDelegate::AppDelegate(Platform& platform)
       commands_(
           {store_, controller_, layouts_, *windows_, platform.trust, platform.workspace, platform.words},
           CommandRunner::Instance{[this] { showSettings(); }, [this] { platform_.mainQueue.stop(0); }}),
+      events_({platform.mainQueue, store_, *windows_}),
       self_(std::make_shared<AppDelegate*>(this)) {}
 
 void AppDelegate::start() {
@@ -48,6 +50,7 @@ void AppDelegate::start() {
   followSettings();
   startHotKeys();
   startDrags();
+  followWindowsAndLayouts();
   layouts_.start();
   followDisplays();
   finishAtEnd();
@@ -91,12 +94,24 @@ void AppDelegate::startDrags() {
   drag_.start();
 }
 
+void AppDelegate::followWindowsAndLayouts() {
+  controller_.onEvent = [this](std::int64_t window, SnapAction action) {
+    recording_.actionPerformed(window, action);
+    events_.snapped(window, action);
+  };
+  controller_.onArea = [this](std::int64_t window, const CustomArea& area) { events_.snapped(window, area); };
+  layouts_.onChange = [this](LayoutChange change, const Layout& layout) {
+    events_.layoutChanged(change, layout);
+  };
+}
+
 void AppDelegate::followDisplays() {
   platform_.screenChanges.onChange([weak = std::weak_ptr(self_)] {
     const auto self = weak.lock();
     if (!self) return;
     (*self)->drag_.displaysChanged();
     (*self)->layouts_.displaysChanged();
+    (*self)->events_.displaysChanged();
   });
 }
 
@@ -131,6 +146,15 @@ CommandReply AppDelegate::runCommand(std::span<const std::string> arguments) {
   // A panel or a menu from which it is called may have the focus.
   const CommandWindows::Command running(*windows_);
   return commands_.run(arguments);
+}
+
+void AppDelegate::takeCommands(std::vector<CommandServer*> servers) {
+  for (CommandServer* server : servers) {
+    server->serve([this](std::span<const std::string> arguments) { return runCommand(arguments); });
+  }
+  events_.listen([servers = std::move(servers)](const std::string& line) {
+    for (CommandServer* server : servers) server->tell(line);
+  });
 }
 
 std::unique_ptr<SettingsView> AppDelegate::makeSettingsView() {

@@ -3,9 +3,11 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "app/SettingsApplier.h"
 #include "app/commands/CommandRunner.h"
+#include "app/commands/EventTeller.h"
 #include "app/drag/DragRecording.h"
 #include "app/drag/DragWatcher.h"
 #include "app/keys/HotKeyCenter.h"
@@ -18,6 +20,7 @@
 #include "app/updates/UpdaterService.h"
 #include "app/windows/CommandWindows.h"
 #include "core/snap/SnapController.h"
+#include "platform/ports/CommandServer.h"
 #include "platform/ports/Platform.h"
 
 namespace tilwin {
@@ -41,6 +44,9 @@ public:
 
   /// Carries out a command that somebody gave to `tilwin` in another process.
   CommandReply runCommand(std::span<const std::string> arguments);
+  /// Takes commands there from now on, and tells there what happens. The servers must outlive the main
+  /// queue's run.
+  void takeCommands(std::vector<CommandServer*> servers);
 
   /// Lives as long as this object.
   [[nodiscard]] SettingsStore& store() { return store_; }
@@ -50,6 +56,7 @@ private:
   void followSettings();
   void startHotKeys();
   void startDrags();
+  void followWindowsAndLayouts();
   void followDisplays();
   void finishAtEnd();
   [[nodiscard]] bool isIgnored(const std::string& bundleID) const;
@@ -71,6 +78,7 @@ private:
   SettingsApplier applier_;
   SettingsPanel panel_;
   CommandRunner commands_;
+  EventTeller events_;
   Subscription settingsChanges_;
   /// Posted tasks and callbacks hold this weakly, so that they do nothing after this object is destroyed.
   std::shared_ptr<AppDelegate*> self_;

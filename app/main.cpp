@@ -1,6 +1,7 @@
 // The composition root on Linux: the only place there that knows which desktop the program is built for.
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -29,6 +30,8 @@
 #include "platform/qt/StopSignals.h"
 #include "platform/qt/XcbEvents.h"
 #include "platform/qt/XdgBundle.h"
+#include "platform/qt/commands/BusCaller.h"
+#include "platform/qt/commands/BusCommands.h"
 #include "platform/qt/commands/SocketCommands.h"
 #include "platform/qt/menu/QtDialogs.h"
 #include "platform/qt/menu/QtStatusItem.h"
@@ -177,15 +180,22 @@ int runOnDesktop(System& system, X11Desktop& desktop, qt::QtInstance& instance) 
   Interface interface(system, desktop.hotKeys);
   Platform platform = platformOf(system, desktop, userDefaults, interface);
   AppDelegate delegate(platform);
-  qt::SocketCommands commands(qt::SocketCommands::pathFor(qEnvironmentVariable("DISPLAY").toStdString()));
-  desktop.manager.whenRunning([&delegate, &instance, &commands] {
+  qt::SocketCommands socket(qt::SocketCommands::pathFor(qEnvironmentVariable("DISPLAY").toStdString()));
+  qt::BusCommands bus(instance.bus(), build::version);
+  desktop.manager.whenRunning([&] {
     // Whoever sees that the program works can command it; the event loop takes the command.
-    commands.serve(
-        [&delegate](std::span<const std::string> arguments) { return delegate.runCommand(arguments); });
+    delegate.takeCommands({&socket, &bus});
     delegate.start();
     instance.onShowSettings([&delegate] { delegate.showSettings(); });
   });
   return desktop.queue.run();
+}
+
+/// What the running instance says to a command that found no socket.
+std::optional<CommandReply> askOverBus(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  return qt::BusCaller::ask(qEnvironmentVariable("DISPLAY").toStdString(),
+                            std::vector<std::string>(argv + 1, argv + argc));
 }
 
 int runApplication(int argc, char** argv, System& system) {
@@ -225,7 +235,11 @@ int main(int argc, char** argv) {
   if (argc > 1 && CommandParser::isForCommand(argv[1])) {
     const auto reply =
         CommandRunner::runWithoutDesktop(std::vector<std::string>(argv + 1, argv + argc), build::version);
-    if (reply) return print(*reply);
+    // Ended at once, as Qt still closes its connection on a thread that must not see static objects go.
+    if (!reply || reply->status == exit_status::needsInstance) {
+      if (const auto answer = askOverBus(argc, argv)) std::_Exit(print(*answer));
+    }
+    if (reply) std::_Exit(print(*reply));
   }
   try {
     return runApplication(argc, argv, system);

@@ -49,6 +49,7 @@ bool isFromThisUser(int socket) {
 
 /// Commands are carried out at once; an instance that has been stopped would be waited for without end.
 constexpr timeval longestAnswer{.tv_sec = 10, .tv_usec = 0};
+constexpr timeval noLimit{.tv_sec = 0, .tv_usec = 0};
 
 /// Connected to the instance; -1 if there is none, or another user has taken its place.
 int connectTo(const std::string& path) {
@@ -77,6 +78,8 @@ std::optional<int> printAnswer(int socket) {
     bytes.append(chunk.data(), static_cast<std::size_t>(count));
     while (const auto frame = CommandWire::firstFrame(bytes)) {
       if (frame->kind == CommandWire::FrameKind::status) return CommandWire::statusOf(*frame);
+      // An instance that is watched says so with an empty frame, and may then be silent for days.
+      if (frame->content.empty()) setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &noLimit, sizeof noLimit);
       std::FILE* const stream = frame->kind == CommandWire::FrameKind::output ? stdout : stderr;
       std::fwrite(frame->content.data(), 1, frame->content.size(), stream);
       std::fflush(stream);

@@ -63,6 +63,7 @@ std::int64_t displayIndex(const WindowInfo& window, const std::vector<DisplayInf
 
 JsonValue windowJson(const WindowInfo& window, bool hasFocus, std::int64_t display) {
   JsonValue object = JsonValue::object();
+  object.set("window", JsonValue::of(window.id));
   object.set("application", JsonValue::of(std::string_view(window.bundleID)));
   object.set("name", JsonValue::of(std::string_view(window.appName)));
   object.set("title", JsonValue::of(std::string_view(window.title)));

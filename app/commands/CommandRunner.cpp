@@ -85,6 +85,7 @@ CommandReply CommandRunner::carryOut(const CommandRequest& request) {
       {CommandId::areas, &CommandRunner::areas},
       {CommandId::get, &CommandRunner::get},
       {CommandId::set, &CommandRunner::set},
+      {CommandId::watch, &CommandRunner::watch},
       {CommandId::settings, &CommandRunner::settings},
       {CommandId::quit, &CommandRunner::quit},
   });
@@ -138,7 +139,7 @@ CommandReply CommandRunner::layoutSave(const CommandRequest& request) {
   const auto layouts = parts_.layouts.layouts().userLayouts();
   const auto old = std::ranges::find(layouts, name, &Layout::name);
   if (old != layouts.end()) layout.id = old->id;
-  parts_.layouts.save(std::move(layout));
+  parts_.layouts.save(layout);
   return CommandReply::done();
 }
 
@@ -190,6 +191,12 @@ CommandReply CommandRunner::set(const CommandRequest& request) {
   if (const auto* refusal = std::get_if<SettingKeys::Refusal>(&changed)) return couldNot(refusal->reason);
   parts_.store.settings.set(std::get<TilwinSettings>(std::move(changed)));
   return CommandReply::done();
+}
+
+CommandReply CommandRunner::watch(const CommandRequest& /*request*/) {
+  CommandReply reply;
+  reply.isWatching = true;
+  return reply;
 }
 
 CommandReply CommandRunner::settings(const CommandRequest&) {

@@ -66,6 +66,7 @@ private:
   CommandReply areas(const CommandRequest& request);
   CommandReply get(const CommandRequest& request);
   CommandReply set(const CommandRequest& request);
+  CommandReply watch(const CommandRequest& request);
   CommandReply settings(const CommandRequest& request);
   CommandReply quit(const CommandRequest& request);
 

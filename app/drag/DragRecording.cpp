@@ -10,22 +10,21 @@ constexpr MainQueue::Seconds tickTolerance(0.5);
 
 }  // namespace
 
-DragRecording::DragRecording(MainQueue& mainQueue, Bundle& bundle, SnapController& controller)
-    : mainQueue_(mainQueue), bundle_(bundle), controller_(controller) {}
+DragRecording::DragRecording(MainQueue& mainQueue, Bundle& bundle) : mainQueue_(mainQueue), bundle_(bundle) {}
 
 void DragRecording::apply(bool on) {
   if (on) open();
   if (on && recorder_) {
-    controller_.onEvent = [recorder = recorder_](std::int64_t windowID, SnapAction action) {
-      recorder->actionPerformed(windowID, action);
-    };
     if (!timer_)
       timer_ = mainQueue_.repeat(tickInterval, tickTolerance, [recorder = recorder_] { recorder->tick(); });
     return;
   }
-  controller_.onEvent = nullptr;
   timer_.reset();
   if (recorder_) recorder_->discard();
+}
+
+void DragRecording::actionPerformed(std::int64_t windowID, SnapAction action) {
+  if (timer_) recorder_->actionPerformed(windowID, action);
 }
 
 std::optional<std::filesystem::path> DragRecording::file() {

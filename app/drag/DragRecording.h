@@ -1,13 +1,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
 
 #include "core/drag/ShadowLogFile.h"
 #include "core/drag/ShadowRecorder.h"
-#include "core/snap/SnapController.h"
+#include "core/snap/actions/SnapAction.h"
 #include "platform/ports/Bundle.h"
 #include "platform/ports/MainQueue.h"
 
@@ -17,11 +18,13 @@ namespace tilwin {
 /// Records nothing if the desktop has no Application Support folder. Main thread only.
 class DragRecording {
 public:
-  /// All arguments must outlive this object.
-  DragRecording(MainQueue& mainQueue, Bundle& bundle, SnapController& controller);
+  /// Both must outlive this object.
+  DragRecording(MainQueue& mainQueue, Bundle& bundle);
 
-  /// Starts recording, or stops it and drops the pending drags. Sets the controller's `onEvent`.
+  /// Starts recording, or stops it and drops the pending drags.
   void apply(bool on);
+  /// To be told of each action on a window; what matters of it is recorded while that is enabled.
+  void actionPerformed(std::int64_t windowID, SnapAction action);
   /// The drag log; nothing if the desktop has no place for it. Creates its folder.
   [[nodiscard]] std::optional<std::filesystem::path> file();
   /// How many drags the log holds.
@@ -38,10 +41,9 @@ private:
 
   MainQueue& mainQueue_;
   Bundle& bundle_;
-  SnapController& controller_;
   std::shared_ptr<ShadowLogFile> log_;
   std::shared_ptr<ShadowRecorder> recorder_;
-  std::unique_ptr<MainQueue::Repetition> timer_;
+  std::unique_ptr<MainQueue::Repetition> timer_;  ///< there while recording is enabled
 };
 
 }  // namespace tilwin

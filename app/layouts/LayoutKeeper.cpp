@@ -1,5 +1,6 @@
 #include "app/layouts/LayoutKeeper.h"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <system_error>
@@ -78,14 +79,22 @@ void LayoutKeeper::snapshot() {
   write();
 }
 
-void LayoutKeeper::save(Layout layout) {
-  layouts_.save(std::move(layout));
+void LayoutKeeper::save(const Layout& layout) {
+  layouts_.save(layout);
   write();
+  tell(LayoutChange::saved, layout);
 }
 
 void LayoutKeeper::remove(const Uuid& id) {
+  const auto layouts = layouts_.userLayouts();
+  const auto removed = std::ranges::find(layouts, id, &Layout::id);
   layouts_.remove(id);
   write();
+  if (removed != layouts.end()) tell(LayoutChange::deleted, *removed);
+}
+
+void LayoutKeeper::tell(LayoutChange change, const Layout& layout) const {
+  if (const auto receiver = onChange) receiver(change, layout);
 }
 
 Layout LayoutKeeper::capture(std::string name, bool isAutomatic) const {
@@ -96,7 +105,11 @@ Layout LayoutKeeper::capture(std::string name, bool isAutomatic) const {
 
 Date LayoutKeeper::now() const { return std::chrono::floor<Date::duration>(ports_.mainQueue.now()); }
 
-LayoutPlan LayoutKeeper::place(const Layout& layout) { return controller_.apply(layout); }
+LayoutPlan LayoutKeeper::place(const Layout& layout) {
+  auto plan = controller_.apply(layout);
+  tell(LayoutChange::applied, layout);
+  return plan;
+}
 
 void LayoutKeeper::write() {
   try {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "app/layouts/LayoutChange.h"
 #include "core/layouts/DisplaySignature.h"
 #include "core/layouts/LayoutStore.h"
 #include "core/layouts/LayoutsFile.h"
@@ -51,11 +52,14 @@ public:
   void setRestoring(bool on);
   void displaysChanged();
 
+  /// Called after each change of the user's layouts, and after windows were put in place by any layout.
+  LayoutChangeHandler onChange;
+
   [[nodiscard]] const LayoutStore& layouts() const { return layouts_; }
   /// Both change the file at once. A write that fails is logged once and ignored; the next one is tried
   /// again. What somebody else has written meanwhile is kept beside the file, which is logged once for each
   /// name.
-  void save(Layout layout);
+  void save(const Layout& layout);
   void remove(const Uuid& id);
   /// A layout of all open windows.
   [[nodiscard]] Layout capture(std::string name, bool isAutomatic) const;
@@ -67,6 +71,7 @@ public:
 private:
   void snapshot();
   void restore(const Layout& layout);
+  void tell(LayoutChange change, const Layout& layout) const;
   void write();
   [[nodiscard]] bool mayAct() const;
   [[nodiscard]] std::vector<DisplayInfo> displays() const;

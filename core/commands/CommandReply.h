@@ -10,8 +10,9 @@ namespace tilwin {
 /// What became of a command: what its process prints, and its exit status.
 struct CommandReply {
   int status = exit_status::done;
-  std::string output{};   ///< for standard output; whole lines
-  std::string problem{};  ///< for standard error; whole lines
+  std::string output{};     ///< for standard output; whole lines
+  std::string problem{};    ///< for standard error; whole lines
+  bool isWatching = false;  ///< not the end: lines follow, and the status comes when the instance ends
 
   bool operator==(const CommandReply&) const = default;
 

@@ -90,6 +90,14 @@ constexpr std::array commandTable = std::to_array<CommandSpec>({
      .details = "Distances are points from 0 to 64; switches are on or off. The shortcut of an action is "
                 "shortcut.ACTION: keys joined by +, such as ctrl+alt+left, or none, or default.",
      .example = "set shortcut.leftHalf ctrl+alt+h"},
+    {.id = Id::watch,
+     .words = "watch",
+     .reach = Reach::instance,
+     .summary = "Print a line for each event, until Tilwin ends",
+     .details =
+         "Each line is a JSON object with the member \"event\": snap, layout, displays or setting. Windows "
+         "have the number that \"tilwin windows --json\" gives them.",
+     .example = "watch"},
     {.id = Id::settings,
      .words = "settings",
      .reach = Reach::instance,

@@ -25,6 +25,7 @@ enum class CommandId : std::uint8_t {
   areas,
   get,
   set,
+  watch,
   settings,
   quit,
   help,

@@ -142,7 +142,10 @@ std::optional<SnapController::FocusedPlace> SnapController::focusedPlace() const
 bool SnapController::snap(const CustomArea& to) {
   const auto place = focusedPlace();
   if (!place || ignoredBundleIDs.contains(place->window.bundleID)) return false;
-  return moveUnlessThere(*place->provider, place->window, CustomArea::clamped(to.rect).rect(place->inner));
+  const Rect target = CustomArea::clamped(to.rect).rect(place->inner);
+  if (!moveUnlessThere(*place->provider, place->window, target)) return false;
+  if (const auto receiver = onArea) receiver(place->window.id, to);
+  return true;
 }
 
 std::optional<CustomArea> SnapController::captureFocusedWindow(std::string_view named) const {

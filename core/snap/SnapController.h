@@ -23,6 +23,7 @@ namespace tilwin {
 class SnapController {
 public:
   using EventHandler = std::function<void(std::int64_t windowID, SnapAction action)>;
+  using AreaHandler = std::function<void(std::int64_t windowID, const CustomArea& area)>;
 
   /// Holds the provider weakly; after it is destroyed every operation fails silently.
   explicit SnapController(std::weak_ptr<WindowProvider> provider);
@@ -32,13 +33,14 @@ public:
   bool cycleWidths = true;  ///< whether repeating a half or third cycles through the widths
   std::unordered_set<std::string> ignoredBundleIDs;  ///< applications whose windows are never moved
   EventHandler onEvent;                              ///< called after each `perform` or drag that succeeds
+  AreaHandler onArea;                                ///< called after each move into an area that succeeds
 
   /// Acts on the focused window. Returns true if the window is already in place or the move was requested.
   bool perform(SnapAction action);
   /// Snaps a dragged window on the given display. `currentFrame` is its frame before the drag, which
   /// `restore` brings back.
   bool snap(std::int64_t windowID, SnapAction to, const DisplayInfo& on, const Rect& currentFrame);
-  /// Moves the focused window into an area of its display. Does not call `onEvent`.
+  /// Moves the focused window into an area of its display. Calls `onArea`, not `onEvent`.
   bool snap(const CustomArea& to);
   /// Makes a new area from the frame of the focused window, without moving or remembering the window.
   [[nodiscard]] std::optional<CustomArea> captureFocusedWindow(std::string_view named) const;

@@ -3,6 +3,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "core/commands/CommandReply.h"
 
@@ -22,6 +23,9 @@ public:
   /// Calls the handler for each command, from the main queue and one at a time. Returns false if commands
   /// cannot be taken here, for example because another instance takes them; then none will come.
   virtual bool serve(Handler handler) = 0;
+  /// Hands a line, which has no end yet, to everybody whose command was answered with `isWatching`. Whoever
+  /// does not read what comes is hung up on.
+  virtual void tell(std::string_view line) = 0;
 };
 
 }  // namespace tilwin

@@ -5,54 +5,11 @@
 #include <utility>
 #include <vector>
 
-#include "tests/desktop/DesktopTest.h"
+#include "tests/desktop/CommandCalls.h"
 
 namespace tilwin::desktop {
 
 namespace {
-
-using Words = std::vector<std::string>;
-constexpr ExitStatus done{.code = 0, .signal = std::nullopt};
-
-/// Somebody calls `tilwin` with a command, from a shell or a key binding.
-class Commands : public DesktopTest {
-protected:
-  struct Call {
-    ExitStatus status{.code = std::nullopt, .signal = std::nullopt};
-    std::string output;
-    std::string problem;
-  };
-
-  static Call call(const Words& words, const Environment& environment = session().environment()) {
-    Words argv{arguments().tilwin.string()};
-    argv.insert(argv.end(), words.begin(), words.end());
-    const std::string name = "call-" + std::to_string(++calls_);
-    auto process = ChildProcess::start({.argv = argv,
-                                        .environment = environment,
-                                        .outputFile = session().home().log(name),
-                                        .errorFile = session().home().log(name + "-errors")});
-    const auto status = process.waitFor(startTimeout);
-    return {status.value_or(ExitStatus{.code = std::nullopt, .signal = std::nullopt}), process.output(),
-            process.errorOutput()};
-  }
-  /// Without a word, as a command that was carried out ends.
-  static testing::AssertionResult isDone(const Words& words) {
-    const auto ended = call(words);
-    if (ended.status == done && ended.problem.empty()) return testing::AssertionSuccess();
-    return testing::AssertionFailure()
-           << ended.output << ended.problem << "status " << testing::PrintToString(ended.status.code);
-  }
-
-private:
-  static inline int calls_ = 0;
-};
-
-/// Nothing runs that could take commands.
-class CommandsAlone : public Commands {
-protected:
-  void SetUp() override { endTilwin(); }
-  void TearDown() override { restartTilwin(); }
-};
 
 /// Somebody has a script for the start of the day.
 class WorkPlace : public Commands {
@@ -116,6 +73,32 @@ TEST_F(Commands, ChangeSettingsAtOnce) {
   EXPECT_EQ(call({"get", "outer"}).output, "0\n");
 }
 
+TEST_F(Commands, WatchingShowsTheSnapsOfShortcuts) {
+  const TestWindow window = session().window();
+  focusAtStart(window.id());
+  auto watcher = ChildProcess::start({.argv = {arguments().tilwin.string(), "watch"},
+                                      .environment = session().environment(),
+                                      .outputFile = session().home().log("watch")});
+  const auto prints = [&](const std::string& text) {
+    return desktop().waitUntil([&] { return watcher.output().find(text) != std::string::npos; },
+                               answerTimeout);
+  };
+  // The first line tells that it watches.
+  const auto doesWatch = [&] {
+    call({"set", "gap", "3"});
+    call({"set", "gap", "0"});
+    return !watcher.output().empty();
+  };
+  ASSERT_TRUE(desktop().waitUntil(doesWatch, answerTimeout));
+  EXPECT_TRUE(prints(R"({"event":"setting","key":"gap","value":0})"));
+  press("Control+Alt+Right");
+  ASSERT_TRUE(stands(window.id(), rightHalf));
+  EXPECT_TRUE(prints(R"("action":"rightHalf"})")) << watcher.output();
+  EXPECT_TRUE(isDone({"quit"}));
+  EXPECT_EQ(watcher.waitFor(answerTimeout), done);
+  restartTilwin();
+}
+
 TEST_F(Commands, SayWhatIsWrong) {
   const auto misuse = call({"snpa", "leftHalf"});
   EXPECT_EQ(misuse.status, (ExitStatus{.code = 2, .signal = std::nullopt}));
@@ -164,33 +147,6 @@ TEST_F(WorkPlace, IsRebuiltByAScript) {
   EXPECT_NE(call({"windows", "--json"}).output, built);
   ASSERT_TRUE(isRun(script)) << "the second time, it puts the windows back";
   EXPECT_EQ(call({"windows", "--json"}).output, built);
-}
-
-TEST_F(CommandsAlone, MoveWindowsThemselves) {
-  const TestWindow window = session().window();
-  focusAtStart(window.id());
-  EXPECT_TRUE(isDone({"snap", "right-half"}));
-  EXPECT_TRUE(stands(window.id(), rightHalf));
-  EXPECT_TRUE(isDone({"place", "no such program left"}) == false);
-}
-
-TEST_F(CommandsAlone, NeedNoRunningProgramToList) {
-  EXPECT_EQ(call({"get", "gap"}).output, "0\n");
-  EXPECT_EQ(call({"actions"}).status, done);
-}
-
-TEST_F(CommandsAlone, SayWhichOfThemNeedOne) {
-  const auto quit = call({"quit"});
-  EXPECT_EQ(quit.status, (ExitStatus{.code = 3, .signal = std::nullopt}));
-  EXPECT_EQ(quit.problem, "tilwin: Tilwin is not running. Start it with \"tilwin\".\n");
-}
-
-TEST_F(CommandsAlone, NeedNoDisplayToExplainThemselves) {
-  const auto help = call({"--help"}, session().home().environment());
-  EXPECT_EQ(help.status, done);
-  EXPECT_TRUE(help.output.starts_with("Usage: tilwin")) << help.output;
-  EXPECT_EQ(call({"snap", "leftHalf"}, session().home().environment()).status,
-            (ExitStatus{.code = 1, .signal = std::nullopt}));
 }
 
 }  // namespace tilwin::desktop

@@ -9,8 +9,10 @@
 #include <QLocalSocket>
 #include <QString>
 #include <QTimer>
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -43,10 +45,17 @@ bool makeRoom(const QString& path) {
 
 QByteArray answerTo(const CommandReply& reply) {
   std::string bytes;
+  // Even an empty one tells the caller that it was heard, and can wait without a limit.
+  if (reply.isWatching)
+    return QByteArray::fromStdString(CommandWire::frame(CommandWire::FrameKind::output, ""));
   if (!reply.output.empty()) bytes += CommandWire::frame(CommandWire::FrameKind::output, reply.output);
   if (!reply.problem.empty()) bytes += CommandWire::frame(CommandWire::FrameKind::problem, reply.problem);
   bytes += CommandWire::statusFrame(reply.status);
   return QByteArray::fromStdString(bytes);
+}
+
+CommandReply tooManyWatch() {
+  return CommandReply::failed(exit_status::couldNot, "Too many programs watch already.");
 }
 
 }  // namespace
@@ -58,36 +67,64 @@ public:
       : QObject(&socket), socket_(socket), handler_(std::move(handler)) {
     QObject::connect(&socket, &QLocalSocket::disconnected, &socket, &QObject::deleteLater);
     QObject::connect(&socket, &QLocalSocket::readyRead, this, [this] { read(); });
-    QTimer::singleShot(patience, this, [this] { socket_.abort(); });
+    QTimer::singleShot(patience, this, [this] {
+      if (!isWatching_) socket_.abort();
+    });
     // What came before the connection was taken is not announced again.
     read();
   }
 
   [[nodiscard]] bool isWaiting() const { return !wasAnswered_; }
+  [[nodiscard]] bool isWatching() const { return isWatching_; }
+
+  void tell(const QByteArray& frame) {
+    if (socket_.bytesToWrite() > mostUnread) return socket_.abort();
+    socket_.write(frame);
+    socket_.flush();
+  }
+
+  void end() {
+    tell(QByteArray::fromStdString(CommandWire::statusFrame(exit_status::done)));
+    socket_.disconnectFromServer();
+  }
 
 private:
   void read() {
-    if (wasAnswered_) return;
+    if (wasAnswered_) {
+      // Nothing more is expected, and nobody could make this grow.
+      socket_.readAll();
+      return;
+    }
     bytes_ += socket_.readAll();
     const auto request = CommandWire::received({bytes_.constData(), static_cast<std::size_t>(bytes_.size())});
     if (request.state == CommandWire::Received::State::incomplete) return;
     wasAnswered_ = true;
     if (request.state == CommandWire::Received::State::wrong) return socket_.abort();
-    socket_.write(answerTo(handler_(request.arguments)));
+    answer(handler_(request.arguments));
+  }
+
+  void answer(const CommandReply& reply) {
+    isWatching_ = reply.isWatching;
+    socket_.write(answerTo(reply));
     // At once, as the command may have been to quit.
     socket_.flush();
-    socket_.disconnectFromServer();
+    if (!isWatching_) socket_.disconnectFromServer();
   }
 
   QLocalSocket& socket_;
   Handler handler_;
   QByteArray bytes_;
   bool wasAnswered_ = false;
+  bool isWatching_ = false;
 };
 
 SocketCommands::SocketCommands(std::string path) : path_(std::move(path)) {}
 
-SocketCommands::~SocketCommands() = default;
+SocketCommands::~SocketCommands() {
+  for (Caller* caller : callers()) {
+    if (caller->isWatching()) caller->end();
+  }
+}
 
 std::string SocketCommands::pathFor(const std::string& display) {
   const char* const folder = std::getenv("XDG_RUNTIME_DIR");
@@ -97,7 +134,11 @@ std::string SocketCommands::pathFor(const std::string& display) {
 bool SocketCommands::serve(Handler handler) {
   const QString path = QString::fromLocal8Bit(path_.c_str());
   if (path_.empty() || !makeRoom(path)) return false;
-  handler_ = std::move(handler);
+  handler_ = [this, handler = std::move(handler)](std::span<const std::string> arguments) {
+    auto reply = handler(arguments);
+    const bool isFull = std::ranges::count_if(callers(), &Caller::isWatching) >= mostWatching;
+    return reply.isWatching && isFull ? tooManyWatch() : reply;
+  };
   server_ = std::make_unique<QLocalServer>();
   server_->setSocketOptions(QLocalServer::UserAccessOption);
   QObject::connect(server_.get(), &QLocalServer::newConnection, server_.get(), [this] { takeCallers(); });
@@ -120,15 +161,29 @@ void SocketCommands::takeCallers() {
 }
 
 void SocketCommands::hangUpOnTheOldest() {
-  QList<Caller*> waiting;
-  for (QLocalSocket* socket : server_->findChildren<QLocalSocket*>(Qt::FindDirectChildrenOnly)) {
-    for (QObject* child : socket->children()) {
-      auto* const caller = dynamic_cast<Caller*>(child);
-      if (caller != nullptr && caller->isWaiting()) waiting.push_back(caller);
-    }
-  }
+  auto waiting = callers();
+  waiting.removeIf([](const Caller* caller) { return !caller->isWaiting(); });
   if (waiting.size() < mostWaiting) return;
   static_cast<QLocalSocket*>(waiting.front()->parent())->abort();
+}
+
+void SocketCommands::tell(std::string_view line) {
+  const auto frame =
+      QByteArray::fromStdString(CommandWire::frame(CommandWire::FrameKind::output, std::string(line) + "\n"));
+  for (Caller* caller : callers()) {
+    if (caller->isWatching()) caller->tell(frame);
+  }
+}
+
+QList<SocketCommands::Caller*> SocketCommands::callers() const {
+  QList<Caller*> all;
+  if (server_ == nullptr) return all;
+  for (QLocalSocket* socket : server_->findChildren<QLocalSocket*>(Qt::FindDirectChildrenOnly)) {
+    for (QObject* child : socket->children()) {
+      if (auto* const caller = dynamic_cast<Caller*>(child)) all.push_back(caller);
+    }
+  }
+  return all;
 }
 
 }  // namespace tilwin::qt

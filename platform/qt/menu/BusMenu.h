@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "platform/ports/StatusItem.h"
-#include "platform/qt/menu/BusObject.h"
+#include "platform/qt/bus/BusObject.h"
 #include "platform/qt/menu/NumberedMenu.h"
 
 namespace tilwin::qt {

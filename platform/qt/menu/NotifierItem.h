@@ -6,8 +6,8 @@
 #include <functional>
 
 #include "platform/ports/TemplateImage.h"
+#include "platform/qt/bus/BusObject.h"
 #include "platform/qt/menu/BusMenu.h"
-#include "platform/qt/menu/BusObject.h"
 
 namespace tilwin::qt {
 

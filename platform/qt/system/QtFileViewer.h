@@ -6,7 +6,7 @@
 
 #include "platform/ports/FileViewer.h"
 #include "platform/ports/SystemLog.h"
-#include "platform/qt/system/SessionBusConnection.h"
+#include "platform/qt/bus/SessionBusConnection.h"
 
 namespace tilwin::qt {
 

@@ -1,7 +1,6 @@
 #include "platform/qt/system/QtInstance.h"
 
 #include <QDBusConnection>
-#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QDeadlineTimer>
@@ -11,7 +10,8 @@
 #include <utility>
 
 #include "core/commands/CommandWire.h"
-#include "platform/qt/system/SessionBusConnection.h"
+#include "platform/qt/bus/OwnerGone.h"
+#include "platform/qt/bus/SessionBusConnection.h"
 
 namespace tilwin::qt {
 namespace {
@@ -26,14 +26,6 @@ constexpr uint doNotQueueName = 4;
 constexpr uint primaryNameOwner = 1;
 constexpr uint alreadyNameOwner = 4;
 
-/// Whether there was nobody to answer, or somebody who left without an answer. The bus tells both; if the
-/// owner only takes too long, it is this end that gives up.
-bool hasOwnerGone(const QDBusMessage& reply) {
-  const auto error = QDBusError(reply).type();
-  return error == QDBusError::ServiceUnknown ||
-         (error == QDBusError::NoReply && reply.service() == QLatin1String("org.freedesktop.DBus"));
-}
-
 }  // namespace
 
 /// The connection, and the object on it that later instances call.
@@ -47,6 +39,7 @@ public:
   ~Claim() override { bus_.connection().unregisterObject(QLatin1String(instancePath)); }
 
   [[nodiscard]] bool isConnected() const { return bus_.isConnected(); }
+  [[nodiscard]] QDBusConnection bus() const { return bus_.connection(); }
 
   Answer ask(const std::string& service) {
     auto bus = bus_.connection();
@@ -127,6 +120,8 @@ bool QtInstance::claim() {
 void QtInstance::onShowSettings(std::function<void()> handler) {
   if (claim_) claim_->setHandler(std::move(handler));
 }
+
+QDBusConnection QtInstance::bus() const { return claim_ ? claim_->bus() : QDBusConnection(QString()); }
 
 std::string QtInstance::serviceName(std::string_view display) {
   return "org.tilwin.Tilwin." + CommandWire::displayWord(display);

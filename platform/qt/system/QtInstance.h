@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDBusConnection>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -26,6 +27,9 @@ public:
   /// Called from the event loop each time a later instance asks for the settings, and now if one has asked
   /// already.
   void onShowSettings(std::function<void()> handler);
+
+  /// That on which the name is owned; not connected without a bus.
+  [[nodiscard]] QDBusConnection bus() const;
 
   /// The name on the bus for a display; the screens of a display share it.
   [[nodiscard]] static std::string serviceName(std::string_view display);

@@ -23,7 +23,7 @@ TEST_F(CommandListsTest, WindowsAreListedForPrograms) {
   desktop.windows.close(editor);
   EXPECT_EQ(
       outputOf({"windows", "--json"}),
-      R"([{"application":"org.example.Terminal","name":"Terminal","title":"shell",)"
+      R"([{"window":2,"application":"org.example.Terminal","name":"Terminal","title":"shell",)"
       R"("frame":{"x":100,"y":100,"width":800,"height":600},"display":0,"isFocused":true,"isMinimized":false}])"
       "\n");
 }

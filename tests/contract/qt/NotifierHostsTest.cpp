@@ -7,7 +7,7 @@
 #include <QString>
 #include <QVariant>
 
-#include "platform/qt/menu/BusObject.h"
+#include "platform/qt/bus/BusObject.h"
 #include "tests/contract/MainLoop.h"
 #include "tests/desktop/harness/Waiting.h"
 

@@ -4,14 +4,16 @@
 #include <linux/seccomp.h>
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
-#include <future>
+#include <memory>
 #include <system_error>
 #include <thread>
 
@@ -35,26 +37,35 @@ inline int listenTo(long call) {
   throw std::system_error(errno, std::generic_category(), "cannot listen to calls");
 }
 
+/// Sanitizers write into pipes to find out which memory can be read.
+inline bool isPipe(std::uint64_t descriptor) {
+  struct stat what {};
+  return ::fstat(static_cast<int>(descriptor), &what) == 0 && S_ISFIFO(what.st_mode);
+}
+
 /// The next call of that kind in this thread fails as if a signal had arrived before it did anything; those
 /// after it go through. There is no way back: for child processes.
 inline void interruptNext(long call) {
-  std::promise<int> listener;
-  std::thread([answers = listener.get_future()]() mutable {
-    const int descriptor = answers.get();
-    for (bool isFirst = true;; isFirst = false) {
+  constexpr int none = -1;
+  const auto listener = std::make_shared<std::atomic<int>>(none);
+  std::thread([listener] {
+    listener->wait(none);
+    for (bool isDue = true;;) {
       seccomp_notif held{};
-      if (::ioctl(descriptor, SECCOMP_IOCTL_NOTIF_RECV, &held) != 0) return;
+      if (::ioctl(*listener, SECCOMP_IOCTL_NOTIF_RECV, &held) != 0) return;
       seccomp_notif_resp answer{};
       answer.id = held.id;
-      if (isFirst) {
+      if (isDue && !isPipe(held.data.args[0])) {
+        isDue = false;
         answer.error = -EINTR;
       } else {
         answer.flags = SECCOMP_USER_NOTIF_FLAG_CONTINUE;
       }
-      ::ioctl(descriptor, SECCOMP_IOCTL_NOTIF_SEND, &answer);
+      ::ioctl(*listener, SECCOMP_IOCTL_NOTIF_SEND, &answer);
     }
   }).detach();
-  listener.set_value(listenTo(call));
+  listener->store(listenTo(call));
+  listener->notify_one();
 }
 
 }  // namespace tilwin

@@ -8,14 +8,22 @@
 #include <QVariantList>
 #include <functional>
 #include <map>
+#include <variant>
 
 namespace tilwin::qt {
 
-/// An object with one interface that this program offers on the session bus, made of tables of methods and
-/// properties. Source: D-Bus specification, standard interfaces Properties and Introspectable.
+/// Why a method call could not be answered. Source: D-Bus specification, "Error names".
+struct BusError {
+  QString name{};
+  QString message{};
+};
+
+/// An object with one interface that this program offers on the session bus, made of tables of methods,
+/// properties and signals. Source: D-Bus specification, standard interfaces Properties and Introspectable.
 class BusObject : public QDBusVirtualObject {
 public:
-  using Method = std::function<QVariantList(const QVariantList& arguments)>;
+  using Answer = std::variant<QVariantList, BusError>;
+  using Method = std::function<Answer(const QVariantList& arguments)>;
   using Property = std::function<QVariant()>;
 
   BusObject(QString path, QString interface);
@@ -32,6 +40,10 @@ protected:
   /// results. An empty list of results answers with nothing.
   void addMethod(const QString& name, const QString& signature, const QString& returns, Method method);
   void addProperty(const QString& name, const QString& signature, Property property);
+  /// Only for those who ask what the interface is.
+  void addSignal(const QString& name, const QString& signature) { signals_[name] = signature; }
+  /// Sends the standard signal for those properties whose values differ from the last ones sent by this.
+  void announceChangedProperties();
   /// Sends a signal if the object is on the bus.
   void announce(const QString& signal, const QVariantList& arguments) const;
 
@@ -44,6 +56,7 @@ private:
   struct PropertyRow {
     QString signature{};
     Property read{};
+    QVariant announced{};
   };
 
   bool answerProperties(const QDBusMessage& message, const QDBusConnection& connection) const;
@@ -53,6 +66,7 @@ private:
   QDBusConnection bus_{QString()};
   std::map<QString, MethodRow> methods_;
   std::map<QString, PropertyRow> properties_;
+  std::map<QString, QString> signals_;
 };
 
 }  // namespace tilwin::qt

@@ -1,4 +1,4 @@
-#include "platform/qt/system/SessionBusConnection.h"
+#include "platform/qt/bus/SessionBusConnection.h"
 
 #include <QFileInfo>
 #include <atomic>

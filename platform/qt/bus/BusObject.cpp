@@ -1,9 +1,10 @@
-#include "platform/qt/menu/BusObject.h"
+#include "platform/qt/bus/BusObject.h"
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QMetaType>
+#include <QStringList>
 #include <QVariantMap>
 #include <utility>
 
@@ -12,7 +13,7 @@ namespace {
 
 constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
 
-/// The arguments of a method as XML; each complete type of the signature is one argument.
+/// The arguments of a method or signal as XML; each complete type of the signature is one argument.
 QString argumentsText(const QString& signature, const char* direction) {
   QString text;
   qsizetype start = 0;
@@ -22,8 +23,7 @@ QString argumentsText(const QString& signature, const char* direction) {
     if (type == '(' || type == '{') ++depth;
     if (type == ')' || type == '}') --depth;
     if (depth > 0 || type == 'a') continue;
-    text +=
-        QString(R"(<arg type="%1" direction="%2"/>)").arg(signature.mid(start, end + 1 - start), direction);
+    text += QString(R"(<arg type="%1"%2/>)").arg(signature.mid(start, end + 1 - start), direction);
     start = end + 1;
   }
   return text;
@@ -43,10 +43,14 @@ QString BusObject::introspect(const QString&) const {
   QString text = QString(R"(<interface name="%1">)").arg(interface_);
   for (const auto& [name, row] : methods_) {
     text += QString(R"(<method name="%1">%2%3</method>)")
-                .arg(name, argumentsText(row.signature, "in"), argumentsText(row.returns, "out"));
+                .arg(name, argumentsText(row.signature, R"( direction="in")"),
+                     argumentsText(row.returns, R"( direction="out")"));
   }
   for (const auto& [name, row] : properties_) {
     text += QString(R"(<property name="%1" type="%2" access="read"/>)").arg(name, row.signature);
+  }
+  for (const auto& [name, signature] : signals_) {
+    text += QString(R"(<signal name="%1">%2</signal>)").arg(name, argumentsText(signature, ""));
   }
   return text + "</interface>";
 }
@@ -56,9 +60,11 @@ bool BusObject::handleMessage(const QDBusMessage& message, const QDBusConnection
   if (message.interface() != interface_ && !message.interface().isEmpty()) return false;
   const auto method = methods_.find(message.member());
   if (method == methods_.end() || message.signature() != method->second.signature) return false;
-  const auto results = method->second.call(message.arguments());
-  if (message.isReplyRequired()) connection.send(message.createReply(results));
-  return true;
+  const auto answer = method->second.call(message.arguments());
+  if (!message.isReplyRequired()) return true;
+  const auto* const error = std::get_if<BusError>(&answer);
+  return connection.send(error == nullptr ? message.createReply(std::get<QVariantList>(answer))
+                                          : message.createErrorReply(error->name, error->message));
 }
 
 void BusObject::addMethod(const QString& name, const QString& signature, const QString& returns,
@@ -67,7 +73,21 @@ void BusObject::addMethod(const QString& name, const QString& signature, const Q
 }
 
 void BusObject::addProperty(const QString& name, const QString& signature, Property property) {
-  properties_[name] = {signature, std::move(property)};
+  properties_[name] = {signature, std::move(property), {}};
+}
+
+void BusObject::announceChangedProperties() {
+  QVariantMap changed;
+  for (auto& [name, row] : properties_) {
+    QVariant value = row.read();
+    if (value == row.announced) continue;
+    changed[name] = value;
+    row.announced = std::move(value);
+  }
+  if (changed.isEmpty() || !bus_.isConnected()) return;
+  auto message = QDBusMessage::createSignal(path_, propertiesInterface, "PropertiesChanged");
+  message.setArguments({interface_, changed, QStringList()});
+  bus_.send(message);
 }
 
 void BusObject::announce(const QString& signal, const QVariantList& arguments) const {
