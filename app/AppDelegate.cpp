@@ -35,6 +35,7 @@ AppDelegate::AppDelegate(Platform& platform)
       login_(platform.login, platform.log),
       applier_({store_, controller_, hotKeyCenter_, platform.statusItem, recording_, drag_, layouts_,
                 platform.log, platform.words}),
+      takenKeys_(platform.userDefaults, platform.notifications, platform.words),
       panel_(platform.settingsWindow, platform.mainQueue, store_, [this] { return makeSettingsView(); }),
       commands_(
           {store_, controller_, layouts_, *windows_, platform.trust, platform.workspace, platform.words},
@@ -54,6 +55,7 @@ void AppDelegate::start() {
   layouts_.start();
   followDisplays();
   finishAtEnd();
+  tellOfTakenKeys();
   if (!platform_.trust.isTrusted()) platform_.trust.ask();
 }
 
@@ -135,9 +137,15 @@ void AppDelegate::perform(const ShortcutOwner& owner) {
   if (const auto* area = std::get_if<Uuid>(&owner)) menu_->runArea(*area);
 }
 
-void AppDelegate::showSettings() {
+void AppDelegate::tellOfTakenKeys() {
+  takenKeys_.tellOnce(store_.settings.get(), store_.unavailable.get(), [weak = std::weak_ptr(self_)] {
+    if (const auto self = weak.lock()) (*self)->showSettings("shortcuts");
+  });
+}
+
+void AppDelegate::showSettings(const std::optional<std::string>& section) {
   applier_.retryRefused();
-  panel_.show();
+  panel_.show(section);
   // An open dialog must be answered first.
   platform_.dialogs.activate();
 }

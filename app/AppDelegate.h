@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "app/drag/DragRecording.h"
 #include "app/drag/DragWatcher.h"
 #include "app/keys/HotKeyCenter.h"
+#include "app/keys/TakenKeysNotice.h"
 #include "app/layouts/LayoutKeeper.h"
 #include "app/login/LoginItem.h"
 #include "app/menu/MenuCommands.h"
@@ -39,8 +41,9 @@ public:
   /// accessibility permission if the desktop requires it and it is not granted. Events are handled while the
   /// main queue runs.
   void start();
-  /// Opens the settings window, or brings the open one to the front.
-  void showSettings();
+  /// Opens the settings window, or brings the open one to the front; in the section of this id if there is
+  /// one.
+  void showSettings(const std::optional<std::string>& section = std::nullopt);
 
   /// Carries out a command that somebody gave to `tilwin` in another process.
   CommandReply runCommand(std::span<const std::string> arguments);
@@ -59,6 +62,7 @@ private:
   void followWindowsAndLayouts();
   void followDisplays();
   void finishAtEnd();
+  void tellOfTakenKeys();
   [[nodiscard]] bool isIgnored(const std::string& bundleID) const;
   void perform(const ShortcutOwner& owner);
   [[nodiscard]] std::unique_ptr<SettingsView> makeSettingsView();
@@ -76,6 +80,7 @@ private:
   std::unique_ptr<UpdaterService> updater_;
   std::unique_ptr<MenuCommands> menu_;
   SettingsApplier applier_;
+  TakenKeysNotice takenKeys_;
   SettingsPanel panel_;
   CommandRunner commands_;
   EventTeller events_;

@@ -17,6 +17,7 @@
 #include "TilwinBuild.h"
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
+#include "app/X11Desktop.h"
 #include "app/client/Places.h"
 #include "app/commands/CommandRunner.h"
 #include "app/commands/CommandsAlone.h"
@@ -24,11 +25,9 @@
 #include "core/support/StandardStreams.h"
 #include "platform/qt/BeforeMessages.h"
 #include "platform/qt/FaultWatch.h"
-#include "platform/qt/QtMainQueue.h"
 #include "platform/qt/QtSystemLog.h"
 #include "platform/qt/QtUserDefaults.h"
 #include "platform/qt/StopSignals.h"
-#include "platform/qt/XcbEvents.h"
 #include "platform/qt/XdgBundle.h"
 #include "platform/qt/commands/BusCaller.h"
 #include "platform/qt/commands/BusCommands.h"
@@ -37,31 +36,20 @@
 #include "platform/qt/menu/QtStatusItem.h"
 #include "platform/qt/menu/TemplateIcon.h"
 #include "platform/qt/settings/QtSettingsWindow.h"
+#include "platform/qt/system/BusNotifications.h"
 #include "platform/qt/system/LinuxWords.h"
 #include "platform/qt/system/QtFileViewer.h"
 #include "platform/qt/system/QtInstance.h"
 #include "platform/qt/system/QtUpdateFramework.h"
 #include "platform/qt/system/XdgLoginService.h"
-#include "platform/x11/displays/X11Displays.h"
 #include "platform/x11/input/X11HotKeys.h"
-#include "platform/x11/input/X11Pointer.h"
-#include "platform/x11/overlay/X11Overlay.h"
-#include "platform/x11/windows/X11Trust.h"
-#include "platform/x11/windows/X11WindowProvider.h"
-#include "platform/x11/windows/X11Workspace.h"
-#include "platform/x11/wire/FloodGate.h"
-#include "platform/x11/wire/ToolkitEvents.h"
 #include "platform/x11/wire/X11Connection.h"
-#include "platform/x11/wire/X11WindowManager.h"
 
 namespace {
 
 using namespace tilwin;
 using Arguments = std::span<const char* const>;
 
-constexpr x11::AccentColour accent{0x35, 0x84, 0xe4};
-constexpr auto desktopEntry = "tilwin";
-constexpr auto serverHasGone = "Tilwin: the X server has gone";
 /// In which a window manager answers a request, and the last of other attempts is made.
 constexpr MainQueue::Seconds settlingTime{0.7};
 
@@ -72,40 +60,6 @@ struct System {
       {{UpdaterService::feedKey, build::feed}, {UpdaterService::tokenKey, build::updateToken}}};
   qt::XdgLoginService login{client::calledFor(qt::XdgLoginService::runningExecutable())};
   qt::LinuxWords words;
-};
-
-/// The adapters to an X11 desktop, connected to Qt's main loop.
-struct X11Desktop {
-  X11Desktop(System& system, x11::X11Connection& connection) : x(connection), log(system.log) {
-    queue.watch(x.fileDescriptor(), [this] { x.dispatch(); });
-    queue.beforeEachSleep([this] { return x.dispatchQueued(); });
-    queue.onDisplayLost([this] { log.write(serverHasGone); });
-    x.onLost([this] { queue.loseDisplay(); });
-    manager.onStart([this] { hotKeys.tellOfChange(); });
-  }
-  X11Desktop(const X11Desktop&) = delete;
-  X11Desktop& operator=(const X11Desktop&) = delete;
-  ~X11Desktop() { x.onLost(nullptr); }
-
-  x11::X11Connection& x;
-  SystemLog& log;
-  qt::QtMainQueue queue{};
-  qt::StopSignals stopSignals{queue};
-  x11::FloodGate gate{x, queue};
-  x11::ToolkitEvents toolkit{x, queue, qt::XcbEvents::connection()};
-  qt::XcbEvents toolkitEvents{
-      [this](const void* event) { return toolkit.wants(*static_cast<const xcb_generic_event_t*>(event)); }};
-  x11::X11WindowManager manager{x, queue, log};
-  x11::X11HotKeys hotKeys{x, queue};
-  x11::X11Displays displays{x, queue};
-  x11::HeldWindow held{x};
-  x11::X11Pointer pointer{x, held, queue};
-  x11::X11Overlay overlay{x, accent};
-  x11::X11Trust trust{};
-  std::shared_ptr<x11::X11WindowProvider> windows =
-      std::make_shared<x11::X11WindowProvider>(x, displays, held, queue);
-  x11::X11Workspace workspace{
-      x, *windows, {.bundleIdentifier = std::string(desktopEntry), .localizedName = std::string("Tilwin")}};
 };
 
 /// What the program shows of itself, with Qt.
@@ -154,7 +108,8 @@ std::optional<int> runModeOrCommand(System& system, X11Desktop& desktop, Argumen
   return runCommandAlone(system, desktop, {arguments.begin(), arguments.end()});
 }
 
-Platform platformOf(System& system, X11Desktop& desktop, UserDefaults& userDefaults, Interface& interface) {
+Platform platformOf(System& system, X11Desktop& desktop, UserDefaults& userDefaults, Interface& interface,
+                    Notifications& notifications) {
   return {.mainQueue = desktop.queue,
           .log = system.log,
           .hotKeys = desktop.hotKeys,
@@ -172,13 +127,15 @@ Platform platformOf(System& system, X11Desktop& desktop, UserDefaults& userDefau
           .files = interface.files,
           .login = system.login,
           .updates = interface.updates,
-          .words = system.words};
+          .words = system.words,
+          .notifications = &notifications};
 }
 
 int runOnDesktop(System& system, X11Desktop& desktop, qt::QtInstance& instance) {
   qt::QtUserDefaults userDefaults(system.log);
   Interface interface(system, desktop.hotKeys);
-  Platform platform = platformOf(system, desktop, userDefaults, interface);
+  qt::BusNotifications notifications(instance.bus(), desktopEntry);
+  Platform platform = platformOf(system, desktop, userDefaults, interface, notifications);
   AppDelegate delegate(platform);
   qt::SocketCommands socket(qt::SocketCommands::pathFor(qEnvironmentVariable("DISPLAY").toStdString()));
   qt::BusCommands bus(instance.bus(), build::version);
@@ -216,7 +173,7 @@ int runApplication(int argc, char** argv, System& system) {
   QApplication::setApplicationName("Tilwin");
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(qt::templateIcon(menuBarImage()));
-  X11Desktop desktop(system, x);
+  X11Desktop desktop(system.log, x);
   const Arguments arguments(argv + 1, static_cast<std::size_t>(argc - 1));
   if (const auto status = runModeOrCommand(system, desktop, arguments)) return *status;
   qt::QtInstance instance(qEnvironmentVariable("DISPLAY").toStdString());

@@ -20,7 +20,7 @@ SettingsPanel::~SettingsPanel() {
   window_.close();
 }
 
-void SettingsPanel::show() {
+void SettingsPanel::show(const std::optional<std::string>& section) {
   if (view_) {
     view_->lookAgain();
   } else {
@@ -29,6 +29,7 @@ void SettingsPanel::show() {
     settingsChanges_ = store_.settings.subscribe([this](const auto&) { updateSoon(); });
     unavailableChanges_ = store_.unavailable.subscribe([this](const auto&) { updateSoon(); });
   }
+  if (section) view_->handle(form::SectionChosen{*section});
   window_.show(view_->form());
 }
 

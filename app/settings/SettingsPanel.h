@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "app/settings/Published.h"
 #include "app/settings/SettingsStore.h"
@@ -24,8 +26,8 @@ public:
   SettingsPanel& operator=(const SettingsPanel&) = delete;
   ~SettingsPanel();
 
-  /// Opens the window, or brings the open one to the front.
-  void show();
+  /// Opens the window, or brings the open one to the front; in the section of this id if there is one.
+  void show(const std::optional<std::string>& section = std::nullopt);
   /// Gives the keys to the shortcut that is being recorded. Returns false if none is.
   bool record(const HotKeySpec& keys);
 

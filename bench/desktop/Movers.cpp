@@ -1,5 +1,6 @@
 #include "bench/desktop/Movers.h"
 
+#include "bench/desktop/Commands.h"
 #include "bench/desktop/Dragging.h"
 #include "tests/desktop/harness/GrabbedKey.h"
 #include "tests/desktop/harness/HarnessError.h"
@@ -40,10 +41,9 @@ Mover keys(desktop::Session& session, const desktop::TestWindow& window, const s
 }
 
 std::string wmctrlLine(const Rect& frame, const desktop::Extents& extents) {
-  const auto whole = [](double value) { return std::to_string(static_cast<int>(value)); };
-  return "  wmctrl -r :ACTIVE: -e 1," + whole(frame.x) + "," + whole(frame.y) + "," +
-         whole(frame.width - extents.left - extents.right) + "," +
-         whole(frame.height - extents.top - extents.bottom) + "\n";
+  std::string line = "  wmctrl";
+  for (const std::string& each : wmctrlArguments(frame, extents)) line += " " + each;
+  return line + "\n";
 }
 
 }  // namespace

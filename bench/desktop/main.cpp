@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bench/desktop/Commands.h"
 #include "bench/desktop/Dragging.h"
 #include "bench/desktop/Halves.h"
 #include "bench/desktop/Movers.h"
@@ -88,6 +89,18 @@ void compareHalves(desktop::Session& session, desktop::TestWindow& window, int m
   }
 }
 
+/// The same move by programs that are started for it.
+void compareCommands(desktop::Session& session, desktop::TestWindow& window, const Arguments& arguments) {
+  if (session.manager().traits().manager == desktop::Manager::kwin) return;  // wmctrl moves nothing there
+  const auto request = moversFor(session, window).front();
+  const auto movers = commandMoversFor(session, window, arguments.tilwin, request);
+  const auto latencies = measureAll(movers, session, window, arguments.presses);
+  std::printf("  From starting a process (× wmctrl; goal for the median: %.2f):\n", commandGoal);
+  for (std::size_t index = 0; index < movers.size(); ++index) {
+    printRow(movers[index].name, latencies[index], latencies.front());
+  }
+}
+
 void printCosts(desktop::Session& session, pid_t tilwin, desktop::Clock::duration startTime) {
   const auto before = desktop::useOf(tilwin);
   session.desktop().waitUntil([] { return false; }, restTime);
@@ -143,6 +156,7 @@ void compareUnder(desktop::Manager manager, const Arguments& arguments) {
 
   compareMovers(session, window, arguments.presses);
   compareHalves(session, window, arguments.presses);
+  compareCommands(session, window, arguments);
   printCosts(session, tilwin.process.pid(), startTime);
   printDragCosts(session, window, tilwin.process.pid());
 }

@@ -11,6 +11,7 @@
 #include "platform/ports/HotKeys.h"
 #include "platform/ports/LoginService.h"
 #include "platform/ports/MainQueue.h"
+#include "platform/ports/Notifications.h"
 #include "platform/ports/Overlay.h"
 #include "platform/ports/PointerMonitor.h"
 #include "platform/ports/ScreenChanges.h"
@@ -44,6 +45,7 @@ struct Platform {
   LoginService& login;
   UpdateFramework& updates;
   DesktopWords& words;
+  Notifications* notifications = nullptr;  ///< null where nobody but programs like this one takes hot keys
 };
 
 }  // namespace tilwin

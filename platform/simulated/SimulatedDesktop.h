@@ -10,6 +10,7 @@
 #include "platform/simulated/SimulatedHotKeys.h"
 #include "platform/simulated/SimulatedInterface.h"
 #include "platform/simulated/SimulatedMainQueue.h"
+#include "platform/simulated/SimulatedNotifications.h"
 #include "platform/simulated/SimulatedPointer.h"
 #include "platform/simulated/SimulatedSystem.h"
 #include "platform/simulated/SimulatedUpdates.h"
@@ -47,14 +48,16 @@ public:
   SimulatedLoginService login;
   SimulatedUpdates updates;
   SimulatedWords words;
+  SimulatedNotifications notifications;
 
   /// Connects these displays instead of the present ones; throws like the constructor.
   void setDisplays(std::string_view displays);
 
   /// The ports of this desktop, which must outlive their users.
   [[nodiscard]] Platform platform() {
-    return {time,   log,          keyboard, disk,    provider_,      mouse,  sheet, user,    screens,
-            bundle, applications, icon,     dialogs, settingsWindow, viewer, login, updates, words};
+    return {time,   log,     keyboard, disk,         provider_,     mouse,   sheet,
+            user,   screens, bundle,   applications, icon,          dialogs, settingsWindow,
+            viewer, login,   updates,  words,        &notifications};
   }
   [[nodiscard]] std::shared_ptr<DesktopWindows> provider() const { return provider_; }
   [[nodiscard]] HotKeys& hotKeys() { return keyboard; }
