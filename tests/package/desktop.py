@@ -26,9 +26,8 @@ class Desktop:
         server = debian.start("Xvfb", "-displayfd", "1", "-screen", "0", f"{SCREEN[0]}x{SCREEN[1]}x24", "-noreset",
                               "-nolisten", "tcp")
         self.variables = {"DISPLAY": ":" + server.stdout.readline().strip()}
-        debian.start("openbox", **self.variables)
-        wait_for("a window manager", lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK").stdout)
-        debian.start("xmessage", "-title", TITLE, "Dear reader", **self.variables)
+        # A window that comes while openbox starts may never be shown.
+        debian.start("openbox", "--startup", f"xmessage -title '{TITLE}' 'Dear reader'", **self.variables)
         self.window = wait_for("a window", lambda: self.windows(TITLE))[0]
         wait_for("the focus", lambda: self.run("xdotool", "getactivewindow").stdout.strip() == self.window)
 

@@ -12,6 +12,7 @@ DESKTOP = ["xvfb", "openbox", "x11-utils", "xdotool", "dbus-daemon", "dbus-bin",
            "fish"]
 USER = "ann"
 USER_ID = 1000
+ARCHIVES = "/var/cache/apt/archives"
 CHROOT = "/usr/sbin/chroot"
 PATH = "/usr/local/bin:/usr/bin:/bin"
 
@@ -31,26 +32,22 @@ class SmallDebian:
         self._running = []
 
     def make(self):
-        self.remove()
+        if self.root.exists():
+            shutil.rmtree(self.root)
         self._downloads.mkdir(parents=True, exist_ok=True)
         # Kept from one run to the next, packages are not fetched again.
-        archives = "/var/cache/apt/archives"
         subprocess.run(["mmdebstrap", "--quiet", "--mode=root", "--variant=minbase", f"--include={','.join(DESKTOP)}",
                         "--skip=essential/unlink,cleanup/apt", "--dpkgopt=force-unsafe-io",
-                        f'--setup-hook=mkdir -p "$1"{archives} && mount --bind {self._downloads} "$1"{archives}',
-                        f'--customize-hook=umount "$1"{archives}', SUITES[0], self.root, "-"],
+                        f'--setup-hook=mkdir -p "$1"{ARCHIVES} && mount --bind {self._downloads} "$1"{ARCHIVES}',
+                        f'--customize-hook=umount "$1"{ARCHIVES}', SUITES[0], self.root, "-"],
                        input="\n".join(sources()), text=True, check=True)
         shutil.copy("/etc/resolv.conf", self.root / "etc/resolv.conf")
         subprocess.run(["mount", "-t", "proc", "proc", self.root / "proc"], check=True)
-        subprocess.run(["mount", "--bind", self._downloads, self.path(archives)], check=True)
+        subprocess.run(["mount", "--bind", self._downloads, self.path(ARCHIVES)], check=True)
         self.run("useradd", "--create-home", "--uid", str(USER_ID), USER)
         runtime = self.root / "run/user" / str(USER_ID)
         runtime.mkdir(parents=True, mode=0o700)
         os.chown(runtime, USER_ID, USER_ID)
-
-    def remove(self):
-        if self.root.exists():
-            shutil.rmtree(self.root)
 
     def path(self, inside):
         return self.root / str(inside).lstrip("/")
@@ -74,12 +71,16 @@ class SmallDebian:
         self._running.append(program)
         return program
 
-    def end_programs(self):
+    def end(self, keep):
+        """keep: leaves the files there to be looked at."""
         for program in self._running:
             program.terminate()
         for program in self._running:
             program.wait(10)
-        self._running.clear()
+        for folder in ("/proc", ARCHIVES):
+            subprocess.run(["umount", self.path(folder)], check=True)
+        if not keep:
+            shutil.rmtree(self.root)
 
     def files(self, apart_from):
         """Whatever has a name in it, but for what lies below these folders."""

@@ -14,11 +14,12 @@ class Use:
     def __init__(self, debian, installation):
         self._debian = debian
         self._installation = installation
-        self._desktop = Desktop(debian)
+        self._desktop = None
         self._program = None
 
     def checks(self):
-        return [("a command moves a window while no Tilwin runs", self.snap_alone),
+        return [("a desktop is there: X server, window manager, a window with the focus", self.open_desktop),
+                ("a command moves a window while no Tilwin runs", self.snap_alone),
                 ("tilwin starts as an ordinary user, without a session bus", self.start),
                 ("a shortcut moves the window to where it belongs", self.snap_by_key),
                 ("so does a command", self.snap_by_command),
@@ -29,6 +30,9 @@ class Use:
                 ("the user's session bus knows Tilwin's name and starts it", self.start_by_bus),
                 ("a second start opens the settings of the one that runs", self.start_again),
                 ("tilwin ends when it is asked to", self.quit)]
+
+    def open_desktop(self):
+        self._desktop = Desktop(self._debian)
 
     def snap_alone(self):
         self._desktop.run("tilwin", "snap", "rightHalf")
