@@ -29,6 +29,7 @@ class Use:
                 ("the new version starts with the settings and layouts of the old one", self.start_new),
                 ("the user's session bus knows Tilwin's name and starts it", self.start_by_bus),
                 ("a second start opens the settings of the one that runs", self.start_again),
+                ("what it starts at login when the user wants that is what the package has", self.open_at_login),
                 ("tilwin ends when it is asked to", self.quit)]
 
     def open_desktop(self):
@@ -92,6 +93,11 @@ class Use:
     def start_again(self):
         self._desktop.run("tilwin")
         wait_for("the settings window", lambda: self._desktop.windows("Tilwin"))
+
+    def open_at_login(self):
+        self._desktop.run("tilwin", "--enable-login-item")
+        entry = self._debian.path("/home/ann/.config/autostart/tilwin.desktop").read_text()
+        assert "TryExec=/usr/bin/tilwin\n" in entry, entry
 
     def quit(self):
         self._desktop.run("tilwin", "quit")
