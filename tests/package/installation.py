@@ -56,11 +56,14 @@ class Installation:
 
     def find_libraries(self):
         for program in ("/usr/bin/tilwin", "/usr/libexec/tilwin/tilwin"):
-            libraries = self.debian.run("ldd", program).stdout
-            assert "libc.so" in libraries and "not found" not in libraries, libraries
+            libraries = self.debian.run("ldd", program).stdout.splitlines()
+            assert any("libc.so" in library for library in libraries), program
+            missing = [library.strip() for library in libraries if "not found" in library]
+            assert not missing, missing
 
     def start_nothing(self):
-        assert not [file for file in self._files if file.startswith("/etc/") or "autostart" in file or "systemd" in file]
+        starting = [file for file in self._files if file.startswith("/etc/") or "autostart" in file or "systemd" in file]
+        assert not starting, starting
 
     def find_man_page(self):
         page = self.debian.as_user("man", "tilwin").stdout
@@ -72,7 +75,7 @@ class Installation:
 
     def remove(self):
         user_files = self.debian.files_of_user()
-        assert {"Tilwin.conf", "layouts.json"} <= {file.name for file in user_files}, user_files
+        assert {"Tilwin.conf", "layouts.json"} <= {file.name for file in user_files}, [file.name for file in user_files]
         contents = {file: file.read_bytes() for file in user_files}
         self.debian.apt("remove", "tilwin")
         left = [file for file in self._files if self.debian.path(file).exists()]

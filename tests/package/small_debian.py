@@ -81,6 +81,10 @@ class SmallDebian:
             subprocess.run(["umount", self.path(folder)], check=True)
         if not keep:
             shutil.rmtree(self.root)
+        # Whoever became root by sudo can remove the build folder.
+        owner = self._downloads.parent.stat()
+        for kept in (self._downloads, *self._downloads.rglob("*")):
+            os.chown(kept, owner.st_uid, owner.st_gid)
 
     def files(self, apart_from):
         """Whatever has a name in it, but for what lies below these folders."""
@@ -100,7 +104,7 @@ class SmallDebian:
     def _run(command, environment, check):
         done = subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=120)
         if check and done.returncode != 0:
-            raise AssertionError(f"{' '.join(map(str, command))}: status {done.returncode}: {done.stderr or done.stdout}")
+            raise AssertionError(f"{' '.join(map(str, command))}: status {done.returncode}: {(done.stderr or done.stdout).strip()}")
         return done
 
     def _user_command(self, command):
