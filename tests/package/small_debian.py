@@ -10,6 +10,9 @@ SUITES = ("bookworm", "bookworm-updates", "bookworm-security")
 # What root and the user find in it: a desktop without a session bus, three shells, and what looks at windows and presses keys.
 DESKTOP = ["xvfb", "openbox", "x11-utils", "xdotool", "dbus-daemon", "dbus-bin", "man-db", "bash-completion", "zsh",
            "fish"]
+# In seconds; apt may have to fetch much from afar.
+LONGEST_INSTALLATION = 600
+LONGEST_COMMAND = 30
 USER = "ann"
 USER_ID = 1000
 ARCHIVES = "/var/cache/apt/archives"
@@ -55,13 +58,13 @@ class SmallDebian:
     def run(self, *command, check=True):
         """As root."""
         environment = {"PATH": f"{PATH}:/usr/sbin:/sbin", "DEBIAN_FRONTEND": "noninteractive", "LC_ALL": "C.UTF-8"}
-        return self._run([CHROOT, self.root, *command], environment, check)
+        return self._run([CHROOT, self.root, *command], environment, check, LONGEST_INSTALLATION)
 
     def apt(self, *command):
         return self.run("apt-get", "--quiet", "--yes", "--option=APT::Sandbox::User=root", *command)
 
     def as_user(self, *command, check=True, **variables):
-        return self._run(self._user_command(command), self._user_environment(variables), check)
+        return self._run(self._user_command(command), self._user_environment(variables), check, LONGEST_COMMAND)
 
     def start(self, *command, **variables):
         """A program of the user that goes on running."""
@@ -101,8 +104,9 @@ class SmallDebian:
         return [file for file in self.path(f"/home/{USER}").rglob("*") if file.is_file()]
 
     @staticmethod
-    def _run(command, environment, check):
-        done = subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=120)
+    def _run(command, environment, check, longest):
+        done = subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                              timeout=longest)
         if check and done.returncode != 0:
             raise AssertionError(f"{' '.join(map(str, command))}: status {done.returncode}: {(done.stderr or done.stdout).strip()}")
         return done
