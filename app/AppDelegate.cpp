@@ -35,9 +35,12 @@ AppDelegate::AppDelegate(Platform& platform)
       applier_({store_, controller_, hotKeyCenter_, platform.statusItem, recording_, drag_, layouts_,
                 platform.log, platform.words}),
       panel_(platform.settingsWindow, platform.mainQueue, store_, [this] { return makeSettingsView(); }),
-      commands_(
-          {store_, controller_, layouts_, *windows_, platform.trust, platform.workspace, platform.words},
-          CommandRunner::Instance{[this] { showSettings(); }, [this] { platform_.mainQueue.stop(0); }}),
+      doctor_({store_, platform.userDefaults, *windows_, platform.trust, platform.bundle,
+               platform.desktopReport, platform.systemReport, platform.words},
+              Doctor::Instance{platform.statusItem, hotKeyCenter_}),
+      commands_({store_, controller_, layouts_, *windows_, platform.trust, platform.workspace, platform.words,
+                 doctor_},
+                CommandRunner::Instance{[this] { showSettings(); }, [this] { platform_.mainQueue.stop(0); }}),
       self_(std::make_shared<AppDelegate*>(this)) {}
 
 void AppDelegate::start() {

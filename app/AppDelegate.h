@@ -6,6 +6,7 @@
 
 #include "app/SettingsApplier.h"
 #include "app/commands/CommandRunner.h"
+#include "app/doctor/Doctor.h"
 #include "app/drag/DragRecording.h"
 #include "app/drag/DragWatcher.h"
 #include "app/keys/HotKeyCenter.h"
@@ -70,6 +71,7 @@ private:
   std::unique_ptr<MenuCommands> menu_;
   SettingsApplier applier_;
   SettingsPanel panel_;
+  Doctor doctor_;
   CommandRunner commands_;
   Subscription settingsChanges_;
   /// Posted tasks and callbacks hold this weakly, so that they do nothing after this object is destroyed.

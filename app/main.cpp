@@ -37,12 +37,14 @@
 #include "platform/qt/system/LinuxWords.h"
 #include "platform/qt/system/QtFileViewer.h"
 #include "platform/qt/system/QtInstance.h"
+#include "platform/qt/system/QtSystemReport.h"
 #include "platform/qt/system/QtUpdateFramework.h"
 #include "platform/qt/system/XdgLoginService.h"
 #include "platform/x11/displays/X11Displays.h"
 #include "platform/x11/input/X11HotKeys.h"
 #include "platform/x11/input/X11Pointer.h"
 #include "platform/x11/overlay/X11Overlay.h"
+#include "platform/x11/windows/X11DesktopReport.h"
 #include "platform/x11/windows/X11Trust.h"
 #include "platform/x11/windows/X11WindowProvider.h"
 #include "platform/x11/windows/X11Workspace.h"
@@ -69,6 +71,7 @@ struct System {
       {{UpdaterService::feedKey, build::feed}, {UpdaterService::tokenKey, build::updateToken}}};
   qt::XdgLoginService login{client::calledFor(qt::XdgLoginService::runningExecutable())};
   qt::LinuxWords words;
+  qt::QtSystemReport report{build::version};
 };
 
 /// The adapters to an X11 desktop, connected to Qt's main loop.
@@ -103,6 +106,7 @@ struct X11Desktop {
       std::make_shared<x11::X11WindowProvider>(x, displays, held, queue);
   x11::X11Workspace workspace{
       x, *windows, {.bundleIdentifier = std::string(desktopEntry), .localizedName = std::string("Tilwin")}};
+  x11::X11DesktopReport report{x, *windows};
 };
 
 /// What the program shows of itself, with Qt.
@@ -130,7 +134,7 @@ int runCommandAlone(System& system, X11Desktop& desktop, const std::vector<std::
   qt::QtUserDefaults userDefaults(system.log);
   const auto [reply, mayHaveMoved] =
       CommandsAlone::run({desktop.queue, system.log, userDefaults, desktop.windows, desktop.trust,
-                          system.bundle, desktop.workspace, system.words},
+                          system.bundle, desktop.workspace, system.words, desktop.report, system.report},
                          arguments);
   desktop.x.tellIfLost();
   const int status = print(reply);
@@ -169,7 +173,9 @@ Platform platformOf(System& system, X11Desktop& desktop, UserDefaults& userDefau
           .files = interface.files,
           .login = system.login,
           .updates = interface.updates,
-          .words = system.words};
+          .words = system.words,
+          .desktopReport = desktop.report,
+          .systemReport = system.report};
 }
 
 int runOnDesktop(System& system, X11Desktop& desktop, qt::QtInstance& instance) {

@@ -25,6 +25,8 @@ struct ManagerHabits {
   bool maximizes = false;       ///< lists _NET_WM_STATE_MAXIMIZED_VERT
   bool movesByHand = false;     ///< lists _NET_WM_MOVERESIZE
   bool ignoresMessage = false;  ///< lists the message, but has only done what ConfigureWindow asked for
+  bool obeysMessage = false;    ///< has done what the message asked for
+  bool tilesItself = false;     ///< had to be made to give up a tile
   bool placesClient = false;    ///< puts the client area where the corner of the frame was asked to be
 
   bool operator==(const ManagerHabits&) const = default;

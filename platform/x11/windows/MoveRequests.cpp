@@ -81,8 +81,21 @@ void MoveRequests::configured(const xcb_configure_notify_event_t& event) {
   if (found == attempts_.end()) return;
   auto& attempt = found->second;
   const Size size{static_cast<double>(event.width), static_cast<double>(event.height)};
-  if (!attempt.answeredAt) attempt.answeredAt = queue_.uptime();
+  if (!attempt.answeredAt) {
+    attempt.answeredAt = queue_.uptime();
+    noteAnswer(attempt);
+  }
   attempt.isResized = attempt.isResized || size != attempt.clientBefore;
+}
+
+void MoveRequests::noteAnswer(const MoveAttempt& attempt) {
+  const auto asked = std::ranges::find(times_, attempt.at, &MoveTimes::asked);
+  if (asked != times_.end()) asked->answered = attempt.answeredAt;
+}
+
+const ManagerHabits& MoveRequests::habits() {
+  reviewHabits();
+  return habits_;
 }
 
 void MoveRequests::reviewHabits() {
@@ -105,6 +118,8 @@ void MoveRequests::begin(MoveAttempt attempt, const WindowSnapshot& window, cons
   attempt.at = queue_.uptime();
   attempt.answeredAt.reset();
   attempt.isResized = false;
+  times_.push_back({.asked = attempt.at});
+  if (times_.size() > mostTimes) times_.pop_front();
   send(attempt, window, shape);
   attempts_[window.window] = attempt;
   judging_.need();
@@ -171,6 +186,8 @@ void MoveRequests::learnFrom(const MoveAttempt& attempt, const WindowSnapshot& w
   if (window.frame() != attempt.wanted) return;
   refused_.erase(window.window);
   if (attempt.way == MoveWay::message) ignoredMessages_ = 0;
+  habits_.obeysMessage = habits_.obeysMessage || attempt.way == MoveWay::message;
+  habits_.tilesItself = habits_.tilesItself || attempt.way == MoveWay::untile;
   if (attempt.way == MoveWay::configure) ++ignoredMessages_;
   habits_.ignoresMessage = ignoredMessages_ >= mostIgnoredMessages;
 }
@@ -196,6 +213,7 @@ void MoveRequests::pull(MoveAttempt attempt, const WindowSnapshot& window) {
   }
   pulled_.end();
   if (window.states.maximized()) return refuse(window);
+  habits_.tilesItself = true;
   attempt.way = MoveWay::message;
   repeat(attempt, window);
 }
