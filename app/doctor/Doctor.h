@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/keys/HotKeyCenter.h"
@@ -41,7 +42,7 @@ public:
 
   /// All parts must outlive this.
   explicit Doctor(const Parts& parts, std::optional<Instance> instance = std::nullopt)
-      : parts_(parts), instance_(instance) {}
+      : parts_(parts), instance_(std::move(instance)) {}
 
   [[nodiscard]] std::string report(DoctorReport::Names names);
   [[nodiscard]] Diagnosis diagnose();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <string_view>
 
 #include "core/doctor/DoctorTexts.h"
 #include "core/doctor/KnownManagers.h"
@@ -75,10 +77,19 @@ Texts commandProblems(const Diagnosis& diagnosis) {
       "log in by a session that has one."};
 }
 
-/// In single quotes, as a shell takes it; the tilde stays outside.
+bool isPlain(char each) {
+  return (each >= 'a' && each <= 'z') || (each >= 'A' && each <= 'Z') || (each >= '0' && each <= '9') ||
+         std::string_view("._/-").find(each) != std::string_view::npos;
+}
+
+/// In single quotes if a shell needs them; the tilde stays outside.
 std::string forShell(const std::string& path) {
-  const bool isInHome = path.starts_with("~/");
-  return (isInHome ? "~/'" : "'") + path.substr(isInHome ? 2 : 0) + "'";
+  const std::string home = path.starts_with("~/") ? "~/" : "";
+  const std::string rest = path.substr(home.size());
+  if (std::ranges::all_of(rest, isPlain)) return path;
+  std::string quoted;
+  for (const char each : rest) quoted += each == '\'' ? "'\\''" : std::string(1, each);
+  return home + "'" + quoted + "'";
 }
 
 Texts fileProblems(const Diagnosis& diagnosis) {

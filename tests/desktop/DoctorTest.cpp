@@ -109,6 +109,7 @@ TEST_F(Doctor, TellsHowLongAPressTook) {
   EXPECT_TRUE(has(text, "\n  leftHalf  asked after "));
   EXPECT_TRUE(has(text, " answered after "));
   EXPECT_TRUE(has(text, "\nWindow manager\n  Announces itself              yes\n"));
+  EXPECT_EQ(text.find("Refused a window              yes"), std::string::npos) << text;
 }
 
 TEST_F(Doctor, TellsWhichFilesAreOpenToOthers) {
@@ -131,6 +132,21 @@ TEST_F(Doctor, SaysFirstThatNothingRuns) {
   restartTilwin();
 }
 
+TEST_F(DoctorOfOpenbox, TellsThatItWasSeenToObey) {
+  Session session({.manager = Manager::openbox});
+  const TestWindow window = session.window();
+  const TilwinProcess tilwin(session, arguments().tilwin);
+  EXPECT_TRUE(has(doctorIn(session), "\n  Obeys _NET_MOVERESIZE_WINDOW  not tried yet\n"));
+  ASSERT_TRUE(session.desktop().activate(window.id()));
+  session.input().press(leftHalfKeys);
+  ASSERT_TRUE(session.desktop().waitForFrame(window.id(), leftHalf));
+  // It is judged a while after the request.
+  const auto isSeen = [&] {
+    return doctorIn(session).find("\n  Obeys _NET_MOVERESIZE_WINDOW  yes\n") != std::string::npos;
+  };
+  EXPECT_TRUE(session.desktop().waitUntil(isSeen)) << doctorIn(session);
+}
+
 TEST_F(DoctorOfOpenbox, NamesTheKeysThatOpenboxKeepsAsItIsShipped) {
   Session session({.manager = Manager::openbox});
   session.manager().stop();
@@ -143,6 +159,23 @@ TEST_F(DoctorOfOpenbox, NamesTheKeysThatOpenboxKeepsAsItIsShipped) {
           "openbox keeps Ctrl+Alt+← for its desktops: remove it in rc.xml, or bind it to \"tilwin snap "
           "leftHalf\".\n"));
   EXPECT_TRUE(has(text, "\n  25 of 29 work\n"));
+}
+
+/// metacity as it comes, whose tiles end in no other way than by a drag.
+TEST(DoctorOfTiles, NamesAManagerThatWasSeenToTileItself) {
+  Session session({.manager = Manager::metacity, .setup = {.nativeTileKeys = true}});
+  const TestWindow window = session.window();
+  const TilwinProcess tilwin(session, arguments().tilwin);
+  ASSERT_TRUE(session.desktop().activate(window.id()));
+  session.input().press(nativeTileLeft);
+  ASSERT_TRUE(session.desktop().waitForFrame(window.id(), leftHalf)) << "the manager has not tiled it";
+  EXPECT_TRUE(has(doctorIn(session), "\n  Tiles itself                  not seen"));
+  session.input().press("Control+Alt+k");
+  ASSERT_TRUE(session.desktop().waitForFrame(window.id(), {960, 540, 960, 540}));
+  const auto isSeen = [&] {
+    return doctorIn(session).find("metacity tiles windows at the edges itself") != std::string::npos;
+  };
+  EXPECT_TRUE(session.desktop().waitUntil(isSeen)) << doctorIn(session);
 }
 
 }  // namespace tilwin::desktop

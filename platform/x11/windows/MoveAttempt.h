@@ -75,6 +75,7 @@ struct MoveAttempt {
   Size clientBefore{};  ///< the size of the client area then
   MoveWay way = MoveWay::message;
   Seconds at{};
+  Seconds firstAt{};       ///< when the first of the requests was sent that this one repeats
   bool isDropped = false;  ///< a hand has just let the window go, so its manager may still move it
   std::optional<Seconds> answeredAt{};  ///< when the manager confirmed some frame, for the first time since
   bool isResized = false;               ///< some other size was seen since

@@ -58,7 +58,11 @@ MoveRequests::MoveRequests(X11Connection& x, MainQueue& queue)
 void MoveRequests::ask(const WindowSnapshot& window, const FrameShape& shape, const Rect& frame,
                        bool isDropped) {
   reviewHabits();
-  begin({.wanted = inWholePoints(frame), .way = habits_.firstWay(), .isDropped = isDropped}, window, shape);
+  const auto now = queue_.uptime();
+  times_.push_back({.asked = now});
+  if (times_.size() > mostTimes) times_.pop_front();
+  begin({.wanted = inWholePoints(frame), .way = habits_.firstWay(), .firstAt = now, .isDropped = isDropped},
+        window, shape);
 }
 
 bool MoveRequests::isRefused(xcb_window_t window, const Rect& frame) const {
@@ -89,8 +93,8 @@ void MoveRequests::configured(const xcb_configure_notify_event_t& event) {
 }
 
 void MoveRequests::noteAnswer(const MoveAttempt& attempt) {
-  const auto asked = std::ranges::find(times_, attempt.at, &MoveTimes::asked);
-  if (asked != times_.end()) asked->answered = attempt.answeredAt;
+  const auto asked = std::ranges::find(times_, attempt.firstAt, &MoveTimes::asked);
+  if (asked != times_.end() && !asked->answered) asked->answered = attempt.answeredAt;
 }
 
 const ManagerHabits& MoveRequests::habits() {
@@ -118,8 +122,6 @@ void MoveRequests::begin(MoveAttempt attempt, const WindowSnapshot& window, cons
   attempt.at = queue_.uptime();
   attempt.answeredAt.reset();
   attempt.isResized = false;
-  times_.push_back({.asked = attempt.at});
-  if (times_.size() > mostTimes) times_.pop_front();
   send(attempt, window, shape);
   attempts_[window.window] = attempt;
   judging_.need();
@@ -183,10 +185,11 @@ void MoveRequests::follow(MoveAttempt attempt, const WindowSnapshot& window) {
 }
 
 void MoveRequests::learnFrom(const MoveAttempt& attempt, const WindowSnapshot& window) {
+  const bool isMoved = window.frame() != attempt.before;
+  habits_.obeysMessage = habits_.obeysMessage || (isMoved && attempt.way == MoveWay::message);
   if (window.frame() != attempt.wanted) return;
   refused_.erase(window.window);
   if (attempt.way == MoveWay::message) ignoredMessages_ = 0;
-  habits_.obeysMessage = habits_.obeysMessage || attempt.way == MoveWay::message;
   habits_.tilesItself = habits_.tilesItself || attempt.way == MoveWay::untile;
   if (attempt.way == MoveWay::configure) ++ignoredMessages_;
   habits_.ignoresMessage = ignoredMessages_ >= mostIgnoredMessages;

@@ -82,14 +82,22 @@ TEST(Problems, TellWhichFilesAreTooOpen) {
   diagnosis.files[0].mode = 0666;
   EXPECT_EQ(Problems::of(diagnosis),
             Texts{"Others can change ~/.config/Tilwin/Tilwin.conf (mode 0666): chmod 600 "
-                  "~/'.config/Tilwin/Tilwin.conf'"});
+                  "~/.config/Tilwin/Tilwin.conf"});
   diagnosis.files[0].mode = 0644;
   diagnosis.files[0].isPrivate = true;
   EXPECT_EQ(Problems::of(diagnosis),
             Texts{"Others can read ~/.config/Tilwin/Tilwin.conf (mode 0644): chmod 600 "
-                  "~/'.config/Tilwin/Tilwin.conf'"});
+                  "~/.config/Tilwin/Tilwin.conf"});
   diagnosis.files[0].mode = 0600;
   EXPECT_EQ(Problems::of(diagnosis), Texts());
+}
+
+TEST(Problems, QuoteAPathForAShellWhereItNeedsThat) {
+  auto diagnosis = soundDiagnosis();
+  diagnosis.files[0].mode = 0666;
+  diagnosis.files[0].path = "/home/somebody/it's mine/Tilwin.conf";
+  EXPECT_TRUE(Problems::of(diagnosis).at(0).ends_with("chmod 600 ~/'it'\\''s mine/Tilwin.conf'"))
+      << Problems::of(diagnosis).at(0);
 }
 
 TEST(Problems, TellOfSettingsThatCannotBeReadAndOfMissingPlaces) {
