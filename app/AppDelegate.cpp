@@ -37,9 +37,12 @@ AppDelegate::AppDelegate(Platform& platform)
                 platform.log, platform.words}),
       takenKeys_(platform.userDefaults, platform.notifications, platform.words),
       panel_(platform.settingsWindow, platform.mainQueue, store_, [this] { return makeSettingsView(); }),
-      commands_(
-          {store_, controller_, layouts_, *windows_, platform.trust, platform.workspace, platform.words},
-          CommandRunner::Instance{[this] { showSettings(); }, [this] { platform_.mainQueue.stop(0); }}),
+      doctor_({store_, platform.userDefaults, *windows_, platform.trust, platform.bundle,
+               platform.desktopReport, platform.systemReport, platform.words},
+              Doctor::Instance{platform.statusItem, hotKeyCenter_}),
+      commands_({store_, controller_, layouts_, *windows_, platform.trust, platform.workspace, platform.words,
+                 doctor_},
+                CommandRunner::Instance{[this] { showSettings(); }, [this] { platform_.mainQueue.stop(0); }}),
       events_({platform.mainQueue, store_, *windows_}),
       self_(std::make_shared<AppDelegate*>(this)) {}
 

@@ -9,6 +9,7 @@
 #include "app/SettingsApplier.h"
 #include "app/commands/CommandRunner.h"
 #include "app/commands/EventTeller.h"
+#include "app/doctor/Doctor.h"
 #include "app/drag/DragRecording.h"
 #include "app/drag/DragWatcher.h"
 #include "app/keys/HotKeyCenter.h"
@@ -82,6 +83,7 @@ private:
   SettingsApplier applier_;
   TakenKeysNotice takenKeys_;
   SettingsPanel panel_;
+  Doctor doctor_;
   CommandRunner commands_;
   EventTeller events_;
   Subscription settingsChanges_;

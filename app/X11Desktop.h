@@ -10,6 +10,7 @@
 #include "platform/x11/input/X11HotKeys.h"
 #include "platform/x11/input/X11Pointer.h"
 #include "platform/x11/overlay/X11Overlay.h"
+#include "platform/x11/windows/X11DesktopReport.h"
 #include "platform/x11/windows/X11Trust.h"
 #include "platform/x11/windows/X11WindowProvider.h"
 #include "platform/x11/windows/X11Workspace.h"
@@ -56,6 +57,7 @@ struct X11Desktop {
       std::make_shared<x11::X11WindowProvider>(x, displays, held, queue);
   x11::X11Workspace workspace{
       x, *windows, {.bundleIdentifier = std::string(desktopEntry), .localizedName = std::string("Tilwin")}};
+  x11::X11DesktopReport report{x, *windows};
 };
 
 }  // namespace tilwin

@@ -40,6 +40,7 @@
 #include "platform/qt/system/LinuxWords.h"
 #include "platform/qt/system/QtFileViewer.h"
 #include "platform/qt/system/QtInstance.h"
+#include "platform/qt/system/QtSystemReport.h"
 #include "platform/qt/system/QtUpdateFramework.h"
 #include "platform/qt/system/XdgLoginService.h"
 #include "platform/x11/input/X11HotKeys.h"
@@ -60,6 +61,7 @@ struct System {
       {{UpdaterService::feedKey, build::feed}, {UpdaterService::tokenKey, build::updateToken}}};
   qt::XdgLoginService login{client::calledFor(qt::XdgLoginService::runningExecutable())};
   qt::LinuxWords words;
+  qt::QtSystemReport report{build::version};
 };
 
 /// What the program shows of itself, with Qt.
@@ -87,7 +89,7 @@ int runCommandAlone(System& system, X11Desktop& desktop, const std::vector<std::
   qt::QtUserDefaults userDefaults(system.log);
   const auto [reply, mayHaveMoved] =
       CommandsAlone::run({desktop.queue, system.log, userDefaults, desktop.windows, desktop.trust,
-                          system.bundle, desktop.workspace, system.words},
+                          system.bundle, desktop.workspace, system.words, desktop.report, system.report},
                          arguments);
   desktop.x.tellIfLost();
   const int status = print(reply);
@@ -128,6 +130,8 @@ Platform platformOf(System& system, X11Desktop& desktop, UserDefaults& userDefau
           .login = system.login,
           .updates = interface.updates,
           .words = system.words,
+          .desktopReport = desktop.report,
+          .systemReport = system.report,
           .notifications = &notifications};
 }
 

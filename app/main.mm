@@ -29,6 +29,7 @@
 #include "platform/macos/system/MacMainQueue.h"
 #include "platform/macos/system/MacStopSignals.h"
 #include "platform/macos/system/MacSystemLog.h"
+#include "platform/macos/system/MacSystemReport.h"
 #include "platform/macos/system/MacUpdateFramework.h"
 #include "platform/macos/system/MacUserDefaults.h"
 #include "platform/macos/windows/MacAccessibility.h"
@@ -46,6 +47,8 @@ struct System {
   macos::MacBundle bundle{[NSBundle mainBundle]};
   macos::MacLoginService login;
   DesktopWords words;
+  DesktopReport desktopReport;
+  macos::MacSystemReport systemReport{bundle};
 };
 
 /// The adapters to windows, displays, keys and pointer.
@@ -101,7 +104,9 @@ int runProgram(System& system, Desktop& desktop, macos::MacApplication& applicat
                     .files = interface.files,
                     .login = system.login,
                     .updates = interface.updates,
-                    .words = system.words};
+                    .words = system.words,
+                    .desktopReport = system.desktopReport,
+                    .systemReport = system.systemReport};
   AppDelegate delegate(platform);
   application.onLaunched([&delegate] {
     macos::installMainMenu();

@@ -65,7 +65,7 @@ void checkArguments(const std::vector<std::string>& words) {
   require(request.arguments.size() <= parameters.size(), "more arguments than the command takes");
   require(request.arguments.size() == parameters.size() || parameters[request.arguments.size()].isOptional,
           "an argument is missing");
-  require(spec.hasJson || !request.asJson, "an option that the command has not");
+  require(!spec.option.word.empty() || !request.hasOption, "an option that the command has not");
   if (request.command == CommandId::set) checkSetting(request.arguments);
 }
 

@@ -83,6 +83,7 @@ CommandReply CommandRunner::carryOut(const CommandRequest& request) {
       {CommandId::displays, &CommandRunner::displays},
       {CommandId::actions, &CommandRunner::actions},
       {CommandId::areas, &CommandRunner::areas},
+      {CommandId::doctor, &CommandRunner::doctor},
       {CommandId::get, &CommandRunner::get},
       {CommandId::set, &CommandRunner::set},
       {CommandId::watch, &CommandRunner::watch},
@@ -121,7 +122,7 @@ std::string CommandRunner::whyNotMoved(std::optional<SnapAction> action) {
 }
 
 CommandReply CommandRunner::layoutList(const CommandRequest& request) {
-  return CommandReply::done(CommandLists::layouts(parts_.layouts.layouts().userLayouts(), request.asJson));
+  return CommandReply::done(CommandLists::layouts(parts_.layouts.layouts().userLayouts(), request.hasOption));
 }
 
 CommandReply CommandRunner::layoutApply(const CommandRequest& request) {
@@ -160,26 +161,32 @@ CommandReply CommandRunner::place(const CommandRequest& request) {
 
 CommandReply CommandRunner::windows(const CommandRequest& request) {
   return CommandReply::done(CommandLists::windows(parts_.windows.allWindows(), parts_.windows.focusedWindow(),
-                                                  parts_.windows.displays(), request.asJson));
+                                                  parts_.windows.displays(), request.hasOption));
 }
 
 CommandReply CommandRunner::displays(const CommandRequest& request) {
-  return CommandReply::done(CommandLists::displays(parts_.windows.displays(), request.asJson));
+  return CommandReply::done(CommandLists::displays(parts_.windows.displays(), request.hasOption));
 }
 
 CommandReply CommandRunner::actions(const CommandRequest& request) {
-  return CommandReply::done(CommandLists::actions(parts_.store.settings.get(), request.asJson));
+  return CommandReply::done(CommandLists::actions(parts_.store.settings.get(), request.hasOption));
 }
 
 CommandReply CommandRunner::areas(const CommandRequest& request) {
-  return CommandReply::done(CommandLists::areas(parts_.store.settings.get().customAreas, request.asJson));
+  return CommandReply::done(CommandLists::areas(parts_.store.settings.get().customAreas, request.hasOption));
+}
+
+CommandReply CommandRunner::doctor(const CommandRequest& request) {
+  using Names = DoctorReport::Names;
+  return CommandReply::done(parts_.doctor.report(request.hasOption ? Names::all : Names::none));
 }
 
 CommandReply CommandRunner::get(const CommandRequest& request) {
   const TilwinSettings& settings = parts_.store.settings.get();
-  if (request.arguments.empty()) return CommandReply::done(CommandLists::settings(settings, request.asJson));
+  if (request.arguments.empty())
+    return CommandReply::done(CommandLists::settings(settings, request.hasOption));
   const std::string& key = request.arguments.front();
-  const auto value = request.asJson ? SettingKeys::json(settings, key) : SettingKeys::text(settings, key);
+  const auto value = request.hasOption ? SettingKeys::json(settings, key) : SettingKeys::text(settings, key);
   return value ? CommandReply::done(*value + "\n") : unknownKey(key);
 }
 

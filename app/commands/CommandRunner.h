@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/doctor/Doctor.h"
 #include "app/layouts/LayoutKeeper.h"
 #include "app/settings/SettingsStore.h"
 #include "core/commands/CommandParser.h"
@@ -31,6 +32,7 @@ public:
     AccessibilityTrust& trust;
     Workspace& workspace;
     const DesktopWords& words;
+    Doctor& doctor;
   };
   /// What only a running instance can do.
   struct Instance {
@@ -64,6 +66,7 @@ private:
   CommandReply displays(const CommandRequest& request);
   CommandReply actions(const CommandRequest& request);
   CommandReply areas(const CommandRequest& request);
+  CommandReply doctor(const CommandRequest& request);
   CommandReply get(const CommandRequest& request);
   CommandReply set(const CommandRequest& request);
   CommandReply watch(const CommandRequest& request);

@@ -7,10 +7,12 @@
 #include "core/commands/CommandReply.h"
 #include "platform/ports/AccessibilityTrust.h"
 #include "platform/ports/Bundle.h"
+#include "platform/ports/DesktopReport.h"
 #include "platform/ports/DesktopWindows.h"
 #include "platform/ports/DesktopWords.h"
 #include "platform/ports/MainQueue.h"
 #include "platform/ports/SystemLog.h"
+#include "platform/ports/SystemReport.h"
 #include "platform/ports/UserDefaults.h"
 #include "platform/ports/Workspace.h"
 
@@ -27,6 +29,8 @@ struct CommandsAlone {
     Bundle& bundle;
     Workspace& workspace;
     const DesktopWords& words;
+    DesktopReport& desktopReport;
+    SystemReport& systemReport;
   };
 
   struct Result {

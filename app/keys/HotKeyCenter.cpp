@@ -62,13 +62,21 @@ void HotKeyCenter::pressed(std::uint32_t id) {
   const auto target = targets_.find(id);
   if (target == targets_.end() || waiting_ == mostWaiting) return;
   ++waiting_;
-  mainQueue_.post([weak = std::weak_ptr(self_), owner = target->second] {
-    const auto self = weak.lock();
+  mainQueue_.post([weak = std::weak_ptr(self_), owner = target->second, received = mainQueue_.uptime()] {
+    auto self = weak.lock();
     if (!self) return;
     --(*self)->waiting_;
     // A copy, as the callback may assign `onTarget` while it runs.
-    if (const auto receiver = (*self)->onTarget) receiver(owner);
+    const auto receiver = (*self)->onTarget;
+    self.reset();
+    if (receiver) receiver(owner);
+    if (const auto still = weak.lock()) (*still)->note({owner, received, (*still)->mainQueue_.uptime()});
   });
+}
+
+void HotKeyCenter::note(const Press& press) {
+  presses_.push_back(press);
+  if (presses_.size() > mostPresses) presses_.pop_front();
 }
 
 }  // namespace tilwin

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <unordered_map>
@@ -36,12 +38,24 @@ public:
   [[nodiscard]] OwnerSet registerShortcuts(const TilwinSettings& settings);
   void unregisterAll();
 
+  struct Press {
+    ShortcutOwner owner;
+    MainQueue::Seconds received{};  ///< on the clock of `MainQueue::uptime`
+    MainQueue::Seconds done{};      ///< when `onTarget` returned
+
+    bool operator==(const Press&) const = default;
+  };
+  static constexpr std::size_t mostPresses = 20;
+  /// The last presses, the oldest first.
+  [[nodiscard]] const std::deque<Press>& presses() const { return presses_; }
+
   /// The next hot-key id; aborts the program on overflow.
   [[nodiscard]] static std::uint32_t idAfter(std::uint32_t id);
 
 private:
   void installHandler();
   void pressed(std::uint32_t id);
+  void note(const Press& press);
 
   HotKeys& hotKeys_;
   MainQueue& mainQueue_;
@@ -49,6 +63,7 @@ private:
   std::unordered_map<std::uint32_t, ShortcutOwner> targets_;
   bool handlerInstalled_ = false;
   int waiting_ = 0;
+  std::deque<Press> presses_;
   /// Posted tasks hold this weakly, so that they do nothing after this object is destroyed.
   std::shared_ptr<HotKeyCenter*> self_;
 };

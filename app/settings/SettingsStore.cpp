@@ -24,6 +24,8 @@ struct SettingsStore::Stored {
   }
 };
 
+bool SettingsStore::areUnreadable(UserDefaults& defaults) { return Stored::in(defaults).isUnreadable; }
+
 SettingsStore::SettingsStore(UserDefaults& defaults, SystemLog* log)
     : SettingsStore(defaults, log, Stored::in(defaults)) {}
 

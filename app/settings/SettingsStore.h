@@ -28,6 +28,9 @@ public:
   /// The ports must outlive the store. Without a log nothing is said.
   explicit SettingsStore(UserDefaults& defaults, SystemLog* log = nullptr);
 
+  /// Whether there are stored settings that cannot be read.
+  [[nodiscard]] static bool areUnreadable(UserDefaults& defaults);
+
   Published<TilwinSettings> settings;
   /// The actions and areas whose hot key the desktop refused at the last registration. Not stored.
   Published<std::unordered_set<ShortcutOwner>> unavailable;

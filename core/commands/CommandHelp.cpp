@@ -66,6 +66,8 @@ std::string CommandHelp::about(const CommandSpec& spec) {
   std::string text = "tilwin " + CommandParser::usage(spec) + "\n";
   text += wrapped(std::string(spec.summary) + ".");
   if (!spec.details.empty()) text += wrapped(spec.details);
+  if (!spec.option.word.empty())
+    text += wrapped(std::string(spec.option.word) + ": " + std::string(spec.option.summary));
   if (spec.reach == CommandReach::instance) text += wrapped("Tilwin must be running.");
   if (!spec.example.empty()) text += wrapped("Example: tilwin " + std::string(spec.example));
   return text;

@@ -12,7 +12,6 @@ namespace {
 
 using Words = std::span<const std::string>;
 
-constexpr std::string_view json = "--json";
 constexpr std::string_view endOfOptions = "--";
 
 /// Options that stand for a command.
@@ -71,7 +70,7 @@ std::variant<Named, Misuse> named(Words words) {
 /// The arguments after a command's name, without its options.
 struct Rest {
   std::vector<std::string> arguments{};
-  bool asJson = false;
+  bool hasOption = false;
   bool asksForHelp = false;
 };
 
@@ -84,12 +83,13 @@ std::variant<Rest, Misuse> rest(const CommandSpec& spec, Words words) {
       result.arguments.push_back(word);
     } else if (word == endOfOptions) {
       mayBeOption = false;
-    } else if (word == json && spec.hasJson) {
-      result.asJson = true;
+    } else if (word == spec.option.word) {
+      result.hasOption = true;
     } else if (const Alias* alias = aliasNamed(word); alias != nullptr && alias->command == "help") {
       result.asksForHelp = true;
     } else {
-      const std::array<std::string_view, 2> options{"--help", spec.hasJson ? json : "--help"};
+      const std::array<std::string_view, 2> options{"--help",
+                                                    spec.option.word.empty() ? "--help" : spec.option.word};
       return Misuse{inDoubleQuotes(spec.words) + " has no option " + inDoubleQuotes(word) + "." +
                     NearestWord::question(word, options)};
     }
@@ -142,7 +142,7 @@ std::variant<CommandRequest, Misuse> CommandParser::parse(std::span<const std::s
   if (after.asksForHelp) return CommandRequest{CommandId::help, {std::string(spec->words)}};
   after.arguments = joinedAtTheEnd(spec->used(), std::move(after.arguments));
   if (auto misuse = wrongCount(*spec, after.arguments.size())) return *std::move(misuse);
-  return CommandRequest{spec->id, std::move(after.arguments), after.asJson};
+  return CommandRequest{spec->id, std::move(after.arguments), after.hasOption};
 }
 
 bool CommandParser::isForCommand(std::string_view firstArgument) {
@@ -155,7 +155,7 @@ std::string CommandParser::usage(const CommandSpec& spec) {
     const std::string name(parameter.name);
     result += parameter.isOptional ? " [" + name + "]" : " " + name;
   }
-  return spec.hasJson ? result + " [--json]" : result;
+  return spec.option.word.empty() ? result : result.append(" [").append(spec.option.word).append("]");
 }
 
 }  // namespace tilwin

@@ -14,7 +14,7 @@ namespace tilwin {
 struct CommandRequest {
   CommandId command = CommandId::help;
   std::vector<std::string> arguments{};
-  bool asJson = false;
+  bool hasOption = false;  ///< that of the command's row
 
   bool operator==(const CommandRequest&) const = default;
 };

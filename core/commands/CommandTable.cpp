@@ -11,6 +11,9 @@ using Reach = CommandReach;
 
 constexpr CommandParameter areaName{"NAME", Kind::area};
 constexpr CommandParameter layoutName{"NAME", Kind::layout};
+constexpr CommandOption asJson{"--json", "Print one line of JSON instead of text for people."};
+constexpr CommandOption withNames{
+    "--names", "Also name windows, programs and custom areas; the report has no such name otherwise."};
 
 constexpr std::array commandTable = std::to_array<CommandSpec>({
     {.id = Id::snap,
@@ -31,7 +34,7 @@ constexpr std::array commandTable = std::to_array<CommandSpec>({
      .example = "area \"Reading column\""},
     {.id = Id::layoutList,
      .words = "layout list",
-     .hasJson = true,
+     .option = asJson,
      .summary = "List the saved layouts",
      .example = "layout list --json"},
     {.id = Id::layoutApply,
@@ -65,21 +68,25 @@ constexpr std::array commandTable = std::to_array<CommandSpec>({
      .example = "place \"xterm left, firefox right two thirds\""},
     {.id = Id::windows,
      .words = "windows",
-     .hasJson = true,
+     .option = asJson,
      .summary = "List the windows that layouts may move, the front one first"},
     {.id = Id::displays,
      .words = "displays",
-     .hasJson = true,
+     .option = asJson,
      .summary = "List the displays, from left to right"},
     {.id = Id::actions,
      .words = "actions",
-     .hasJson = true,
+     .option = asJson,
      .summary = "List what \"tilwin snap\" can do, and the shortcuts"},
-    {.id = Id::areas, .words = "areas", .hasJson = true, .summary = "List the custom areas"},
+    {.id = Id::areas, .words = "areas", .option = asJson, .summary = "List the custom areas"},
+    {.id = Id::doctor,
+     .words = "doctor",
+     .option = withNames,
+     .summary = "Say what is wrong, and describe this desktop for a report of a bug"},
     {.id = Id::get,
      .words = "get",
      .parameters = {{{"KEY", Kind::settingKey, true}}},
-     .hasJson = true,
+     .option = asJson,
      .summary = "Show a setting, or all of them",
      .example = "get gap"},
     {.id = Id::set,
@@ -141,6 +148,16 @@ std::vector<std::string_view> CommandTable::groups() {
   for (const CommandSpec& spec : commandTable) {
     if (std::ranges::find(result, group(spec)) == result.end()) {
       result.push_back(group(spec));
+    }
+  }
+  return result;
+}
+
+std::vector<CommandOption> CommandTable::options() {
+  std::vector<CommandOption> result;
+  for (const CommandSpec& spec : commandTable) {
+    if (!spec.option.word.empty() && std::ranges::find(result, spec.option) == result.end()) {
+      result.push_back(spec.option);
     }
   }
   return result;

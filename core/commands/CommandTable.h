@@ -23,6 +23,7 @@ enum class CommandId : std::uint8_t {
   displays,
   actions,
   areas,
+  doctor,
   get,
   set,
   watch,
@@ -57,6 +58,14 @@ struct CommandParameter {
   bool isOptional = false;
 };
 
+/// A word that changes how a command is carried out. A command has at most one.
+struct CommandOption {
+  std::string_view word{};  ///< with its hyphens; empty: none
+  std::string_view summary{};
+
+  bool operator==(const CommandOption&) const = default;
+};
+
 /// One row of the table of commands. The parser, the help, the man page, the completions of shells and the
 /// reference are all made from these rows.
 struct CommandSpec {
@@ -65,7 +74,7 @@ struct CommandSpec {
   std::array<CommandParameter, 2> parameters{};
   CommandReach reach = CommandReach::desktop;
   bool movesWindows = false;
-  bool hasJson = false;  ///< whether it takes `--json`
+  CommandOption option{};
   std::string_view summary{};
   std::string_view details{};  ///< for the man page and the reference; may be empty
   std::string_view example{};  ///< arguments as in a shell
@@ -88,6 +97,8 @@ struct CommandTable {
   [[nodiscard]] static std::string_view member(const CommandSpec& spec);
   /// Each first word once.
   [[nodiscard]] static std::vector<std::string_view> groups();
+  /// Each option that some command has, once.
+  [[nodiscard]] static std::vector<CommandOption> options();
   /// The second words of a group; none of a command of one word.
   [[nodiscard]] static std::vector<std::string_view> members(std::string_view of);
 };

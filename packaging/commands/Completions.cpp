@@ -69,7 +69,8 @@ std::vector<Position> positions() {
     if (source != nullptr && source->words != nullptr) position.words = source->words();
     if (source != nullptr) position.command = source->command;
     if (spec.id == CommandId::help) position.words = joinedBySpaces(CommandTable::groups());
-    if (spec.hasJson) position.words += position.words.empty() ? "--json" : " --json";
+    if (!spec.option.word.empty())
+      position.words.append(position.words.empty() ? "" : " ").append(spec.option.word);
     if (!position.words.empty() || !position.command.empty()) result.push_back(std::move(position));
   }
   return result;

@@ -65,11 +65,7 @@ Points are X pixels. A setting, a layout or an area that a command names is one 
 .SH COMMANDS
 )";
 
-constexpr std::string_view manTail = R"(.SH OPTIONS
-.TP
-.B \-\-json
-Print one line of JSON instead of text for people.
-.TP
+constexpr std::string_view manTail = R"(.TP
 .B \-\-status
 Print whether windows can be moved, the number of displays and the text that names this set of displays.
 .TP
@@ -103,6 +99,9 @@ std::string manPage() {
   for (const ExitStatusMeaning& meaning : exitStatuses()) {
     text += ".TP\n.B " + std::to_string(meaning.status) + "\n" + paragraph(meaning.meaning);
   }
+  text += ".SH OPTIONS\n";
+  for (const CommandOption& option : CommandTable::options())
+    text += ".TP\n.B " + roff(option.word) + "\n" + paragraph(option.summary);
   return text.append(manTail);
 }
 

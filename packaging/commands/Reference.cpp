@@ -24,6 +24,8 @@ carried out by the called program itself.
 std::string section(const CommandSpec& spec) {
   std::string text = "\n## tilwin " + CommandParser::usage(spec) + "\n\n" + std::string(spec.summary) + ".";
   if (!spec.details.empty()) text.append(" ").append(spec.details);
+  if (!spec.option.word.empty())
+    text.append(" `").append(spec.option.word).append("`: ").append(spec.option.summary);
   if (spec.reach == CommandReach::instance) text += " Tilwin must be running.";
   text += "\n";
   if (!spec.example.empty()) text += "\n```sh\ntilwin " + std::string(spec.example) + "\n```\n";

@@ -4,6 +4,7 @@
 
 #include "platform/ports/AccessibilityTrust.h"
 #include "platform/ports/Bundle.h"
+#include "platform/ports/DesktopReport.h"
 #include "platform/ports/DesktopWindows.h"
 #include "platform/ports/DesktopWords.h"
 #include "platform/ports/Dialogs.h"
@@ -18,6 +19,7 @@
 #include "platform/ports/SettingsWindow.h"
 #include "platform/ports/StatusItem.h"
 #include "platform/ports/SystemLog.h"
+#include "platform/ports/SystemReport.h"
 #include "platform/ports/UpdateFramework.h"
 #include "platform/ports/UserDefaults.h"
 #include "platform/ports/Workspace.h"
@@ -45,6 +47,8 @@ struct Platform {
   LoginService& login;
   UpdateFramework& updates;
   DesktopWords& words;
+  DesktopReport& desktopReport;
+  SystemReport& systemReport;
   Notifications* notifications = nullptr;  ///< null where nobody but programs like this one takes hot keys
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "platform/ports/MenuModel.h"
 #include "platform/ports/TemplateImage.h"
@@ -25,6 +26,9 @@ public:
   /// appears when a place does. Call it once.
   virtual void install(const TemplateImage& image, MenuMaker makeMenu, ChoiceHandler onChoice) = 0;
   virtual void setVisible(bool visible) = 0;
+  /// Whether a panel shows it, as far as that is known: nothing while it is hidden, and on desktops that
+  /// always have a place for it.
+  [[nodiscard]] virtual std::optional<bool> isShown() const { return std::nullopt; }
 };
 
 }  // namespace tilwin

@@ -45,13 +45,18 @@ bool wasWritten(const QSettings& settings) {
 
 /// Empty if the user has no folder for it.
 QString settingsPath() {
-  const auto folder = XdgFolders::configHome();
-  return folder ? text((*folder / "Tilwin" / "Tilwin.conf").string()) : QString();
+  const auto file = QtUserDefaults::file();
+  return file ? text(file->string()) : QString();
 }
 
 }  // namespace
 
 QtUserDefaults::QtUserDefaults(SystemLog& log) : log_(log), path_(settingsPath()) {}
+
+std::optional<std::filesystem::path> QtUserDefaults::file() {
+  const auto folder = XdgFolders::configHome();
+  return folder ? std::optional(*folder / "Tilwin" / "Tilwin.conf") : std::nullopt;
+}
 
 std::optional<std::string> QtUserDefaults::data(std::string_view key) {
   if (!mayBeFile() || isTooLarge()) return std::nullopt;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <filesystem>
+#include <optional>
 
 #include "platform/ports/SystemLog.h"
 #include "platform/ports/UserDefaults.h"
@@ -23,6 +25,8 @@ public:
   void setData(std::string_view key, std::string_view blob) override;
   /// Nothing: programs on Linux have no preferences in common.
   [[nodiscard]] std::optional<bool> flag(std::string_view, std::string_view) override { return std::nullopt; }
+  /// The file, which need not exist; nothing if there is no place for it.
+  [[nodiscard]] static std::optional<std::filesystem::path> file();
 
 private:
   [[nodiscard]] bool mayBeFile() const;

@@ -49,15 +49,17 @@ public:
   SimulatedUpdates updates;
   SimulatedWords words;
   SimulatedNotifications notifications;
+  SimulatedDesktopReport desktopReport;
+  SimulatedSystemReport systemReport;
 
   /// Connects these displays instead of the present ones; throws like the constructor.
   void setDisplays(std::string_view displays);
 
   /// The ports of this desktop, which must outlive their users.
   [[nodiscard]] Platform platform() {
-    return {time,   log,     keyboard, disk,         provider_,     mouse,   sheet,
-            user,   screens, bundle,   applications, icon,          dialogs, settingsWindow,
-            viewer, login,   updates,  words,        &notifications};
+    return {time,   log,     keyboard, disk,         provider_,     mouse,        sheet,
+            user,   screens, bundle,   applications, icon,          dialogs,      settingsWindow,
+            viewer, login,   updates,  words,        desktopReport, systemReport, &notifications};
   }
   [[nodiscard]] std::shared_ptr<DesktopWindows> provider() const { return provider_; }
   [[nodiscard]] HotKeys& hotKeys() { return keyboard; }

@@ -24,6 +24,9 @@ public:
   [[nodiscard]] bool isVisible() const { return visible_; }
   [[nodiscard]] const TemplateImage& image() const { return image_; }
 
+  /// Whether the desktop has a panel for it; nothing if that is not known.
+  std::optional<bool> hasPanel{};
+
   /// Opens the menu and returns what it shows.
   [[nodiscard]] MenuModel open() { return makeMenu_(); }
   /// Opens the menu and chooses the entry at the end of this path of titles, for instance
@@ -40,6 +43,7 @@ private:
     onChoice_ = std::move(onChoice);
   }
   void setVisible(bool visible) override { visible_ = visible; }
+  [[nodiscard]] std::optional<bool> isShown() const override { return visible_ ? hasPanel : std::nullopt; }
 
   TemplateImage image_;
   MenuMaker makeMenu_;

@@ -13,12 +13,14 @@
 #include "core/geometry/Rect.h"
 #include "platform/ports/AccessibilityTrust.h"
 #include "platform/ports/Bundle.h"
+#include "platform/ports/DesktopReport.h"
 #include "platform/ports/DesktopWords.h"
 #include "platform/ports/FileViewer.h"
 #include "platform/ports/LoginService.h"
 #include "platform/ports/Overlay.h"
 #include "platform/ports/ScreenChanges.h"
 #include "platform/ports/SystemLog.h"
+#include "platform/ports/SystemReport.h"
 #include "platform/ports/UserDefaults.h"
 
 /// The small ports of a simulated desktop, in memory.
@@ -154,6 +156,23 @@ public:
 
 private:
   [[nodiscard]] Wording wording() const override { return spoken; }
+};
+
+/// What a test has a desktop and its system tell of themselves.
+class SimulatedDesktopReport final : public DesktopReport {
+public:
+  DesktopFacts told{};
+
+private:
+  [[nodiscard]] DesktopFacts facts() override { return told; }
+};
+
+class SimulatedSystemReport final : public SystemReport {
+public:
+  SystemFacts told{};
+
+private:
+  [[nodiscard]] SystemFacts facts() override { return told; }
 };
 
 /// Reports changes of the displays of a simulated desktop.

@@ -29,7 +29,7 @@ ABILITIES = (
     ("All tiled", r"TiledWindows\."),
     ("Trouble", r"Trouble\."),
     ("Changes", r"ManagerChanges\."),
-    ("Commands", r"Commands(Alone)?\."),
+    ("Commands", r"Commands(Alone)?\.|Doctor\."),
 )
 
 

@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QDBusConnection>
 #include <QMetaObject>
+#include <QSystemTrayIcon>
 #include <utility>
 
 namespace tilwin::qt {
@@ -28,6 +29,12 @@ void QtStatusItem::install(const TemplateImage& image, MenuMaker makeMenu, Choic
 void QtStatusItem::setVisible(bool visible) {
   visible_ = visible;
   if (installed_) draw();
+}
+
+std::optional<bool> QtStatusItem::isShown() const {
+  using Presence = NotifierHosts::Presence;
+  if (!visible_ || !installed_ || installed_->hosts.presence() == Presence::unknown) return std::nullopt;
+  return installed_->hosts.presence() == Presence::present || QSystemTrayIcon::isSystemTrayAvailable();
 }
 
 void QtStatusItem::start() {

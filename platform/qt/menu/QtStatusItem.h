@@ -24,6 +24,7 @@ public:
 
   void install(const TemplateImage& image, MenuMaker makeMenu, ChoiceHandler onChoice) override;
   void setVisible(bool visible) override;
+  [[nodiscard]] std::optional<bool> isShown() const override;
 
 private:
   struct Installed {

@@ -25,6 +25,8 @@ struct ManagerHabits {
   bool maximizes = false;       ///< lists _NET_WM_STATE_MAXIMIZED_VERT
   bool movesByHand = false;     ///< lists _NET_WM_MOVERESIZE
   bool ignoresMessage = false;  ///< lists the message, but has only done what ConfigureWindow asked for
+  bool obeysMessage = false;    ///< has done what the message asked for
+  bool tilesItself = false;     ///< had to be made to give up a tile
   bool placesClient = false;    ///< puts the client area where the corner of the frame was asked to be
 
   bool operator==(const ManagerHabits&) const = default;
@@ -73,6 +75,7 @@ struct MoveAttempt {
   Size clientBefore{};  ///< the size of the client area then
   MoveWay way = MoveWay::message;
   Seconds at{};
+  Seconds firstAt{};       ///< when the first of the requests was sent that this one repeats
   bool isDropped = false;  ///< a hand has just let the window go, so its manager may still move it
   std::optional<Seconds> answeredAt{};  ///< when the manager confirmed some frame, for the first time since
   bool isResized = false;               ///< some other size was seen since

@@ -58,7 +58,11 @@ MoveRequests::MoveRequests(X11Connection& x, MainQueue& queue)
 void MoveRequests::ask(const WindowSnapshot& window, const FrameShape& shape, const Rect& frame,
                        bool isDropped) {
   reviewHabits();
-  begin({.wanted = inWholePoints(frame), .way = habits_.firstWay(), .isDropped = isDropped}, window, shape);
+  const auto now = queue_.uptime();
+  times_.push_back({.asked = now});
+  if (times_.size() > mostTimes) times_.pop_front();
+  begin({.wanted = inWholePoints(frame), .way = habits_.firstWay(), .firstAt = now, .isDropped = isDropped},
+        window, shape);
 }
 
 bool MoveRequests::isRefused(xcb_window_t window, const Rect& frame) const {
@@ -81,8 +85,21 @@ void MoveRequests::configured(const xcb_configure_notify_event_t& event) {
   if (found == attempts_.end()) return;
   auto& attempt = found->second;
   const Size size{static_cast<double>(event.width), static_cast<double>(event.height)};
-  if (!attempt.answeredAt) attempt.answeredAt = queue_.uptime();
+  if (!attempt.answeredAt) {
+    attempt.answeredAt = queue_.uptime();
+    noteAnswer(attempt);
+  }
   attempt.isResized = attempt.isResized || size != attempt.clientBefore;
+}
+
+void MoveRequests::noteAnswer(const MoveAttempt& attempt) {
+  const auto asked = std::ranges::find(times_, attempt.firstAt, &MoveTimes::asked);
+  if (asked != times_.end() && !asked->answered) asked->answered = attempt.answeredAt;
+}
+
+const ManagerHabits& MoveRequests::habits() {
+  reviewHabits();
+  return habits_;
 }
 
 void MoveRequests::reviewHabits() {
@@ -168,9 +185,12 @@ void MoveRequests::follow(MoveAttempt attempt, const WindowSnapshot& window) {
 }
 
 void MoveRequests::learnFrom(const MoveAttempt& attempt, const WindowSnapshot& window) {
+  const bool isMoved = window.frame() != attempt.before;
+  habits_.obeysMessage = habits_.obeysMessage || (isMoved && attempt.way == MoveWay::message);
   if (window.frame() != attempt.wanted) return;
   refused_.erase(window.window);
   if (attempt.way == MoveWay::message) ignoredMessages_ = 0;
+  habits_.tilesItself = habits_.tilesItself || attempt.way == MoveWay::untile;
   if (attempt.way == MoveWay::configure) ++ignoredMessages_;
   habits_.ignoresMessage = ignoredMessages_ >= mostIgnoredMessages;
 }
@@ -196,6 +216,7 @@ void MoveRequests::pull(MoveAttempt attempt, const WindowSnapshot& window) {
   }
   pulled_.end();
   if (window.states.maximized()) return refuse(window);
+  habits_.tilesItself = true;
   attempt.way = MoveWay::message;
   repeat(attempt, window);
 }

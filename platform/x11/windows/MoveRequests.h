@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <map>
 #include <span>
 #include <unordered_map>
 
+#include "core/doctor/DesktopFacts.h"
 #include "platform/ports/MainQueue.h"
 #include "platform/x11/windows/MoveAttempt.h"
 #include "platform/x11/windows/PulledWindow.h"
@@ -41,12 +44,20 @@ public:
   [[nodiscard]] bool isRefused(xcb_window_t window, const Rect& frame) const;
   /// Whether the last request for the window may still be sent again in another way.
   [[nodiscard]] bool isAsking(xcb_window_t window) const { return attempts_.contains(window); }
+  /// What the window manager at hand says and has shown. May take a round trip.
+  [[nodiscard]] const ManagerHabits& habits();
+  /// Whether it has refused to move a window.
+  [[nodiscard]] bool hasRefused() const { return isRefusalLogged_; }
+  /// When windows were last asked for, the oldest first, and when their manager first answered.
+  static constexpr std::size_t mostTimes = 40;
+  [[nodiscard]] const std::deque<MoveTimes>& times() const { return times_; }
   /// The window was closed.
   void forget(xcb_window_t window);
   /// Forgets all but these windows.
   void keepOnly(std::span<const xcb_window_t> open);
 
 private:
+  void noteAnswer(const MoveAttempt& attempt);
   void configured(const xcb_configure_notify_event_t& event);
   void reviewHabits();
   void judgeAll();
@@ -72,6 +83,7 @@ private:
   bool isRefusalLogged_ = false;
   std::unordered_map<xcb_window_t, MoveAttempt> attempts_;
   std::map<xcb_window_t, Rect> refused_;  ///< with the frame that the window kept
+  std::deque<MoveTimes> times_;
   DeferredWork judging_;
 };
 

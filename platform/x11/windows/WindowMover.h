@@ -39,6 +39,7 @@ public:
   [[nodiscard]] bool isRefused(xcb_window_t window, const Rect& frame) const {
     return requests_.isRefused(window, frame);
   }
+  [[nodiscard]] MoveRequests& requests() { return requests_; }
   /// The window was closed.
   void forget(xcb_window_t window);
   /// All other windows were closed.

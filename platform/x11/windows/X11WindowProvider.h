@@ -37,6 +37,8 @@ public:
   [[nodiscard]] std::optional<Rect> frame(std::int64_t of) override;
   [[nodiscard]] std::optional<WindowInfo> lastFocusedWindow() override;
   [[nodiscard]] std::optional<WindowInfo> window(Point at) override;
+  /// How the windows are moved, for the report of a bug.
+  [[nodiscard]] MoveRequests& requests() { return mover_.requests(); }
 
 private:
   bool applyFrame(std::int64_t id, const Rect& frame) override;

@@ -36,7 +36,7 @@ OUTSIDE = {
 }
 
 CORE = "core"
-VALUES = ["core/commands", "core/geometry", "core/snap", "core/layouts", "core/settings", "core/drag", "core/support"]
+VALUES = ["core/commands", "core/doctor", "core/geometry", "core/snap", "core/layouts", "core/settings", "core/drag", "core/support"]
 PORTS = "platform/ports"
 TEST_TOOLS = ["std", "posix", "gtest", "rapidcheck"]
 
@@ -51,6 +51,7 @@ MAY_INCLUDE = {
     "core/layouts": (["core/geometry", "core/snap/actions", "core/support"], ["std"]),
     "core/snap": (["core/geometry", "core/layouts", "core/settings", "core/snap/actions", "core/support"], ["std"]),
     "core/drag": (["core/geometry", "core/snap", "core/support"], ["std"]),
+    "core/doctor": (["core/geometry", "core/settings", "core/snap/actions", "core/support"], ["std"]),
     "platform/ports": (VALUES, ["std"]),
     "platform/drawing": ([PORTS, *VALUES], ["std"]),
     "platform/pointer": ([PORTS, *VALUES], ["std"]),
@@ -75,10 +76,11 @@ MAY_INCLUDE = {
     "app/login": ([CORE, PORTS], ["std"]),
     "app/updates": ([CORE, PORTS, "app/settings"], ["std"]),
     "app/layouts": ([CORE, PORTS], ["std"]),
+    "app/doctor": ([CORE, PORTS, "app/keys", "app/settings"], ["std"]),
     "app/client": (["core/commands"], ["std", "posix"]),
-    "app/commands": ([CORE, PORTS, "app/layouts", "app/settings"], ["std"]),
+    "app/commands": ([CORE, PORTS, "app/doctor", "app/layouts", "app/settings"], ["std"]),
     "app/menu": ([CORE, PORTS, "app/actions", "app/layouts", "app/settings", "app/updates", "app/windows"], ["std"]),
-    "app": ([CORE, PORTS, "app/actions", "app/commands", "app/settings", "app/keys", "app/drag", "app/windows", "app/layouts", "app/login",
+    "app": ([CORE, PORTS, "app/actions", "app/commands", "app/doctor", "app/settings", "app/keys", "app/drag", "app/windows", "app/layouts", "app/login",
              "app/updates", "app/menu"], ["std"]),
     "packaging/commands": ([CORE], ["std"]),
     "tests": ([CORE], TEST_TOOLS),

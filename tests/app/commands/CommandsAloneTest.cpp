@@ -12,7 +12,8 @@ namespace {
 struct CommandsAloneTest : RunningCommands {
   CommandReply callAlone(const std::vector<std::string>& arguments) {
     return CommandsAlone::run({platform.mainQueue, platform.log, platform.userDefaults, platform.windows,
-                               platform.trust, platform.bundle, platform.workspace, platform.words},
+                               platform.trust, platform.bundle, platform.workspace, platform.words,
+                               platform.desktopReport, platform.systemReport},
                               arguments)
         .reply;
   }
@@ -46,6 +47,14 @@ TEST_F(CommandsAloneTest, NothingIsStoredOrRegistered) {
   EXPECT_TRUE(desktop.keyboard.registrations().empty());
   EXPECT_FALSE(std::filesystem::exists(layoutsFile()));
   EXPECT_TRUE(desktop.time.isIdle());
+}
+
+TEST_F(CommandsAloneTest, DoctorSaysFirstThatNothingRuns) {
+  const auto reply = callAlone({"doctor"});
+  EXPECT_EQ(reply.status, exit_status::done);
+  EXPECT_TRUE(reply.output.starts_with("Tilwin is not running, so no shortcut works")) << reply.output;
+  EXPECT_NE(reply.output.find("\n  29 are set\n"), std::string::npos) << reply.output;
+  EXPECT_NE(reply.output.find("\n  not known: Tilwin is not running\n"), std::string::npos) << reply.output;
 }
 
 TEST_F(CommandsAloneTest, WhatNeedsAnInstanceIsRefused) {

@@ -53,6 +53,7 @@ TEST(CommandParser, ReadsCommandsOfTwoWords) {
 
 TEST(CommandParser, TakesTheOptionForJsonAnywhereAfterTheCommand) {
   EXPECT_EQ(requestOf({"windows", "--json"}), (CommandRequest{CommandId::windows, {}, true}));
+  EXPECT_EQ(requestOf({"doctor", "--names"}), (CommandRequest{CommandId::doctor, {}, true}));
   EXPECT_EQ(requestOf({"get", "--json", "gap"}), (CommandRequest{CommandId::get, {"gap"}, true}));
 }
 
