@@ -132,8 +132,8 @@ private:
   Handler handler_;
 };
 
-BusCommands::BusCommands(const QDBusConnection& bus, std::string_view version)
-    : bus_(bus), version_(version) {}
+BusCommands::BusCommands(QDBusConnection bus, std::string_view version)
+    : bus_(std::move(bus)), version_(version) {}
 
 BusCommands::~BusCommands() {
   if (object_) bus_.unregisterObject(QLatin1String(path));

@@ -24,7 +24,7 @@ public:
 
   /// `bus` is that on which this instance owns a name; without a bus nothing is taken. `version` is that of
   /// the program.
-  BusCommands(const QDBusConnection& bus, std::string_view version);
+  BusCommands(QDBusConnection bus, std::string_view version);
   BusCommands(const BusCommands&) = delete;
   BusCommands& operator=(const BusCommands&) = delete;
   ~BusCommands() override;
