@@ -21,7 +21,9 @@ Texts whatDoesNotRun(const Diagnosis& diagnosis) {
   Texts problems;
   const auto& manager = diagnosis.desktop.manager;
   const bool maybeWaits = manager && !manager->runs;  // until then it takes no commands
-  if (!diagnosis.isRunning && maybeWaits) {
+  if (!diagnosis.isRunning && diagnosis.system.commands == SystemFacts::Commands::noFolder) {
+    problems.emplace_back("Tilwin is not running, or cannot be asked without a runtime folder.");
+  } else if (!diagnosis.isRunning && maybeWaits) {
     problems.emplace_back("Tilwin is not running, or waits for a window manager, so no shortcut works.");
   } else if (!diagnosis.isRunning) {
     problems.emplace_back("Tilwin is not running, so no shortcut works: start it with \"tilwin\".");

@@ -8,6 +8,7 @@
 
 #include "tests/desktop/DesktopTest.h"
 #include "tests/desktop/harness/GrabbedKey.h"
+#include "tests/desktop/harness/Panel.h"
 
 namespace tilwin::desktop {
 
@@ -160,6 +161,32 @@ TEST_F(DoctorOfOpenbox, NamesTheKeysThatOpenboxKeepsAsItIsShipped) {
           "leftHalf\".\n"));
   EXPECT_TRUE(has(text, "\n  25 of 29 work\n"));
 }
+
+TEST_F(DoctorOfOpenbox, TellsThatNoWindowManagerRuns) {
+  Session session({.manager = Manager::openbox});
+  session.manager().stop();
+  const auto text = doctorIn(session);
+  EXPECT_TRUE(
+      text.starts_with("Tilwin is not running, or waits for a window manager, so no shortcut works.\n"
+                       "No window manager runs that announces itself as EWMH requires"))
+      << text;
+  EXPECT_TRUE(has(text, "\n  Announces itself  no\n"));
+}
+
+class DoctorOfPanels : public testing::TestWithParam<Panel> {};
+
+TEST_P(DoctorOfPanels, MissesOneUntilItShowsTheIcon) {
+  Session session({.manager = Manager::openbox});
+  const TilwinProcess tilwin(session, arguments().tilwin);
+  const auto isMissed = [&] {
+    return doctorIn(session).find("No panel shows Tilwin's icon") != std::string::npos;
+  };
+  ASSERT_TRUE(session.desktop().waitUntil(isMissed)) << doctorIn(session);
+  const ChildProcess panel = startPanel(session, GetParam());
+  EXPECT_TRUE(session.desktop().waitUntil([&] { return !isMissed(); }, startTimeout)) << doctorIn(session);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachKind, DoctorOfPanels, testing::Values(Panel::tint2, Panel::xfce));
 
 /// metacity as it comes, whose tiles end in no other way than by a drag.
 TEST(DoctorOfTiles, NamesAManagerThatWasSeenToTileItself) {

@@ -53,6 +53,7 @@ def test_the_second_word_belongs_to_the_first(complete):
 
 def test_options_are_offered_where_there_are_some(complete):
     assert complete("windows", "--") == ["--json"]
+    assert complete("doctor", "") == ["--names"]
 
 
 def test_names_are_those_that_tilwin_tells(complete):

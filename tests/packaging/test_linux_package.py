@@ -57,7 +57,7 @@ def test_desktop_entry_and_metainfo_say_the_same(desktop_entry, metainfo):
 
 
 def test_the_desktop_entry_has_the_name_that_the_program_tells_desktops(metainfo):
-    program = (ROOT / "app/main.cpp").read_text()
+    program = (ROOT / "app/X11Desktop.h").read_text()
     told = re.search(r'desktopEntry = "(\w+)"', program).group(1)
     assert metainfo.findtext("launchable[@type='desktop-id']") == f"{told}.desktop"
     assert (LINUX / f"{told}.desktop").exists()

@@ -64,6 +64,9 @@ TEST(Problems, DoNotSayThatAProgramThatMayWaitDoesNotRun) {
   diagnosis.desktop.manager = ManagerFacts();
   EXPECT_EQ(Problems::of(diagnosis).at(0),
             "Tilwin is not running, or waits for a window manager, so no shortcut works.");
+  diagnosis.system.commands = SystemFacts::Commands::noFolder;
+  EXPECT_EQ(Problems::of(diagnosis).at(0),
+            "Tilwin is not running, or cannot be asked without a runtime folder.");
 }
 
 TEST(Problems, TellOfAMissingWindowManagerAndOfOneThatTilesToo) {
