@@ -87,7 +87,7 @@ class Use:
     def start_by_bus(self):
         self._desktop.use_bus()
         assert '"org.tilwin.Tilwin"' in self._desktop.call_bus("ListActivatableNames")
-        self._desktop.call_bus("StartServiceByName", "string:org.tilwin.Tilwin", "uint32:0", check=False)
+        self._desktop.call_bus("StartServiceByName", "string:org.tilwin.Tilwin", "uint32:0")
         self._desktop.wait_for_tilwin()
 
     def start_again(self):
