@@ -21,6 +21,7 @@
 #include "app/client/Places.h"
 #include "app/commands/CommandRunner.h"
 #include "app/commands/CommandsAlone.h"
+#include "app/commands/PrintedReply.h"
 #include "app/menu/MenuBarImage.h"
 #include "core/support/StandardStreams.h"
 #include "platform/qt/BeforeMessages.h"
@@ -77,12 +78,6 @@ struct Interface {
   qt::QtFileViewer files;
   qt::QtUpdateFramework updates;
 };
-
-int print(const CommandReply& reply) {
-  std::cout << reply.output << std::flush;
-  std::cerr << reply.problem << std::flush;
-  return reply.status;
-}
 
 /// A command where no instance runs. The windows that it moves are looked after until they stand.
 int runCommandAlone(System& system, X11Desktop& desktop, const std::vector<std::string>& arguments) {

@@ -6,9 +6,15 @@
 #include <iostream>
 #include <memory>
 #include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
+#include "app/commands/CommandRunner.h"
+#include "app/commands/CommandsAlone.h"
+#include "app/commands/PrintedReply.h"
 #include "app/windows/AXWindowProvider.h"
 #include "core/support/StandardStreams.h"
 #include "platform/macos/displays/MacScreenChanges.h"
@@ -32,6 +38,8 @@
 #include "platform/macos/system/MacSystemReport.h"
 #include "platform/macos/system/MacUpdateFramework.h"
 #include "platform/macos/system/MacUserDefaults.h"
+#include "platform/macos/system/MessagePortCaller.h"
+#include "platform/macos/system/MessagePortCommands.h"
 #include "platform/macos/windows/MacAccessibility.h"
 #include "platform/macos/windows/MacTrust.h"
 #include "platform/macos/windows/MacWorkspace.h"
@@ -108,12 +116,34 @@ int runProgram(System& system, Desktop& desktop, macos::MacApplication& applicat
                     .desktopReport = system.desktopReport,
                     .systemReport = system.systemReport};
   AppDelegate delegate(platform);
-  application.onLaunched([&delegate] {
+  macos::MessagePortCommands commands;
+  application.onLaunched([&] {
     macos::installMainMenu();
+    delegate.takeCommands({&commands});
     delegate.start();
   });
   application.onReopened([&delegate] { delegate.showSettings(); });
   return input.queue.run();
+}
+
+/// By the running instance, which the program that is called asks; or without one.
+int runCommand(System& system, const std::vector<std::string>& words) {
+  const auto printLine = [](std::string_view line) { std::cout << line << std::endl; };
+  // The version is that of what was called, which an update may have replaced since the instance started.
+  if (words.front() != "version") {
+    if (const auto reply = macos::MessagePortCaller::ask(words, printLine)) return print(*reply);
+  }
+  if (const auto reply = CommandRunner::runWithoutDesktop(words, system.bundle.version()))
+    return print(*reply);
+  const macos::MacApplication application;
+  Desktop desktop;
+  macos::MacMainQueue queue;
+  macos::MacUserDefaults userDefaults(system.log);
+  return print(
+      CommandsAlone::run({queue, system.log, userDefaults, desktop.windows, desktop.trust, system.bundle,
+                          desktop.workspace, system.words, system.desktopReport, system.systemReport},
+                         words)
+          .reply);
 }
 
 }  // namespace
@@ -126,6 +156,9 @@ int main(int argc, char** argv) {
   const auto arguments = Arguments(argv, static_cast<std::size_t>(argc)).subspan(1);
   const CommandLine::Ports ports{system.bundle, system.login, system.words, system.log};
   if (const auto status = CommandLine::run(arguments, ports, std::cout)) return *status;
+  if (!arguments.empty() && CommandParser::isForCommand(arguments.front())) {
+    return runCommand(system, {arguments.begin(), arguments.end()});
+  }
   macos::MacApplication application;
   Desktop desktop;
   if (const auto status =

@@ -22,7 +22,7 @@ Texts whatDoesNotRun(const Diagnosis& diagnosis) {
   const auto& manager = diagnosis.desktop.manager;
   const bool maybeWaits = manager && !manager->runs;  // until then it takes no commands
   if (!diagnosis.isRunning && diagnosis.system.commands == SystemFacts::Commands::noFolder) {
-    problems.emplace_back("Tilwin is not running, or cannot be asked without a runtime folder.");
+    problems.emplace_back("Tilwin is not running, or cannot be asked: there is no runtime folder.");
   } else if (!diagnosis.isRunning && maybeWaits) {
     problems.emplace_back("Tilwin is not running, or waits for a window manager, so no shortcut works.");
   } else if (!diagnosis.isRunning) {
@@ -75,8 +75,9 @@ Texts tilingProblems(const Diagnosis& diagnosis) {
 Texts commandProblems(const Diagnosis& diagnosis) {
   if (diagnosis.system.commands != SystemFacts::Commands::noFolder) return {};
   return {
-      "There is no runtime folder (XDG_RUNTIME_DIR), so \"tilwin\" cannot tell the running Tilwin anything: "
-      "log in by a session that has one."};
+      "There is no runtime folder (XDG_RUNTIME_DIR), so \"tilwin\" reaches the running Tilwin by the session "
+      "bus "
+      "alone: log in by a session that has one."};
 }
 
 bool isPlain(char each) {

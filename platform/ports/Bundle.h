@@ -25,6 +25,14 @@ public:
   [[nodiscard]] virtual std::optional<std::filesystem::path> applicationSupport() = 0;
   /// The information dictionary, which is fixed when the program is built. Source: Info.plist of macOS.
   [[nodiscard]] virtual Information information() = 0;
+
+  /// "1.2.3"; empty if the dictionary has none.
+  [[nodiscard]] std::string version() {
+    const auto all = information();
+    const auto entry = all.find("CFBundleShortVersionString");
+    const auto* const text = entry == all.end() ? nullptr : std::get_if<std::string>(&entry->second);
+    return text == nullptr ? std::string() : *text;
+  }
 };
 
 }  // namespace tilwin

@@ -134,7 +134,7 @@ TEST_F(Commands, WhileTheProgramStartsAndEndsAreCarriedOutByEither) {
 }
 
 TEST_F(WorkPlace, IsRebuiltByAScript) {
-  const std::string script = TILWIN_EXAMPLES "/workplace.sh";
+  const std::string script = TILWIN_DOCS "/examples/workplace.sh";
   ASSERT_TRUE(isRun(script));
   const std::string built = call({"windows", "--json"}).output;
   EXPECT_NE(built.find(R"("title":"Editor","frame":{"x":0,"y":0,"width":1277,"height":1080})"),

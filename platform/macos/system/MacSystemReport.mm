@@ -4,7 +4,6 @@
 #include <sys/utsname.h>
 
 #include <string>
-#include <variant>
 
 #include "platform/macos/support/Text.h"
 
@@ -21,12 +20,7 @@ std::string kernel() {
 
 SystemFacts MacSystemReport::facts() {
   SystemFacts facts;
-  const auto information = bundle_.information();
-  const auto version = information.find("CFBundleShortVersionString");
-  if (version != information.end()) {
-    if (const auto* const text = std::get_if<std::string>(&version->second))
-      facts.versions.push_back({"Tilwin", *text});
-  }
+  if (const auto version = bundle_.version(); !version.empty()) facts.versions.push_back({"Tilwin", version});
   facts.versions.push_back({"System", utf8([[NSProcessInfo processInfo] operatingSystemVersionString])});
   facts.versions.push_back({"Kernel", kernel()});
   facts.home = std::string(utf8(NSHomeDirectory()));

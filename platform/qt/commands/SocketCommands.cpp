@@ -16,6 +16,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/commands/CommandAnswer.h"
 #include "core/commands/CommandWire.h"
 
 namespace tilwin::qt {
@@ -41,17 +42,6 @@ bool makeRoom(const QString& path) {
   predecessor.connectToServer(path);
   if (predecessor.waitForConnected(static_cast<int>(patienceWithPredecessor.count()))) return false;
   return QLocalServer::removeServer(path);
-}
-
-QByteArray answerTo(const CommandReply& reply) {
-  std::string bytes;
-  // Even an empty one tells the caller that it was heard, and can wait without a limit.
-  if (reply.isWatching)
-    return QByteArray::fromStdString(CommandWire::frame(CommandWire::FrameKind::output, ""));
-  if (!reply.output.empty()) bytes += CommandWire::frame(CommandWire::FrameKind::output, reply.output);
-  if (!reply.problem.empty()) bytes += CommandWire::frame(CommandWire::FrameKind::problem, reply.problem);
-  bytes += CommandWire::statusFrame(reply.status);
-  return QByteArray::fromStdString(bytes);
 }
 
 CommandReply tooManyWatch() {
@@ -105,7 +95,7 @@ private:
 
   void answer(const CommandReply& reply) {
     isWatching_ = reply.isWatching;
-    socket_.write(answerTo(reply));
+    socket_.write(QByteArray::fromStdString(CommandAnswer::bytes(reply)));
     // At once, as the command may have been to quit.
     socket_.flush();
     if (!isWatching_) socket_.disconnectFromServer();

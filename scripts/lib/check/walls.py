@@ -97,7 +97,7 @@ MAY_INCLUDE = {
     "tests/contract": (["core", "platform", "app", "tests"], [*TEST_TOOLS, "xcb", "qt"]),
     "tests/desktop": (["core/geometry", "tests"], [*TEST_TOOLS, "linux", "xcb", "qt"]),
     # What goes over the socket for commands.
-    "tests/desktop/floods": (["core/commands", "core/geometry", "tests"], [*TEST_TOOLS, "xcb"]),
+    "tests/desktop/floods": (["core/commands", "core/geometry", "tests"], [*TEST_TOOLS, "xcb", "qt"]),
     # Layouts on real desktops, placed from within the test.
     "tests/desktop/layouts": ([CORE, PORTS, "platform/x11", "platform/qt", "tests"], [*TEST_TOOLS, "qt"]),
     "fuzz": ([CORE], ["std"]),

@@ -66,7 +66,7 @@ TEST(Problems, DoNotSayThatAProgramThatMayWaitDoesNotRun) {
             "Tilwin is not running, or waits for a window manager, so no shortcut works.");
   diagnosis.system.commands = SystemFacts::Commands::noFolder;
   EXPECT_EQ(Problems::of(diagnosis).at(0),
-            "Tilwin is not running, or cannot be asked without a runtime folder.");
+            "Tilwin is not running, or cannot be asked: there is no runtime folder.");
 }
 
 TEST(Problems, TellOfAMissingWindowManagerAndOfOneThatTilesToo) {

@@ -5,13 +5,48 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QString>
+#include <QStringList>
 #include <array>
 #include <utility>
 
 namespace tilwin::desktop {
 
-Callers::Callers(std::string socket, std::function<std::string(unsigned call)> say, bool isPatient)
-    : socket_(std::move(socket)), say_(std::move(say)), isPatient_(isPatient), thread_([this] { run(); }) {}
+CallMaker socketCalls(std::string socket, std::function<std::string(unsigned call)> say, bool isPatient) {
+  return [path = std::move(socket), say = std::move(say), isPatient](unsigned number) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.copy(static_cast<char*>(address.sun_path), sizeof address.sun_path - 1);
+    const int caller = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const timeval longestAnswer{.tv_sec = 5, .tv_usec = 0};
+    setsockopt(caller, SOL_SOCKET, SO_RCVTIMEO, &longestAnswer, sizeof longestAnswer);
+    bool wasAnswered = false;
+    if (connect(caller, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
+      const std::string bytes = say(number);
+      const bool wasSent = send(caller, bytes.data(), bytes.size(), MSG_NOSIGNAL) >= 0;
+      std::array<char, 4096> answer{};
+      while (wasSent && isPatient && recv(caller, answer.data(), answer.size(), 0) > 0) wasAnswered = true;
+    }
+    close(caller);
+    return wasAnswered;
+  };
+}
+
+CallMaker busCalls(const std::string& address, const std::string& display) {
+  const QString name = QStringLiteral("flood");
+  const auto bus = QDBusConnection::connectToBus(QString::fromStdString(address), name);
+  const QString number = QString::fromStdString(display.substr(display.find(':') + 1));
+  return [bus, service = "org.tilwin.Tilwin.display_" + number](unsigned) {
+    auto call = QDBusMessage::createMethodCall(service, QStringLiteral("/org/tilwin/Commands"),
+                                               QStringLiteral("org.tilwin.Commands1"), QStringLiteral("Run"));
+    call << QStringList{QStringLiteral("get"), QStringLiteral("gap")};
+    return bus.call(call).type() == QDBusMessage::ReplyMessage;
+  };
+}
+
+Callers::Callers(CallMaker call) : call_(std::move(call)), thread_([this] { run(); }) {}
 
 Callers::~Callers() {
   ends_ = true;
@@ -21,28 +56,10 @@ Callers::~Callers() {
 void Callers::run() {
   auto next = std::chrono::steady_clock::now();
   while (!ends_) {
-    call(calls_++);
+    if (call_(calls_++)) ++answered_;
     next += pause;
     std::this_thread::sleep_until(next);
   }
-}
-
-void Callers::call(unsigned number) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  socket_.copy(static_cast<char*>(address.sun_path), sizeof address.sun_path - 1);
-  const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  const timeval longestAnswer{.tv_sec = 5, .tv_usec = 0};
-  setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &longestAnswer, sizeof longestAnswer);
-  if (connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
-    const std::string bytes = say_(number);
-    const bool wasSent = send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL) >= 0;
-    std::array<char, 4096> answer{};
-    bool wasAnswered = false;
-    while (wasSent && isPatient_ && recv(socket, answer.data(), answer.size(), 0) > 0) wasAnswered = true;
-    if (wasAnswered) ++answered_;
-  }
-  close(socket);
 }
 
 }  // namespace tilwin::desktop

@@ -18,7 +18,7 @@ namespace {
 
 struct CommandFlood {
   std::string_view name;
-  std::function<std::string(unsigned call)> say;
+  std::function<std::string(unsigned call)> say;  ///< to the socket; without it, questions come over the bus
   std::chrono::seconds time{3};
   bool isPatient = true;
   bool isAnswered = true;
@@ -36,6 +36,7 @@ std::vector<CommandFlood> commandFloods() {
   };
   return {
       {.name = "OfQuestions", .say = command({"get", "gap"}), .time = std::chrono::seconds{10}},
+      {.name = "OfQuestionsOverTheBus", .say = {}, .time = std::chrono::seconds{10}},
       {.name = "OfLists", .say = command({"windows", "--json"})},
       {.name = "OfMisuse", .say = command({"snap", "leftHlaf"})},
       {.name = "OfGarbage", .say = garbage, .isAnswered = false},
@@ -49,9 +50,12 @@ std::vector<CommandFlood> commandFloods() {
 /// Programs command Tilwin without pause.
 class CommandFloods : public FloodedDesktop, public testing::WithParamInterface<CommandFlood> {
 protected:
-  static std::string socket() {
-    const auto runtime = session().environment().get("XDG_RUNTIME_DIR");
-    return CommandWire::socketPath(runtime, session().server().display()).value_or("");
+  static CallMaker callsOf(const CommandFlood& flood) {
+    const auto environment = session().environment();
+    const auto& display = session().server().display();
+    if (!flood.say) return busCalls(environment.get("DBUS_SESSION_BUS_ADDRESS"), display);
+    const auto socket = CommandWire::socketPath(environment.get("XDG_RUNTIME_DIR"), display);
+    return socketCalls(socket.value_or(""), flood.say, flood.isPatient);
   }
 };
 
@@ -62,7 +66,7 @@ TEST_P(CommandFloods, KeepNoPressWaitingAndTakeNoMemory) {
   Milliseconds longest{0};
   unsigned calls = 0;
   {
-    const Callers callers(socket(), GetParam().say, GetParam().isPatient);
+    const Callers callers(callsOf(GetParam()));
     while (Clock::now() < begin + GetParam().time) longest = std::max(longest, longestAnswer());
     calls = callers.calls();
     EXPECT_EQ(callers.answered() > 0, GetParam().isAnswered);

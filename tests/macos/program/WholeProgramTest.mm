@@ -3,10 +3,11 @@
 #import <AppKit/AppKit.h>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <filesystem>
 #include <iostream>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include "platform/macos/support/Text.h"
 #include "platform/macos/system/MacMainQueue.h"
@@ -25,10 +26,20 @@ int tilwinMain(int argc, char** argv);
 namespace tilwin::macos {
 namespace {
 
-int run(std::string mode = "") {
-  std::string name = "Tilwin";
-  std::array arguments{name.data(), mode.data()};
-  return tilwinMain(mode.empty() ? 1 : 2, arguments.data());
+int run(std::vector<std::string> words = {}) {
+  words.insert(words.begin(), "Tilwin");
+  std::vector<char*> arguments;
+  for (std::string& word : words) arguments.push_back(word.data());
+  return tilwinMain(static_cast<int>(arguments.size()), arguments.data());
+}
+
+/// What it prints; it must end with this status.
+std::string outputOf(const std::vector<std::string>& words, int status = 0) {
+  std::ostringstream said;
+  auto* const standard = std::cout.rdbuf(said.rdbuf());
+  EXPECT_EQ(run(words), status);
+  std::cout.rdbuf(standard);
+  return said.str();
 }
 
 void drawAll() {
@@ -101,6 +112,12 @@ protected:
     EXPECT_TRUE(comesTo(user, mac.safari, columns(0, 2.0 / 3)));
   }
 
+  void commandFromElsewhere(Person& user) {
+    user.act([] { EXPECT_EQ(run({"snap", "rightHalf"}), 0); });
+    EXPECT_TRUE(comesTo(user, mac.safari, columns(0.5, 1)));
+    user.act([] { EXPECT_EQ(outputOf({"get", "gap"}), "0\n"); });
+  }
+
   void changeSetting(Person& user) {
     choose(user, hands, {"Settings…"});
     ASSERT_TRUE(user.sees([] { return MacSettingsDriver::frame() != nil; }));
@@ -123,11 +140,15 @@ protected:
 };
 
 TEST_F(WholeProgram, TellsItsStatusAndEnds) {
-  std::ostringstream said;
-  auto* const standard = std::cout.rdbuf(said.rdbuf());
-  EXPECT_EQ(run("--status"), 0);
-  std::cout.rdbuf(standard);
-  EXPECT_EQ(said.str().substr(0, 34), "accessibilityTrusted=true displays");
+  EXPECT_EQ(outputOf({"--status"}).substr(0, 34), "accessibilityTrusted=true displays");
+}
+
+TEST_F(WholeProgram, CarriesOutACommandItselfWhereNoInstanceRuns) {
+  EXPECT_EQ(outputOf({"get", "gap"}), "0\n");
+  EXPECT_EQ(outputOf({"snap", "rightHalf"}), "");
+  EXPECT_EQ(mac.desktop.standing(mac.safari), columns(0.5, 1));
+  EXPECT_EQ(outputOf({"quit"}, 3), "");
+  EXPECT_EQ(outputOf({"snap", "rightHlaf"}, 2), "");
 }
 
 TEST_F(WholeProgram, IsUsedByHotKeyMenuPromptAndSettingsAndQuits) {
@@ -139,6 +160,7 @@ TEST_F(WholeProgram, IsUsedByHotKeyMenuPromptAndSettingsAndQuits) {
     ASSERT_TRUE(user.sees([] { return icon() != nil && [icon() isVisible]; }));
     look(user, "icon");
     snapByHotKey(user);
+    commandFromElsewhere(user);
     describeLayout(user);
     changeSetting(user);
     choose(user, hands, {"Quit Tilwin"});

@@ -125,6 +125,60 @@ CFDictionaryRef CFDictionaryCreate(CFAllocatorRef allocator, const void** keys, 
 /// NULL if the key is not in it. Without callbacks for keys, a key is in it only if it is the same pointer.
 const void* CFDictionaryGetValue(CFDictionaryRef dictionary, const void* key) INTRODUCED(10.0);
 
+typedef double CFTimeInterval;
+typedef struct __CFRunLoop* CFRunLoopRef;
+typedef struct __CFRunLoopSource* CFRunLoopSourceRef;
+typedef CFStringRef CFRunLoopMode;
+extern const CFRunLoopMode kCFRunLoopDefaultMode INTRODUCED(10.0);
+extern const CFRunLoopMode kCFRunLoopCommonModes INTRODUCED(10.0);
+/// Both live as long as their thread.
+CFRunLoopRef CFRunLoopGetCurrent(void) INTRODUCED(10.0);
+CFRunLoopRef CFRunLoopGetMain(void) INTRODUCED(10.0);
+/// The run loop retains the source until that is invalid.
+void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode mode) INTRODUCED(10.0);
+/// In the default mode, until it is stopped or has no sources.
+void CFRunLoopRun(void) INTRODUCED(10.0);
+void CFRunLoopStop(CFRunLoopRef loop) INTRODUCED(10.0);
+
+typedef struct __CFMessagePort* CFMessagePortRef;
+typedef struct {
+  CFIndex version;
+  void* info;
+  const void* (*retain)(const void* info);
+  void (*release)(const void* info);
+  CFStringRef (*copyDescription)(const void* info);
+} CFMessagePortContext;
+/// What it returns is released by the system. NULL: no answer.
+typedef CFDataRef (*CFMessagePortCallBack)(CFMessagePortRef local, SInt32 message, CFDataRef data,
+                                           void* info);
+typedef void (*CFMessagePortInvalidationCallBack)(CFMessagePortRef port, void* info);
+enum INTRODUCED(10.0) : SInt32 {
+  kCFMessagePortSuccess = 0,
+  kCFMessagePortSendTimeout = -1,
+  kCFMessagePortReceiveTimeout = -2,
+  kCFMessagePortIsInvalid = -3,
+  kCFMessagePortTransportError = -4,
+  kCFMessagePortBecameInvalidError = -5
+};
+/// NULL if another process has a port with that name. If this one has, that port, and `shouldFreeInfo` is
+/// set: the context is not used.
+CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef allocator, CFStringRef name,
+                                          CFMessagePortCallBack callBack, CFMessagePortContext* context,
+                                          Boolean* shouldFreeInfo) INTRODUCED(10.0);
+/// NULL if nobody has a port with that name.
+CFMessagePortRef CFMessagePortCreateRemote(CFAllocatorRef allocator, CFStringRef name) INTRODUCED(10.0);
+CFRunLoopSourceRef CFMessagePortCreateRunLoopSource(CFAllocatorRef allocator, CFMessagePortRef local,
+                                                    CFIndex order) INTRODUCED(10.0);
+void CFMessagePortSetInvalidationCallBack(CFMessagePortRef port, CFMessagePortInvalidationCallBack callBack)
+    INTRODUCED(10.0);
+/// Gives up the name; sources of the port become invalid.
+void CFMessagePortInvalidate(CFMessagePortRef port) INTRODUCED(10.0);
+/// Without a reply mode no answer is waited for. The answer belongs to the caller; it is NULL if there is
+/// none.
+SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 message, CFDataRef data,
+                                CFTimeInterval sendTimeout, CFTimeInterval receiveTimeout,
+                                CFStringRef replyMode, CFDataRef* answer) INTRODUCED(10.0);
+
 /// The domain of this program.
 extern const CFStringRef kCFPreferencesCurrentApplication INTRODUCED(10.0);
 /// NULL if the domain has no such key.
