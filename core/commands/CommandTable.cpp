@@ -103,8 +103,7 @@ constexpr std::array commandTable = std::to_array<CommandSpec>({
      .summary = "Print a line for each event, until Tilwin ends",
      .details =
          "Each line is a JSON object with the member \"event\": snap, layout, displays or setting. Windows "
-         "have the number that \"tilwin windows --json\" gives them.",
-     .example = "watch"},
+         "have the number that \"tilwin windows --json\" gives them."},
     {.id = Id::settings,
      .words = "settings",
      .reach = Reach::instance,

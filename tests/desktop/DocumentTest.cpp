@@ -18,7 +18,7 @@ namespace {
 /// What builds and installs is no matter of a desktop; the build machine runs these.
 constexpr std::array elsewhere = std::to_array<std::string_view>({"scripts/", "sudo apt install"});
 /// What goes on until it is ended.
-constexpr std::array endless = std::to_array<std::string_view>({"tilwin watch", "gdbus monitor"});
+constexpr std::array endless = std::to_array<std::string_view>({"gdbus monitor"});
 
 template <typename Prefixes>
 bool beginsWithOneOf(const Prefixes& prefixes, const std::string& line) {

@@ -11,7 +11,7 @@ namespace tilwin::macos {
 namespace {
 
 /// Whoever reads too slowly is not waited for.
-constexpr CFTimeInterval sendTimeout = 0;
+constexpr CFTimeInterval noPatience = 0;
 
 /// For the system, which releases it.
 CFDataRef givenAway(const CFOwned<CFDataRef>& data) {
@@ -45,7 +45,7 @@ void MessagePortCommands::tell(std::string_view line) { send(port_message::line,
 void MessagePortCommands::send(SInt32 message, std::string_view bytes) {
   const auto data = dataOf(bytes);
   std::erase_if(watchers_, [&](const auto& watcher) {
-    return CFMessagePortSendRequest(watcher.get(), message, data.get(), sendTimeout, 0, nullptr, nullptr) !=
+    return CFMessagePortSendRequest(watcher.get(), message, data.get(), noPatience, 0, nullptr, nullptr) !=
            kCFMessagePortSuccess;
   });
 }
@@ -65,8 +65,9 @@ CFDataRef MessagePortCommands::carryOut(std::string_view request) {
 }
 
 CFDataRef MessagePortCommands::addWatcher(std::string_view name) {
-  if (watchers_.size() >= mostWatching) return nullptr;
-  auto port = created(CFMessagePortCreateRemote(kCFAllocatorDefault, cfText(name).get()));
+  const auto text = cfText(name);
+  if (!text || watchers_.size() >= mostWatching) return nullptr;
+  auto port = created(CFMessagePortCreateRemote(kCFAllocatorDefault, text.get()));
   if (!port) return nullptr;
   watchers_.push_back(std::move(port));
   return givenAway(dataOf(""));
