@@ -44,7 +44,7 @@ QString BusNotifications::listen(std::function<void()> onButton) {
   pressed->setSingleShot(true);
   pressed->setInterval(0);
   pressed->callOnTimeout(pressed.get(), std::move(onButton));
-  const QString action = QStringLiteral("tilwin%1.%2").arg(bus_.baseService()).arg(pressed_.size());
+  QString action = QStringLiteral("tilwin%1.%2").arg(bus_.baseService()).arg(pressed_.size());
   bus_.connect(service, objectPath, service, "ActionInvoked", {QString(), action}, QString(), pressed.get(),
                SLOT(start()));
   pressed_.push_back(std::move(pressed));
