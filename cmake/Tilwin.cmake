@@ -32,14 +32,12 @@ endif()
 
 add_library(TilwinBuildRules INTERFACE)
 target_include_directories(TilwinBuildRules INTERFACE ${CMAKE_SOURCE_DIR})
+# Joined, a source looks like a header to GCC, and its locals seem to hide the file-local names of its neighbours. Builds that
+# read each source on its own give these two warnings where they belong.
+set(is_joined "$<AND:$<COMPILE_LANGUAGE:CXX>,$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>")
 target_compile_options(TilwinBuildRules INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
-if(CMAKE_UNITY_BUILD)
-  # Joined, a source looks like a header to GCC, and its locals seem to hide the file-local names of its neighbours.
-  # The builds release and alone, which read each source on its own, give these two warnings where they belong.
-  target_compile_options(TilwinBuildRules INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-shadow>
-    $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-subobject-linkage>)
-endif()
+  -Wall -Wextra -Wpedantic -Wconversion -Werror "$<$<NOT:${is_joined}>:-Wshadow>"
+  "$<$<AND:${is_joined},$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>")
 if(TILWIN_SANITIZE)
   target_compile_options(TilwinBuildRules INTERFACE
     -fsanitize=${TILWIN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -130,7 +128,7 @@ endfunction()
 function(tilwin_lean target)
   if(TILWIN_LEAN_TESTS)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON DISABLE_PRECOMPILE_HEADERS OFF)
-    target_compile_options(${target} PRIVATE -O0 -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    target_compile_options(${target} PRIVATE -O0)
   endif()
 endfunction()
 
