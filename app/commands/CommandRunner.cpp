@@ -202,7 +202,7 @@ CommandReply CommandRunner::set(const CommandRequest& request) {
 
 CommandReply CommandRunner::watch(const CommandRequest& /*request*/) {
   CommandReply reply;
-  reply.isWatching = true;
+  reply.isWatching = instance_.has_value();
   return reply;
 }
 
