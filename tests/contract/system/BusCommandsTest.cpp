@@ -53,11 +53,11 @@ struct BusCommandsTest : testing::Test {
   };
   Ended gdbus(Words arguments) {
     arguments.insert(arguments.begin(), "gdbus");
-    const std::string name = "gdbus" + std::to_string(++calls);
+    const std::string log = "gdbus" + std::to_string(++calls);
     auto tool = ChildProcess::start({.argv = arguments,
                                      .environment = bus.environment(),
-                                     .outputFile = home.log(name),
-                                     .errorFile = home.log(name + "-errors")});
+                                     .outputFile = home.log(log),
+                                     .errorFile = home.log(log + "-errors")});
     EXPECT_TRUE(runMainLoopUntil([&] { return !tool.running(); }, startTimeout));
     return {tool.status(), tool.output(), tool.errorOutput()};
   }

@@ -88,7 +88,7 @@ CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef, CFStringRef name, CFMe
   const std::string text = utf8Of(name, "CFMessagePortCreateLocal");
   if (MessagePorts::shared().isElsewhere(text)) return nullptr;
   PortObject* const there = MessagePorts::shared().local(text);
-  if (shouldFreeInfo != nullptr) *shouldFreeInfo = there != nullptr;
+  if (shouldFreeInfo != nullptr) *shouldFreeInfo = there != nullptr ? 1 : 0;
   if (there != nullptr) {
     CFRetain(referenceToPort(*there));
     return referenceToPort(*there);
@@ -114,18 +114,17 @@ CFRunLoopSourceRef CFMessagePortCreateRunLoopSource(CFAllocatorRef, CFMessagePor
   return reinterpret_cast<CFRunLoopSourceRef>(const_cast<void*>(port->source));
 }
 
-void CFMessagePortSetInvalidationCallBack(CFMessagePortRef reference,
-                                          CFMessagePortInvalidationCallBack callBack) {
-  auto* const port = objects().used<PortObject>(reference, "CFMessagePortSetInvalidationCallBack");
-  if (port != nullptr) port->onInvalid = callBack;
+void CFMessagePortSetInvalidationCallBack(CFMessagePortRef port, CFMessagePortInvalidationCallBack callBack) {
+  auto* const used = objects().used<PortObject>(port, "CFMessagePortSetInvalidationCallBack");
+  if (used != nullptr) used->onInvalid = callBack;
 }
 
-void CFMessagePortInvalidate(CFMessagePortRef reference) {
-  auto* const port = objects().used<PortObject>(reference, "CFMessagePortInvalidate");
-  if (port == nullptr || !port->isValid) return;
-  port->isValid = false;
-  if (port->source != nullptr) RunLoop::shared().remove(std::exchange(port->source, nullptr));
-  if (port->isLocal) MessagePorts::shared().invalidateRemotes(port->name);
+void CFMessagePortInvalidate(CFMessagePortRef port) {
+  auto* const used = objects().used<PortObject>(port, "CFMessagePortInvalidate");
+  if (used == nullptr || !used->isValid) return;
+  used->isValid = false;
+  if (used->source != nullptr) RunLoop::shared().remove(std::exchange(used->source, nullptr));
+  if (used->isLocal) MessagePorts::shared().invalidateRemotes(used->name);
 }
 
 SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 message, CFDataRef data, CFTimeInterval,
