@@ -68,16 +68,23 @@ int connectTo(const std::string& path) {
   return -1;
 }
 
-/// Prints each frame as it comes. Nothing if the answer ends before the exit status.
-std::optional<int> printAnswer(int socket) {
+struct Answer {
+  std::optional<int> status{};  ///< nothing if the answer ended before it
+  bool wasHeard = true;         ///< false if the request was never read, so that nothing was done
+};
+
+/// Prints each frame as it comes.
+Answer printAnswer(int socket) {
   std::string bytes;
   for (std::array<char, 4096> chunk{};;) {
     const auto count = recv(socket, chunk.data(), chunk.size(), 0);
     if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return std::nullopt;
+    // The other end was closed with the request still in it: the instance was about to end.
+    if (count < 0 && errno == ECONNRESET && bytes.empty()) return {.wasHeard = false};
+    if (count <= 0) return {};
     bytes.append(chunk.data(), static_cast<std::size_t>(count));
     while (const auto frame = CommandWire::firstFrame(bytes)) {
-      if (frame->kind == CommandWire::FrameKind::status) return CommandWire::statusOf(*frame);
+      if (frame->kind == CommandWire::FrameKind::status) return {.status = CommandWire::statusOf(*frame)};
       // An instance that is watched says so with an empty frame, and may then be silent for days.
       if (frame->content.empty()) setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &noLimit, sizeof noLimit);
       std::FILE* const stream = frame->kind == CommandWire::FrameKind::output ? stdout : stderr;
@@ -97,10 +104,10 @@ std::optional<int> askInstance(const std::vector<std::string>& arguments) {
   const int socket = connectTo(*path);
   if (socket < 0) return std::nullopt;
   const bool wasSent = sendAll(socket, *request);
-  const auto status = printAnswer(socket);
+  const auto answer = printAnswer(socket);
   close(socket);
-  if (status) return status;
-  if (!wasSent) return std::nullopt;
+  if (answer.status) return answer.status;
+  if (!wasSent || !answer.wasHeard) return std::nullopt;
   std::fputs("tilwin: Tilwin did not answer.\n", stderr);
   return 1;
 }
