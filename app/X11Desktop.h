@@ -27,16 +27,10 @@ inline constexpr auto serverHasGone = "Tilwin: the X server has gone";
 
 /// The part of the composition root that knows X11: the adapters to a desktop, connected to Qt's main loop.
 struct X11Desktop {
-  X11Desktop(SystemLog& systemLog, x11::X11Connection& connection) : x(connection), log(systemLog) {
-    queue.watch(x.fileDescriptor(), [this] { x.dispatch(); });
-    queue.beforeEachSleep([this] { return x.dispatchQueued(); });
-    queue.onDisplayLost([this] { log.write(serverHasGone); });
-    x.onLost([this] { queue.loseDisplay(); });
-    manager.onStart([this] { hotKeys.tellOfChange(); });
-  }
+  X11Desktop(SystemLog& systemLog, x11::X11Connection& connection);
   X11Desktop(const X11Desktop&) = delete;
   X11Desktop& operator=(const X11Desktop&) = delete;
-  ~X11Desktop() { x.onLost(nullptr); }
+  ~X11Desktop();
 
   x11::X11Connection& x;
   SystemLog& log;

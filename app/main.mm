@@ -91,30 +91,35 @@ struct Interface {
   macos::MacUpdateFramework updates{[NSBundle mainBundle]};
 };
 
+Platform platformOf(System& system, Desktop& desktop, UserDefaults& userDefaults, Input& input,
+                    Interface& interface) {
+  return {.mainQueue = input.queue,
+          .log = system.log,
+          .hotKeys = input.hotKeys,
+          .userDefaults = userDefaults,
+          .windows = desktop.windows,
+          .pointer = input.pointer,
+          .overlay = input.overlay,
+          .trust = desktop.trust,
+          .screenChanges = desktop.screenChanges,
+          .bundle = system.bundle,
+          .workspace = desktop.workspace,
+          .statusItem = interface.statusItem,
+          .dialogs = interface.dialogs,
+          .settingsWindow = interface.settingsWindow,
+          .files = interface.files,
+          .login = system.login,
+          .updates = interface.updates,
+          .words = system.words,
+          .desktopReport = system.desktopReport,
+          .systemReport = system.systemReport};
+}
+
 int runProgram(System& system, Desktop& desktop, macos::MacApplication& application) {
   macos::MacUserDefaults userDefaults(system.log);
   Input input;
   Interface interface(system, input.queue);
-  Platform platform{.mainQueue = input.queue,
-                    .log = system.log,
-                    .hotKeys = input.hotKeys,
-                    .userDefaults = userDefaults,
-                    .windows = desktop.windows,
-                    .pointer = input.pointer,
-                    .overlay = input.overlay,
-                    .trust = desktop.trust,
-                    .screenChanges = desktop.screenChanges,
-                    .bundle = system.bundle,
-                    .workspace = desktop.workspace,
-                    .statusItem = interface.statusItem,
-                    .dialogs = interface.dialogs,
-                    .settingsWindow = interface.settingsWindow,
-                    .files = interface.files,
-                    .login = system.login,
-                    .updates = interface.updates,
-                    .words = system.words,
-                    .desktopReport = system.desktopReport,
-                    .systemReport = system.systemReport};
+  Platform platform = platformOf(system, desktop, userDefaults, input, interface);
   AppDelegate delegate(platform);
   macos::MessagePortCommands commands;
   application.onLaunched([&] {

@@ -109,7 +109,7 @@ MAY_INCLUDE = {
 CPP_ROOTS = ("core", "app", "platform", "tests", "fuzz", "bench")
 
 # The one file of each desktop's program that knows which desktop that is.
-COMPOSITION_ROOTS = ("app/X11Desktop.h", "app/main.cpp", "app/main.mm")
+COMPOSITION_ROOTS = ("app/X11Desktop.cpp", "app/X11Desktop.h", "app/main.cpp", "app/main.mm")
 
 
 

@@ -29,6 +29,7 @@ namespace {
 int run(std::vector<std::string> words = {}) {
   words.insert(words.begin(), "Tilwin");
   std::vector<char*> arguments;
+  arguments.reserve(words.size());
   for (std::string& word : words) arguments.push_back(word.data());
   return tilwinMain(static_cast<int>(arguments.size()), arguments.data());
 }
