@@ -17,13 +17,13 @@ SlotTarget decodeTarget(const JsonReader& payload) {
   return JsonCoding<Target>::decode(payload);
 }
 
-struct Kind {
+struct TargetKind {
   std::string_view key;
   SlotTarget (*decode)(const JsonReader& payload);
 };
 
 /// In the order of the alternatives of `SlotTarget`.
-constexpr std::array kinds = std::to_array<Kind>({
+constexpr std::array kinds = std::to_array<TargetKind>({
     {"region", decodeTarget<GridRegion>},
     {"normalized", decodeTarget<NormalizedRect>},
 });
@@ -34,7 +34,7 @@ SlotTarget JsonCoding<SlotTarget>::decode(const JsonReader& reader) {
   const std::vector<std::string> keys = reader.keys();
   if (keys.size() != 1)
     reader.fail(JsonError::Kind::wrongType, "Invalid number of keys found, expected one.");
-  for (const Kind& kind : kinds) {
+  for (const TargetKind& kind : kinds) {
     if (kind.key == keys.front()) return kind.decode(reader.member(kind.key).member(payloadKey));
   }
   reader.fail(JsonError::Kind::badValue, "no kind of target is called \"" + keys.front() + "\"");

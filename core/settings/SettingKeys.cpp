@@ -22,12 +22,12 @@ constexpr std::string_view shortcutPrefix = "shortcut.";
 constexpr std::string_view none = "none";
 constexpr std::string_view builtIn = "default";
 
-struct Row {
+struct SettingRow {
   std::string_view key;
   std::variant<Distance, Switch, List> member;
 };
 
-constexpr std::array rows = std::to_array<Row>({
+constexpr std::array rows = std::to_array<SettingRow>({
     {"gap", &Settings::gap},
     {"outer", &Settings::outer},
     {"cycleWidths", &Settings::cycleWidths},
@@ -53,8 +53,8 @@ constexpr std::array switchWords = std::to_array<SwitchWord>({
     {"no", false},
 });
 
-const Row* rowOf(std::string_view key) {
-  const auto* const row = std::ranges::find(rows, key, &Row::key);
+const SettingRow* rowOf(std::string_view key) {
+  const auto* const row = std::ranges::find(rows, key, &SettingRow::key);
   return row == rows.end() ? nullptr : row;
 }
 
@@ -160,7 +160,7 @@ std::optional<Refusal> assignShortcut(Settings& settings, SnapAction action, std
 std::vector<std::string> SettingKeys::all() {
   std::vector<std::string> keys;
   keys.reserve(rows.size() + SnapActions::all().size());
-  for (const Row& row : rows) keys.emplace_back(row.key);
+  for (const SettingRow& row : rows) keys.emplace_back(row.key);
   for (const SnapAction action : SnapActions::all()) {
     keys.push_back(std::string(shortcutPrefix).append(SnapActions::rawValue(action)));
   }
@@ -168,7 +168,7 @@ std::vector<std::string> SettingKeys::all() {
 }
 
 std::optional<std::string> SettingKeys::text(const TilwinSettings& settings, std::string_view key) {
-  if (const Row* row = rowOf(key)) return std::visit(TextOf{settings}, row->member);
+  if (const SettingRow* row = rowOf(key)) return std::visit(TextOf{settings}, row->member);
   const auto action = actionOf(key);
   if (!action) return std::nullopt;
   const auto spec = settings.shortcut(*action);
@@ -176,7 +176,7 @@ std::optional<std::string> SettingKeys::text(const TilwinSettings& settings, std
 }
 
 std::optional<std::string> SettingKeys::json(const TilwinSettings& settings, std::string_view key) {
-  if (const Row* row = rowOf(key)) return std::visit(JsonOf{settings}, row->member);
+  if (const SettingRow* row = rowOf(key)) return std::visit(JsonOf{settings}, row->member);
   const auto action = actionOf(key);
   if (!action) return std::nullopt;
   const auto spec = settings.shortcut(*action);
@@ -188,7 +188,7 @@ std::variant<TilwinSettings, Refusal> SettingKeys::changed(const TilwinSettings&
                                                            const Wording& wording) {
   TilwinSettings result = settings;
   std::optional<Refusal> refusal = Refusal{"There is no setting \"" + std::string(key) + "\"."};
-  if (const Row* row = rowOf(key)) {
+  if (const SettingRow* row = rowOf(key)) {
     refusal = std::visit(Assign{result, std::string(key), value}, row->member);
   } else if (const auto action = actionOf(key)) {
     refusal = assignShortcut(result, *action, value, wording);

@@ -9,7 +9,7 @@
 namespace tilwin {
 namespace {
 
-struct Row {
+struct ActionRow {
   SnapAction action;
   std::string_view rawValue;
   std::string_view title;
@@ -19,7 +19,7 @@ struct Row {
 constexpr std::optional<GridRegion> noRegion;
 
 // clang-format off
-constexpr std::array table = std::to_array<Row>({
+constexpr std::array table = std::to_array<ActionRow>({
     {SnapAction::leftHalf, "leftHalf", "Left half", GridRegion(2, 1, 0, 0, 1, 1)},
     {SnapAction::rightHalf, "rightHalf", "Right half", GridRegion(2, 1, 1, 0, 1, 1)},
     {SnapAction::topHalf, "topHalf", "Top half", GridRegion(1, 2, 0, 0, 1, 1)},
@@ -61,7 +61,7 @@ constexpr std::array table = std::to_array<Row>({
 
 constexpr auto actions = [] {
   std::array<SnapAction, table.size()> result{};
-  std::transform(table.begin(), table.end(), result.begin(), [](const Row& row) { return row.action; });
+  std::transform(table.begin(), table.end(), result.begin(), [](const ActionRow& row) { return row.action; });
   return result;
 }();
 
@@ -73,7 +73,7 @@ constexpr bool rowsFollowTheEnumeration() {
 }
 static_assert(rowsFollowTheEnumeration(), "rows are found by their index");
 
-const Row& row(SnapAction action) { return table[static_cast<std::size_t>(action)]; }
+const ActionRow& row(SnapAction action) { return table[static_cast<std::size_t>(action)]; }
 
 Rect centred(const Rect& area, double width, double height) {
   return {area.x + 0.5 * area.width - 0.5 * width, area.y + 0.5 * area.height - 0.5 * height, width, height};
@@ -127,7 +127,7 @@ std::string_view SnapActions::rawValue(SnapAction action) { return row(action).r
 
 std::optional<SnapAction> SnapActions::fromRawValue(std::string_view rawValue) {
   const auto found = std::find_if(table.begin(), table.end(),
-                                  [&](const Row& candidate) { return candidate.rawValue == rawValue; });
+                                  [&](const ActionRow& candidate) { return candidate.rawValue == rawValue; });
   if (found == table.end()) return std::nullopt;
   return found->action;
 }

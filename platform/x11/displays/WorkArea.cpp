@@ -15,22 +15,22 @@ constexpr std::size_t numbersPerWorkspace = 4;
 constexpr double slack = 2;
 
 /// The coordinates of the left, top, right and bottom side.
-using Sides = std::array<double, 4>;
+using Box = std::array<double, 4>;
 /// Which way is out of the rectangle at each of them.
-constexpr Sides outward{-1, -1, 1, 1};
+constexpr Box outward{-1, -1, 1, 1};
 
 constexpr std::size_t opposite(std::size_t side) { return (side + 2) % 4; }
 
-Sides sidesOf(const Rect& rect) { return {rect.x, rect.y, rect.maxX(), rect.maxY()}; }
+Box boxOf(const Rect& rect) { return {rect.x, rect.y, rect.maxX(), rect.maxY()}; }
 
-bool isEmpty(const Sides& sides) { return sides[2] <= sides[0] || sides[3] <= sides[1]; }
+bool isEmpty(const Box& sides) { return sides[2] <= sides[0] || sides[3] <= sides[1]; }
 
 double inner(std::size_t side, double first, double second) {
   return outward[side] < 0 ? std::max(first, second) : std::min(first, second);
 }
 
-Sides intersection(const Sides& first, const Sides& second) {
-  Sides result{};
+Box intersection(const Box& first, const Box& second) {
+  Box result{};
   for (std::size_t side = 0; side < result.size(); ++side)
     result[side] = inner(side, first[side], second[side]);
   return result;
@@ -40,16 +40,16 @@ bool isNear(double first, double second) {
   return std::max(first, second) - std::min(first, second) <= slack;
 }
 
-double length(std::size_t side, const Sides& rect) {
+double length(std::size_t side, const Box& rect) {
   const std::size_t from = side % 2 == 0 ? 1 : 0;
   return rect[from + 2] - rect[from];
 }
 
 /// The coordinate at which a display's free part begins at this side, if the window shown there is a bar that
 /// the work area tells of; otherwise nothing.
-std::optional<double> endOfBar(const Sides& shown, std::size_t side, const Sides& display,
-                               const Sides& workArea, const Sides& desktop) {
-  const Sides bar = intersection(shown, display);
+std::optional<double> endOfBar(const Box& shown, std::size_t side, const Box& display, const Box& workArea,
+                               const Box& desktop) {
+  const Box bar = intersection(shown, display);
   const double depthTold = (desktop[side] - workArea[side]) * outward[side];
   if (depthTold <= 0 || isEmpty(bar) || !isNear(bar[side], display[side])) return std::nullopt;
   if (2 * length(side, bar) < length(side, display)) return std::nullopt;
@@ -59,18 +59,18 @@ std::optional<double> endOfBar(const Sides& shown, std::size_t side, const Sides
   return isNear(end, endTold) ? std::optional(endTold) : std::nullopt;
 }
 
-void setVisible(DisplayInfo& display, const Sides& visible) {
+void setVisible(DisplayInfo& display, const Box& visible) {
   if (isEmpty(visible)) return;
   display.visibleFrame = {visible[0], visible[1], visible[2] - visible[0], visible[3] - visible[1]};
 }
 
-void leaveBarsFree(DisplayInfo& display, const Sides& workArea, const Sides& desktop,
+void leaveBarsFree(DisplayInfo& display, const Box& workArea, const Box& desktop,
                    std::span<const Rect> shown) {
-  const Sides whole = sidesOf(display.frame);
-  Sides visible = sidesOf(display.visibleFrame);
+  const Box whole = boxOf(display.frame);
+  Box visible = boxOf(display.visibleFrame);
   for (const auto& area : shown) {
     for (std::size_t side = 0; side < visible.size(); ++side) {
-      const auto end = endOfBar(sidesOf(area), side, whole, workArea, desktop);
+      const auto end = endOfBar(boxOf(area), side, whole, workArea, desktop);
       if (end) visible[side] = inner(side, visible[side], *end);
     }
   }
@@ -94,14 +94,14 @@ void WorkAreaRule::apply(const Rect& workArea, const Rect& desktop, std::span<co
                          std::vector<DisplayInfo>& displays) {
   note(workArea, desktop);
   if (notedFor_ != desktop) return;
-  const Sides free = sidesOf(workArea);
+  const Box free = boxOf(workArea);
   if (displays.size() != 1) {
-    for (auto& display : displays) leaveBarsFree(display, free, sidesOf(desktop), shown);
+    for (auto& display : displays) leaveBarsFree(display, free, boxOf(desktop), shown);
     return;
   }
   auto& display = displays.front();
   noteStruts(workArea, display);
-  Sides visible = sidesOf(display.visibleFrame);
+  Box visible = boxOf(display.visibleFrame);
   for (std::size_t side = 0; side < visible.size(); ++side) {
     if (!toldByStruts_[side]) visible[side] = inner(side, visible[side], free[side]);
   }
@@ -115,9 +115,9 @@ void WorkAreaRule::note(const Rect& workArea, const Rect& desktop) {
 }
 
 void WorkAreaRule::noteStruts(const Rect& workArea, const DisplayInfo& display) {
-  const Sides free = sidesOf(workArea);
-  const Sides visible = sidesOf(display.visibleFrame);
-  const Sides whole = sidesOf(display.frame);
+  const Box free = boxOf(workArea);
+  const Box visible = boxOf(display.visibleFrame);
+  const Box whole = boxOf(display.frame);
   for (std::size_t side = 0; side < free.size(); ++side) {
     if (visible[side] != whole[side] && visible[side] == free[side]) toldByStruts_[side] = true;
   }

@@ -21,7 +21,7 @@ std::string valueOf(const std::string& lines, const std::string& key) {
 double numberOf(const std::string& lines, const std::string& key) { return std::stod(valueOf(lines, key)); }
 
 /// Logs are appended to, and each reading looks at its own.
-std::string nextLogName() {
+std::string nextReading() {
   static int readings = 0;
   return "reader-" + std::to_string(++readings);
 }
@@ -58,7 +58,7 @@ std::string ScreenReader::read(Milliseconds timeout, const std::string& role, co
   std::vector<std::string> command{"/usr/bin/python3", "-B",    "-W", "ignore", script,
                                    "Tilwin",           seconds, role, name};
   command.insert(command.end(), states.begin(), states.end());
-  auto reader = session_.start(nextLogName(), command);
+  auto reader = session_.start(nextReading(), command);
   const auto status = reader.waitFor(timeout + startTimeout);
   if (status == ExitStatus{.code = 0, .signal = std::nullopt}) return reader.output();
   if (status == ExitStatus{.code = 1, .signal = std::nullopt} && reader.output().empty()) return {};
