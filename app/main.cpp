@@ -12,6 +12,7 @@
 #include <span>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "TilwinBuild.h"
@@ -150,8 +151,9 @@ int runOnDesktop(System& system, X11Desktop& desktop, qt::QtInstance& instance) 
 /// What the running instance says to a command that found no socket.
 std::optional<CommandReply> askOverBus(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
+  const auto printLine = [](std::string_view line) { std::cout << line << std::endl; };
   return qt::BusCaller::ask(qEnvironmentVariable("DISPLAY").toStdString(),
-                            std::vector<std::string>(argv + 1, argv + argc));
+                            std::vector<std::string>(argv + 1, argv + argc), printLine);
 }
 
 int runApplication(int argc, char** argv, System& system) {

@@ -40,6 +40,33 @@ protected:
     return testing::AssertionFailure()
            << ended.output << ended.problem << "status " << testing::PrintToString(ended.status.code);
   }
+  /// "tilwin watch", called in this environment, prints a shortcut's snap and ends when the program quits.
+  void watchAShortcut(const Environment& environment) {
+    const TestWindow window = session().window();
+    focusAtStart(window.id());
+    auto watcher =
+        ChildProcess::start({.argv = {arguments().tilwin.string(), "watch"},
+                             .environment = environment,
+                             .outputFile = session().home().log("watch-" + std::to_string(++calls_))});
+    const auto prints = [&](const std::string& text) {
+      return desktop().waitUntil([&] { return watcher.output().find(text) != std::string::npos; },
+                                 answerTimeout);
+    };
+    // The first line tells that it watches.
+    const auto doesWatch = [&] {
+      call({"set", "gap", "3"});
+      call({"set", "gap", "0"});
+      return !watcher.output().empty();
+    };
+    ASSERT_TRUE(desktop().waitUntil(doesWatch, answerTimeout));
+    EXPECT_TRUE(prints(R"({"event":"setting","key":"gap","value":0})"));
+    press("Control+Alt+Right");
+    ASSERT_TRUE(stands(window.id(), rightHalf));
+    EXPECT_TRUE(prints(R"("action":"rightHalf"})")) << watcher.output();
+    EXPECT_TRUE(isDone({"quit"}));
+    EXPECT_EQ(watcher.waitFor(answerTimeout), done);
+    restartTilwin();
+  }
 
 private:
   static inline int calls_ = 0;

@@ -19,11 +19,12 @@ protected:
 /// No runtime folder, so that there is no socket to be found.
 class CommandsOverTheBus : public Commands {
 protected:
-  static Call overBus(const std::vector<std::string>& words) {
+  static Environment withoutRuntimeFolder() {
     auto environment = session().environment();
     environment.unset("XDG_RUNTIME_DIR");
-    return call(words, environment);
+    return environment;
   }
+  static Call overBus(const std::vector<std::string>& words) { return call(words, withoutRuntimeFolder()); }
 };
 
 }  // namespace
@@ -35,10 +36,9 @@ TEST_F(CommandsOverTheBus, ReachTheInstanceWhereThereIsNoRuntimeFolder) {
   EXPECT_TRUE(stands(window.id(), leftHalf));
   EXPECT_EQ(overBus({"snap", "restore"}).status, done) << "it knows where the window was";
   EXPECT_TRUE(stands(window.id(), startFrame));
-  const auto watching = overBus({"watch"});
-  EXPECT_EQ(watching.status, (ExitStatus{.code = 1, .signal = std::nullopt}));
-  EXPECT_NE(watching.problem.find("Happened"), std::string::npos) << watching.problem;
 }
+
+TEST_F(CommandsOverTheBus, ShowTheSnapsOfShortcuts) { watchAShortcut(withoutRuntimeFolder()); }
 
 TEST_F(CommandsOverTheBus, DoTheWorkThemselvesOnceItHasGone) {
   const TestWindow window = session().window();

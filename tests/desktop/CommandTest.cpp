@@ -73,31 +73,7 @@ TEST_F(Commands, ChangeSettingsAtOnce) {
   EXPECT_EQ(call({"get", "outer"}).output, "0\n");
 }
 
-TEST_F(Commands, WatchingShowsTheSnapsOfShortcuts) {
-  const TestWindow window = session().window();
-  focusAtStart(window.id());
-  auto watcher = ChildProcess::start({.argv = {arguments().tilwin.string(), "watch"},
-                                      .environment = session().environment(),
-                                      .outputFile = session().home().log("watch")});
-  const auto prints = [&](const std::string& text) {
-    return desktop().waitUntil([&] { return watcher.output().find(text) != std::string::npos; },
-                               answerTimeout);
-  };
-  // The first line tells that it watches.
-  const auto doesWatch = [&] {
-    call({"set", "gap", "3"});
-    call({"set", "gap", "0"});
-    return !watcher.output().empty();
-  };
-  ASSERT_TRUE(desktop().waitUntil(doesWatch, answerTimeout));
-  EXPECT_TRUE(prints(R"({"event":"setting","key":"gap","value":0})"));
-  press("Control+Alt+Right");
-  ASSERT_TRUE(stands(window.id(), rightHalf));
-  EXPECT_TRUE(prints(R"("action":"rightHalf"})")) << watcher.output();
-  EXPECT_TRUE(isDone({"quit"}));
-  EXPECT_EQ(watcher.waitFor(answerTimeout), done);
-  restartTilwin();
-}
+TEST_F(Commands, WatchingShowsTheSnapsOfShortcuts) { watchAShortcut(session().environment()); }
 
 TEST_F(Commands, SayWhatIsWrong) {
   const auto misuse = call({"snpa", "leftHalf"});

@@ -2,6 +2,8 @@
 
 #include <QImage>
 #include <QWidget>
+#include <algorithm>
+#include <cstdint>
 
 #include "tests/contract/qt/StatusIcon.h"
 #include "tests/desktop/harness/Screenshot.h"
@@ -16,6 +18,18 @@ constexpr Rect menuArea{0, 34, 80, 300};
 
 QImage look() { return desktop::screenshot(qtDesktop().desktop().connection(), menuArea); }
 
+/// Whether a menu is in view; the icon's tool tip opens in the same place.
+bool isMenuOpen() {
+  auto& desktop = qtDesktop().desktop();
+  return std::ranges::any_of(desktop.inView(), [&](const desktop::WindowId window) {
+    const auto types = desktop.connection().numbers(window, "_NET_WM_WINDOW_TYPE");
+    return std::ranges::any_of(types, [&](const std::uint32_t type) {
+      const auto name = desktop.connection().atomName(type);
+      return name == "_NET_WM_WINDOW_TYPE_POPUP_MENU" || name == "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU";
+    });
+  });
+}
+
 /// A panel that has just started opens no menu until it has read it once, so a person clicks again.
 constexpr desktop::Milliseconds firstRead{2000};
 
@@ -26,7 +40,7 @@ QImage restingLook() {
   runMainLoopUntil(
       [&] {
         before = seen;
-        runMainLoop(desktop::Milliseconds{150});
+        runMainLoop(desktop::Milliseconds{300});
         seen = look();
         return seen == before;
       },
@@ -40,17 +54,20 @@ protected:
   void SetUp() override { ASSERT_TRUE(StatusIcon::comes()); }
 
   /// Opens the menu and returns how it looks.
-  QImage open(int button = 1) {
+  static QImage open(int button = 1) {
     const auto opens = [&] {
       StatusIcon::click(button);
-      return runMainLoopUntil([&] { return look() != closed; }, firstRead);
+      return runMainLoopUntil(isMenuOpen, firstRead);
     };
     EXPECT_TRUE(runMainLoopUntil(opens, desktop::startTimeout));
     return restingLook();
   }
-  void close() {
+  static void close() {
     qtDesktop().input().press("Escape");
-    EXPECT_TRUE(runMainLoopUntil([&] { return look() == closed; }, desktop::answerTimeout));
+    EXPECT_TRUE(isClosed());
+  }
+  static bool isClosed() {
+    return runMainLoopUntil([] { return !isMenuOpen(); }, desktop::answerTimeout);
   }
   static void press(const std::vector<const char*>& keys) {
     for (const auto* key : keys) {
@@ -61,7 +78,6 @@ protected:
 
   desktop::ChildProcess panel = startPlain(Panel::xfce);
   StatusIcon icon;
-  QImage closed = look();
 };
 
 TEST_F(XfceStatusItem, BothMouseButtonsOpenItsMenu) {
@@ -71,7 +87,7 @@ TEST_F(XfceStatusItem, BothMouseButtonsOpenItsMenu) {
     EXPECT_TRUE(icon.isChosen(1));
     EXPECT_EQ(icon.chosen, Chosen{"second"});
     icon.chosen.clear();
-    ASSERT_TRUE(runMainLoopUntil([&] { return look() == closed; }, desktop::answerTimeout));
+    ASSERT_TRUE(isClosed());
   }
 }
 
@@ -100,7 +116,8 @@ TEST_F(XfceStatusItem, ItsMenuShowsTitlesAndCheckMarksOfTheMoment) {
   EXPECT_TRUE(open() != checked);
   close();
   icon.menu.items[1] = MenuItem::command("Second", {"second", ""});
-  EXPECT_TRUE(open() == plain);
+  open();
+  EXPECT_TRUE(runMainLoopUntil([&] { return look() == plain; }, desktop::answerTimeout));
   close();
 }
 

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QString>
 #include <memory>
 #include <optional>
 #include <span>
@@ -10,6 +14,7 @@
 
 #include "platform/qt/system/QtInstance.h"
 #include "tests/contract/MainLoop.h"
+#include "tests/contract/system/BusGarbage.h"
 #include "tests/core/EnvironmentVariable.h"
 #include "tests/desktop/harness/ChildProcess.h"
 #include "tests/desktop/harness/PrivateHome.h"
@@ -161,6 +166,20 @@ TEST_F(BusCommandsTest, WatchingIsNoCallButASignal) {
   const auto result = command("Run", {"['watch']"});
   EXPECT_TRUE(result.output.starts_with("(1, '', 'tilwin: On the session bus, the signal Happened"))
       << result.output;
+}
+
+TEST_F(BusCommandsTest, GarbageIsAnsweredLikeAnyCall) {
+  auto caller = QDBusConnection::connectToBus(QString::fromStdString(address), "caller");
+  for (unsigned seed = 0; seed < 500; ++seed) {
+    const QDBusMessage garbage = BusGarbage(QString::fromStdString(name), seed).call();
+    const QDBusPendingCall answer = caller.asyncCall(garbage);
+    EXPECT_TRUE(runMainLoopUntil([&] { return answer.isFinished(); }, startTimeout)) << "seed " << seed;
+    EXPECT_TRUE(caller.isConnected()) << "seed " << seed;
+  }
+  QDBusConnection::disconnectFromBus("caller");
+  heard.clear();
+  EXPECT_EQ(command("Snap", {"leftHalf"}).status, ended);
+  EXPECT_EQ(heard, (std::vector<Words>{{"snap", "leftHalf"}}));
 }
 
 }  // namespace
