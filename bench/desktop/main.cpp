@@ -29,6 +29,8 @@ using namespace tilwin::bench;
 
 constexpr int rounds = 4;
 constexpr desktop::Milliseconds restTime{10000};
+/// Until what moves have left to be done is done: late looks at the window, and the file of layouts.
+constexpr desktop::Milliseconds windDownTime{6000};
 constexpr desktop::Milliseconds dragTime{10000};
 constexpr int previews = 50;
 constexpr int throws = 20;
@@ -89,11 +91,13 @@ void compareHalves(desktop::Session& session, desktop::TestWindow& window, int m
   }
 }
 
-/// The same move by programs that are started for it.
+/// The same move by programs that are started for it. Below what the request alone takes there is nothing to
+/// be gained.
 void compareCommands(desktop::Session& session, desktop::TestWindow& window, const Arguments& arguments) {
   if (session.manager().traits().manager == desktop::Manager::kwin) return;  // wmctrl moves nothing there
   const auto request = moversFor(session, window).front();
-  const auto movers = commandMoversFor(session, window, arguments.tilwin, request);
+  auto movers = commandMoversFor(session, window, arguments.tilwin, request);
+  movers.push_back(request);
   const auto latencies = measureAll(movers, session, window, arguments.presses);
   std::printf("  From starting a process (× wmctrl; goal for the median: %.2f):\n", commandGoal);
   for (std::size_t index = 0; index < movers.size(); ++index) {
@@ -102,6 +106,7 @@ void compareCommands(desktop::Session& session, desktop::TestWindow& window, con
 }
 
 void printCosts(desktop::Session& session, pid_t tilwin, desktop::Clock::duration startTime) {
+  session.desktop().waitUntil([] { return false; }, windDownTime);
   const auto before = desktop::useOf(tilwin);
   session.desktop().waitUntil([] { return false; }, restTime);
   const auto after = desktop::useOf(tilwin);
