@@ -41,7 +41,7 @@ protected:
            << ended.output << ended.problem << "status " << testing::PrintToString(ended.status.code);
   }
   /// "tilwin watch", called in this environment, prints a shortcut's snap and ends when the program quits.
-  void watchAShortcut(const Environment& environment) {
+  static void watchAShortcut(const Environment& environment) {
     const TestWindow window = session().window();
     focusAtStart(window.id());
     auto watcher =

@@ -119,7 +119,9 @@ protected:
       const auto image = picture(colours + "-" + section);
       EXPECT_GT(desktop::colourCount(image), 60) << section;
       const QColor corner = image.pixelColor(image.width() - 4, 4);
-      EXPECT_EQ(corner.lightness() < 128, isDark) << section;
+      EXPECT_EQ(corner.lightness() < 128, isDark)
+          << section << " is " << corner.name().toStdString() << " there, the palette's windows are "
+          << QApplication::palette().color(QPalette::Window).name().toStdString();
     }
   }
 

@@ -1,6 +1,8 @@
 #include "tests/desktop/harness/RealApplication.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <exception>
 
 #include "tests/desktop/harness/HarnessError.h"
 
@@ -44,7 +46,11 @@ RealApplication::RealApplication(Application application, const PrivateHome& hom
 
 RealApplication::~RealApplication() {
   process_.end();
-  desktop_.waitUntil([this] { return !isListed(); });
+  try {
+    desktop_.waitUntil([this] { return !isListed(); });
+  } catch (const std::exception& reason) {
+    std::fprintf(stderr, "%s: %s\n", traits_.name, reason.what());
+  }
 }
 
 bool RealApplication::isListed() {
