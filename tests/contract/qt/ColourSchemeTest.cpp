@@ -56,6 +56,18 @@ private:
   desktop::ChildProcess process_;
 };
 
+/// What a test makes of the application's palette ends with it.
+class KeptPalette {
+public:
+  KeptPalette() = default;
+  KeptPalette(const KeptPalette&) = delete;
+  KeptPalette& operator=(const KeptPalette&) = delete;
+  ~KeptPalette() { QApplication::setPalette(palette_); }
+
+private:
+  QPalette palette_ = QApplication::palette();
+};
+
 class ColourSchemeTest : public testing::Test {
 protected:
   void TearDown() override { std::filesystem::remove_all(qtDesktop().home().config() / "gtk-3.0"); }
@@ -69,6 +81,7 @@ protected:
   }
 
   static constexpr const char* darkTheme = "[Settings]\ngtk-theme-name=Adwaita-dark\n";
+  KeptPalette kept_;
   ColourScheme colours_;
 };
 
@@ -148,17 +161,16 @@ TEST_F(ColourSchemeTest, ASlowPortalIsNotWaitedForAndStillCounts) {
 }
 
 TEST_F(ColourSchemeTest, APaletteThatIsDarkAlreadyIsLeftAlone) {
-  const QPalette before = QApplication::palette();
   QPalette own(QColor(0x10, 0x20, 0x10));
   own.setColor(QPalette::WindowText, Qt::white);
   QApplication::setPalette(own);
   apply();
   EXPECT_EQ(windowColour(), "#102010");
-  QApplication::setPalette(before);
 }
 
 TEST_F(ColourSchemeTest, TheApplicationGetsItsOwnColoursBack) {
   const auto before = windowColour();
+  ASSERT_FALSE(isDarkNow());
   writeGtk(darkTheme);
   {
     ColourScheme other;
